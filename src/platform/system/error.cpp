@@ -1,0 +1,26 @@
+#include "platform/system/error.h"
+
+RuntimeError::RuntimeError(int number, const QString& description)
+    : std::runtime_error(description.toStdString()), number_(number), description_(description)
+{
+}
+
+namespace Errors {
+
+void overflow() { throw RuntimeError(6, QStringLiteral("Estouro")); }
+
+void subscriptOutOfRange() { throw RuntimeError(9, QStringLiteral("Subscrito fora do intervalo")); }
+
+void typeMismatch(const QString& text)
+{
+    throw RuntimeError(13, QStringLiteral("Tipos incompatíveis: \"%1\"").arg(text));
+}
+
+void objectNotSet() { throw RuntimeError(91, QStringLiteral("Variável de objeto não definida")); }
+
+void fileAccess(const QString& path, const QString& reason)
+{
+    throw RuntimeError(75, QStringLiteral("Erro de acesso ao arquivo %1: %2").arg(path, reason));
+}
+
+} // namespace Errors

@@ -1,0 +1,33 @@
+#pragma once
+
+#include <QString>
+#include <stdexcept>
+
+/// A failure that no handler of a screen is expected to catch. It reaches the application object, which
+/// shows number and description and ends the program.
+///
+/// Numbers follow the field's usual run-time numbers, so that a support line can look them up:
+/// 6 overflow, 9 subscript out of range, 13 type mismatch, 53 file not found, 70 permission denied, 75 path
+/// or file access error, 91 object not set.
+class RuntimeError : public std::runtime_error
+{
+public:
+    RuntimeError(int number, const QString& description);
+
+    int number() const { return number_; }
+    const QString& description() const { return description_; }
+    /// What the message box shows below the description: empty here, the statement in a database error.
+    virtual QString detail() const { return {}; }
+
+private:
+    int number_;
+    QString description_;
+};
+
+namespace Errors {
+[[noreturn]] void overflow();
+[[noreturn]] void subscriptOutOfRange();
+[[noreturn]] void typeMismatch(const QString& text);
+[[noreturn]] void objectNotSet();
+[[noreturn]] void fileAccess(const QString& path, const QString& reason);
+} // namespace Errors
