@@ -55,6 +55,13 @@ void DataGrid::showCurrentRow()
         clearSelection();
 }
 
+void DataGrid::rowsAboutToBeRemoved(const QModelIndex& parent, int first, int last)
+{
+    // The view leaves a row that goes for one of its choice; the recordset tells in a moment which one it is.
+    const QScopedValueRollback guard(showing_, true);
+    QTableView::rowsAboutToBeRemoved(parent, first, last);
+}
+
 void DataGrid::currentChanged(const QModelIndex& current, const QModelIndex& previous)
 {
     QTableView::currentChanged(current, previous);

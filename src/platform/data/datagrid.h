@@ -28,6 +28,7 @@ Q_SIGNALS:
     void rowActivated();
 
 protected:
+    void rowsAboutToBeRemoved(const QModelIndex& parent, int first, int last) override;
     void currentChanged(const QModelIndex& current, const QModelIndex& previous) override;
     void mouseDoubleClickEvent(QMouseEvent* event) override;
     void resizeEvent(QResizeEvent* event) override;
@@ -40,5 +41,5 @@ private:
 
     RecordsetModel* model_;
     std::vector<GridColumn> columns_;
-    bool showing_ = false; ///< the recordset has moved and the grid follows
+    bool showing_ = false; ///< what the recordset did, which is no reason to move it
 };
