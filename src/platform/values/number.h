@@ -6,9 +6,10 @@
 /// Numbers as a Brazilian workstation writes and reads them.
 ///
 /// Read are: an optional sign in front, an optional "R$" before or after the sign, digits with a decimal
-/// comma, well-formed groups of three with points, and blanks around it all. A single point that cannot be
-/// the mark of a group ("12.5", "0.125", "1.2345") is a decimal point: so a value read back from the
-/// database is read as well. "1.234" is one thousand two hundred and thirty-four.
+/// comma (on one side of it there may be none), well-formed groups of three with points, and blanks around
+/// each of these. A single point that cannot be the mark of a group ("12.5", "0.125", "1.2345") is a decimal
+/// point: so a value read back from the database is read as well. "1.234" is one thousand two hundred and
+/// thirty-four. No exponent is read, and nothing beyond the range of a double.
 std::optional<double> readNumber(QStringView text);
 
 bool isNumeric(QStringView text);
@@ -17,17 +18,19 @@ bool isNumeric(QStringView text);
 double toNumber(QStringView text);
 
 /// The nearest whole number, a half going to the even neighbour: 0.5 -> 0, 1.5 -> 2, 2.5 -> 2, -1.5 -> -2.
-/// Throws RuntimeError 6 outside the type's range.
+/// Throws RuntimeError 6 outside the type's range and for a number that is not finite.
 qint16 toInt16(double value);
 qint32 toInt32(double value);
 qint64 toInt64(double value);
 
-/// The whole part, towards zero: the code in a box that holds "12,5" is 12. Throws RuntimeError 13 or 6.
+/// The whole part, towards zero: the code in a box that holds "12,5" is 12. Read as readNumber does, exact on
+/// all 64 bits. Throws RuntimeError 13 for a text that is no number, 6 outside the range.
 qint64 integerPart(QStringView text);
 
-/// The number that the text starts with, a point being the decimal mark and blanks skipped: "8.5 x 11" -> 8.5, "12,5" -> 12,
-/// "abc" -> 0. Never fails.
+/// The number that the text starts with, a point being the decimal mark and blanks skipped wherever they
+/// stand: "8.5 x 11" -> 8.5, "12,5" -> 12, "- 3" -> -3, "abc" -> 0. Never fails.
 double leadingNumber(QStringView text);
 
-/// The number with a point as decimal mark, for a place that wants no mask: 1234.5 -> "1234.5".
+/// The number on 15 significant digits with a point as decimal mark and no exponent, for a place that wants
+/// no mask: 1234.5 -> "1234.5", 0.1 + 0.2 -> "0.3". Throws RuntimeError 6 for a number that is not finite.
 QString plainNumber(double value);

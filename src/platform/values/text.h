@@ -2,7 +2,7 @@
 
 #include <QString>
 
-/// The text on exactly `width` characters: cut, or filled with blanks on the right.
+/// The text on exactly `width` characters: cut, or filled with blanks on the right. A width is not negative.
 QString fixedWidth(QStringView text, qsizetype width);
 
 /// The text at the right end of exactly `width` characters; a longer one loses its end.

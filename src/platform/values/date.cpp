@@ -1,0 +1,140 @@
+#include "platform/values/date.h"
+
+#include "platform/system/error.h"
+#include "platform/values/format.h"
+
+#include <QList>
+#include <algorithm>
+#include <array>
+
+namespace {
+
+/// The day that a time without a date belongs to.
+QDate zeroDay()
+{
+    return QDate(1899, 12, 30);
+}
+
+/// The number written with `least` to `most` digits and nothing else.
+std::optional<int> digits(QStringView text, qsizetype least, qsizetype most)
+{
+    if (text.size() < least || text.size() > most)
+        return std::nullopt;
+    int value = 0;
+    for (const QChar character : text) {
+        if (character < u'0' || character > u'9')
+            return std::nullopt;
+        value = value * 10 + (character.unicode() - u'0');
+    }
+    return value;
+}
+
+std::optional<int> readYear(QStringView text)
+{
+    if (const std::optional<int> year = digits(text, 2, 2))
+        return *year < 30 ? 2000 + *year : 1900 + *year;
+    const std::optional<int> year = digits(text, 4, 4);
+    return year && *year >= 100 ? year : std::nullopt;
+}
+
+std::optional<QDate> readDay(QStringView text)
+{
+    const bool slashes = text.contains(u'/');
+    QList<QStringView> parts = text.split(slashes ? u'/' : u'-');
+    if (parts.size() != 3)
+        return std::nullopt;
+    if (parts.first().size() == 4)
+        std::reverse(parts.begin(), parts.end());
+    else if (!slashes)
+        return std::nullopt;
+
+    const std::optional<int> day = digits(parts[0], 1, 2);
+    const std::optional<int> month = digits(parts[1], 1, 2);
+    const std::optional<int> year = readYear(parts[2]);
+    if (!day || !month || !year || !QDate::isValid(*year, *month, *day))
+        return std::nullopt;
+    return QDate(*year, *month, *day);
+}
+
+std::optional<QTime> readTime(QStringView text)
+{
+    const QList<QStringView> parts = text.split(u':');
+    if (parts.size() != 2 && parts.size() != 3)
+        return std::nullopt;
+    const std::optional<int> hour = digits(parts[0], 1, 2);
+    const std::optional<int> minute = digits(parts[1], 2, 2);
+    const std::optional<int> second = parts.size() == 3 ? digits(parts[2], 2, 2) : 0;
+    if (!hour || !minute || !second || !QTime::isValid(*hour, *minute, *second))
+        return std::nullopt;
+    return QTime(*hour, *minute, *second);
+}
+
+} // namespace
+
+std::optional<QDateTime> readDate(QStringView text)
+{
+    text = text.trimmed();
+    if (const std::optional<QTime> time = readTime(text))
+        return QDateTime(zeroDay(), *time);
+
+    qsizetype gap = text.indexOf(u' ');
+    if (gap < 0)
+        gap = text.indexOf(u'T');
+    const std::optional<QDate> day = readDay(gap < 0 ? text : text.left(gap));
+    const std::optional<QTime> time = gap < 0 ? QTime(0, 0) : readTime(text.mid(gap + 1));
+    if (!day || !time)
+        return std::nullopt;
+    return QDateTime(*day, *time);
+}
+
+bool isDate(QStringView text)
+{
+    return readDate(text).has_value();
+}
+
+QDateTime toDate(QStringView text)
+{
+    const std::optional<QDateTime> moment = readDate(text);
+    if (!moment)
+        Errors::typeMismatch(text.toString());
+    return *moment;
+}
+
+int weekday(QDate date)
+{
+    if (!date.isValid())
+        Errors::typeMismatch({});
+    return date.dayOfWeek() % 7 + 1;
+}
+
+QString weekdayName(int weekday)
+{
+    static const std::array<QString, 7> Names{QStringLiteral("domingo"),      QStringLiteral("segunda-feira"),
+                                              QStringLiteral("terça-feira"),  QStringLiteral("quarta-feira"),
+                                              QStringLiteral("quinta-feira"), QStringLiteral("sexta-feira"),
+                                              QStringLiteral("sábado")};
+    if (weekday < 1 || weekday > 7)
+        Errors::subscriptOutOfRange();
+    return Names[static_cast<size_t>(weekday - 1)];
+}
+
+QString monthName(int month)
+{
+    static const std::array<QString, 12> Names{
+        QStringLiteral("janeiro"), QStringLiteral("fevereiro"), QStringLiteral("março"),
+        QStringLiteral("abril"),   QStringLiteral("maio"),      QStringLiteral("junho"),
+        QStringLiteral("julho"),   QStringLiteral("agosto"),    QStringLiteral("setembro"),
+        QStringLiteral("outubro"), QStringLiteral("novembro"),  QStringLiteral("dezembro")};
+    if (month < 1 || month > 12)
+        Errors::subscriptOutOfRange();
+    return Names[static_cast<size_t>(month - 1)];
+}
+
+QString generalDate(const QDateTime& moment)
+{
+    if (moment.date() == zeroDay())
+        return Format(moment, u"hh:nn:ss");
+    if (moment.time() < QTime(0, 0, 1))
+        return Format(moment, u"dd/mm/yyyy");
+    return Format(moment, u"dd/mm/yyyy hh:nn:ss");
+}

@@ -1,0 +1,24 @@
+#pragma once
+
+#include <QByteArray>
+
+/// A number as its decimal digits, so that rounding follows the figures a person sees and not the binary
+/// fraction.
+struct Decimal
+{
+    bool negative = false;
+    /// ASCII digits in front of the decimal mark, without leading zeros: empty below one.
+    QByteArray whole;
+    /// ASCII digits behind the decimal mark, without trailing zeros.
+    QByteArray fraction;
+
+    /// The value on 15 significant digits, which a double always holds. Throws RuntimeError 6 if it is not
+    /// finite.
+    static Decimal of(double value);
+
+    /// Half away from zero to so many digits behind the mark. What becomes zero loses its sign.
+    void round(qsizetype places);
+
+    /// Brings the digits to the form above.
+    void normalise();
+};

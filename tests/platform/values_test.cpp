@@ -1,0 +1,301 @@
+#include "platform/system/error.h"
+#include "platform/values/codepage.h"
+#include "platform/values/date.h"
+#include "platform/values/format.h"
+#include "platform/values/number.h"
+#include "platform/values/text.h"
+
+#include <gtest/gtest.h>
+
+#include <limits>
+
+namespace {
+
+/// Brazil's summer time, set before anything asks for the zone.
+const bool Zone = qputenv("TZ", "America/Sao_Paulo");
+
+const double Infinity = std::numeric_limits<double>::infinity();
+const double NotANumber = std::numeric_limits<double>::quiet_NaN();
+
+/// The number of the RuntimeError that the call throws, 0 if it throws none.
+template <typename Call>
+int errorOf(Call call)
+{
+    try {
+        call();
+    } catch (const RuntimeError& error) {
+        return error.number();
+    }
+    return 0;
+}
+
+QDateTime moment(int year, int month, int day, int hour = 0, int minute = 0, int second = 0)
+{
+    return QDateTime(QDate(year, month, day), QTime(hour, minute, second));
+}
+
+/// A table written as one text: "|" between rows, "=" between the fields of a row.
+QList<QStringList> table(const char16_t* text)
+{
+    QList<QStringList> rows;
+    for (const QString& row : QString::fromUtf16(text).split(u'|'))
+        rows += row.split(u'=');
+    return rows;
+}
+
+} // namespace
+
+TEST(Format, writesNumbersByMask)
+{
+    const char16_t* rows =
+        // money
+        u"1234.5=##########0.00=1234,50|0=############0.00=0,00|-0.5=#########0.00=-0,50|"
+        u"-1234567.891=##############0.00=-1234567,89|1e20=#############0.00=100000000000000000000,00|"
+        // quantities and unit prices
+        u"12.5=#########0.00##=12,50|1.23456=#########0.00##=1,2346|1.2304=###########0.00##=1,2304|"
+        u"1.23004=############0.00##=1,23|7.125=################0.00##=7,125|"
+        u"0.00004=#######0.00##=0,00|1e-300=########0.00##=0,00|"
+        // rounding: on the decimal digits, half away from zero, with the carry through to a new digit
+        u"1.005=0.00=1,01|-1.005=0.00=-1,01|2.675=0.00=2,68|0.125=0.00=0,13|2.5=0=3|1.0049=0.00=1,00|"
+        u"999.995=0.00=1000,00|0.99996=0.00##=1,00|0.30000000000000004=0.00##############=0,30|"
+        u"-0.004=0.00=0,00|0.4999=0.000=0,500|"
+        // codes, times, coordinates
+        u"7=000=007|12345=000=12345|-7=0000=-0007|6=00=06|0=00=00|12=###0.=12,|0.5=###0.00=0,50|"
+        u"0=###=|0=#.##=,|0.25=.00=,25|12.25=.00=12,25|1.1=0.0#0=1,100|"
+        // groups
+        u"1234567.8=#,##0.00=1.234.567,80|999=#,##0=999|1000=#,##0=1.000|12=0,000=0.012|5=0,=5,|5=,0=,5|"
+        // documents: the first zero keeps the leading zeros of the number
+        u"12345678000195=0#\\.###\\.###\\/####\\-##=12.345.678/0001-95|"
+        u"191=0#\\.###\\.###\\/####\\-##=00.000.000/0001-91|"
+        u"12345678909=0##\\.###\\.###\\-##=123.456.789-09|1234567890=0##\\.###\\.###\\-##=012.345.678-90|"
+        u"5=\\0-0\\=0-5\\";
+    for (const QStringList& row : table(rows))
+        EXPECT_EQ(Format(row[0].toDouble(), row[1]), row[2]) << row.join(u' ').toStdString();
+}
+
+TEST(Format, writesDatesByMask)
+{
+    const char16_t* rows =
+        u"yyyy/mm/dd=2024/03/09|dd/mm/yyyy=09/03/2024|dd/mm/yy=09/03/24|dd/mm/yyyy hh:nn=09/03/2024 14:05|"
+        u"dd/mm/yyyy hh:mm=09/03/2024 14:05|hh:nn=14:05|yymmddhhmmss=240309140507|ddmmyyhhmmss=090324140507|"
+        u"ddmmyyyyhhmmss=09032024140507|yymmddhhnn=2403091405|ddmmyy=090324|ddmmyyyy=09032024|"
+        u"yyyymmdd=20240309|YYYYMMDDHHNNSS=20240309140507|YYYYMMDDHHmmSS=20240309140507|hh dd/mm=14 09/03|"
+        u"mm:ss=05:07|d/m/yy h:n:s=9/3/24 14:5:7|\\dd \\de y=d9 de y";
+    for (const QStringList& row : table(rows))
+        EXPECT_EQ(Format(moment(2024, 3, 9, 14, 5, 7), row[0]), row[1]) << row[0].toStdString();
+    EXPECT_EQ(Format(QDate(2007, 2, 28), u"dd/mm/yy hh:nn"), u"28/02/07 00:00");
+    EXPECT_EQ(Format(QDate(987, 1, 2), u"yyyymmdd"), u"09870102");
+    EXPECT_EQ(Format(QDateTime(), u"dd/mm/yyyy"), u"");
+}
+
+TEST(Format, readsATextAsTheMaskAsks)
+{
+    const char16_t* rows = u"R$ 1.234,5=##########0.00=1234,50|10.5000=#########0.00##=10,50|"
+                           u"12345678000195=0#\\.###\\.###\\/####\\-##=12.345.678/0001-95|"
+                           u"2024-03-09 14:05:07=dd/mm/yyyy hh:nn=09/03/2024 14:05|8:05=hh:nn=08:05|"
+                           // neither
+                           u"=0.00=| abc=0.00= abc|09/03/2024=0.00=09/03/2024|"
+                           u"31/02/2024=yyyy/mm/dd=31/02/2024|12,5=dd/mm/yyyy=12,5";
+    for (const QStringList& row : table(rows))
+        EXPECT_EQ(Format(row[0], row[1]), row[2]) << row[0].toStdString();
+}
+
+TEST(Format, writesCurrency)
+{
+    EXPECT_EQ(Currency(1234.56), u"R$ 1.234,56");
+    EXPECT_EQ(Currency(-1234567.895), u"-R$ 1.234.567,90");
+    EXPECT_EQ(Currency(-0.001), u"R$ 0,00");
+}
+
+TEST(Number, readsWhatAWorkstationWrites)
+{
+    const char16_t* rows =
+        u"0=0|007=7| 12,5 =12.5|,5=0.5|5,=5|-3=-3|+3=3|- 3=-3|0,1=0.1|"
+        u"1.234=1234|1.234.567,89=1234567.89|123.456,7=123456.7|-1.234,5678=-1234.5678|"
+        u"R$ 1.234,56=1234.56|R$\u00A01,5=1.5|R$1,5=1.5|-R$ 2,00=-2|R$ -2,00=-2|"
+        u"12.5=12.5|0.125=0.125|-0.125=-0.125|1.2345=1.2345|1234.567=1234.567|150.00=150|.5=0.5";
+    for (const QStringList& row : table(rows))
+        EXPECT_EQ(readNumber(row[0]), row[1].toDouble()) << row[0].toStdString();
+}
+
+TEST(Number, refusesWhatIsNone)
+{
+    const char16_t* rows =
+        u"|   |-|+ |,|.|R$|R$ -|--1|-+1|R$R$1|-R$-1|1-|1,2,3|1.23.456|1.234.56|1234.567,8|1.2,3|0.123.456|"
+        u".123.456|1,234.5|1..234|0.125,5|1 234|12a|abc|1e5|inf|nan|0x10|\u0661\u0662|123.456.789-09";
+    for (const QStringList& row : table(rows)) {
+        EXPECT_FALSE(isNumeric(row[0])) << row[0].toStdString();
+        EXPECT_EQ(errorOf([&] { toNumber(row[0]); }), 13) << row[0].toStdString();
+        EXPECT_EQ(errorOf([&] { integerPart(row[0]); }), 13) << row[0].toStdString();
+    }
+    EXPECT_FALSE(isNumeric(QString(400, u'9')));
+}
+
+TEST(Number, becomesWhole)
+{
+    const std::pair<double, int> rows[] = {{0.5, 0},         {1.5, 2},          {2.5, 2},  {-0.5, 0},
+                                           {-1.5, -2},       {-2.5, -2},        {2.51, 3}, {-2.51, -3},
+                                           {32766.5, 32766}, {-32768.5, -32768}};
+    for (const auto& [value, whole] : rows) {
+        EXPECT_EQ(toInt16(value), whole) << value;
+        EXPECT_EQ(toInt32(value), whole) << value;
+        EXPECT_EQ(toInt64(value), whole) << value;
+    }
+    EXPECT_EQ(toInt32(2147483647.4), 2147483647);
+    EXPECT_EQ(toInt64(-9223372036854775808.0), std::numeric_limits<qint64>::min());
+
+    for (const QStringList& row :
+         table(u"12,5=12|-12,9=-12|0,9999999999999999999=0|-0,5=0|,7=0|007=7|1.234=1234|12.5=12|"
+               u"9007199254740993=9007199254740993|-9223372036854775808,9=-9223372036854775808"))
+        EXPECT_EQ(integerPart(row[0]), row[1].toLongLong()) << row[0].toStdString();
+}
+
+TEST(Number, overflowsOutsideTheRange)
+{
+    EXPECT_EQ(errorOf([] { toInt16(32767.5); }), 6);
+    EXPECT_EQ(errorOf([] { toInt16(-32769); }), 6);
+    EXPECT_EQ(errorOf([] { toInt32(2147483647.5); }), 6);
+    EXPECT_EQ(errorOf([] { toInt64(9223372036854775808.0); }), 6);
+    EXPECT_EQ(errorOf([] { integerPart(u"9223372036854775808"); }), 6);
+    for (const double value : {Infinity, -Infinity, NotANumber}) {
+        EXPECT_EQ(errorOf([&] { toInt64(value); }), 6);
+        EXPECT_EQ(errorOf([&] { Format(value, u"0.00"); }), 6);
+        EXPECT_EQ(errorOf([&] { Currency(value); }), 6);
+        EXPECT_EQ(errorOf([&] { plainNumber(value); }), 6);
+    }
+}
+
+TEST(Number, readsTheLeadingNumberOfAnyText)
+{
+    for (const QStringList& row :
+         table(u"8.5\" x 11\"=8.5|8.5 x 11=8.5|12,5=12|18pt=18| 1 2.5=12.5|-3x=-3|- 3=-3|+4=4|.5=0.5|"
+               u"1.2.3=1.2|5-3=5|--3=0|-.=0|=0|abc=0|inf=0|nan=0|2e3=2"))
+        EXPECT_EQ(leadingNumber(row[0]), row[1].toDouble()) << row[0].toStdString();
+    EXPECT_EQ(leadingNumber(QString(400, u'9')), 0);
+}
+
+TEST(Number, writesPlainNumbers)
+{
+    for (const QStringList& row :
+         table(u"1234.5=1234.5|0.30000000000000004=0.3|-0.25=-0.25|-0.0=0|100=100|1e-7=0.0000001|"
+               u"1e21=1000000000000000000000|123456789012345=123456789012345"))
+        EXPECT_EQ(plainNumber(row[0].toDouble()), row[1]);
+}
+
+TEST(Date, readsWhatAWorkstationWrites)
+{
+    const char16_t* rows =
+        u"09/03/2024=2024-03-09T00:00:00| 9/3/2024 =2024-03-09T00:00:00|9/3/24=2024-03-09T00:00:00|"
+        u"01/01/00=2000-01-01T00:00:00|31/12/29=2029-12-31T00:00:00|1/1/30=1930-01-01T00:00:00|"
+        u"31/12/99=1999-12-31T00:00:00|2024/03/09=2024-03-09T00:00:00|2024-3-9=2024-03-09T00:00:00|"
+        u"29/02/2024=2024-02-29T00:00:00|29/2/2000=2000-02-29T00:00:00|"
+        u"09/03/2024 8:05=2024-03-09T08:05:00|2024-03-09 14:05:07=2024-03-09T14:05:07|"
+        u"2024-03-09T23:59:59=2024-03-09T23:59:59|0:00=1899-12-30T00:00:00|14:05:07=1899-12-30T14:05:07";
+    for (const QStringList& row : table(rows)) {
+        ASSERT_TRUE(isDate(row[0])) << row[0].toStdString();
+        EXPECT_EQ(toDate(row[0]), QDateTime::fromString(row[1], Qt::ISODate)) << row[0].toStdString();
+    }
+}
+
+TEST(Date, refusesWhatIsNone)
+{
+    const char16_t* rows =
+        u"| |hoje|//|  /  /    |29/02/2023|29/02/1900|31/04/2024|32/01/2024|0/1/2024|12/13/2024|01/01/0000|"
+        u"01/01/0024|1/1/202|1/1/20244|1/1/2|1/2024|09-03-2024|2024/03-09|20240309|1.1.2024|-1/1/2024|24:00|"
+        u"12:60|12:00:60|12|12:5|12:|:30|1:02:03:04|1/1/2024 25:00|1/1/2024 x|1/1/2024T|12:30 1/1/2024|"
+        u"1/1/2024/1|\u0661/1/2024";
+    for (const QStringList& row : table(rows)) {
+        EXPECT_FALSE(isDate(row[0])) << row[0].toStdString();
+        EXPECT_EQ(errorOf([&] { toDate(row[0]); }), 13) << row[0].toStdString();
+    }
+}
+
+TEST(Date, keepsTheDayWhoseMidnightSummerTimeSkipped)
+{
+    ASSERT_TRUE(Zone && !moment(2018, 11, 4).isValid()) << "the zone has no summer time";
+    const QDateTime first = toDate(u"04/11/2018");
+    EXPECT_EQ(first.date(), QDate(2018, 11, 4));
+    EXPECT_EQ(first.time(), QTime(0, 0));
+    EXPECT_LT(first, toDate(u"04/11/2018 02:00"));
+    EXPECT_EQ(Format(first, u"yyyy/mm/dd hh:nn"), u"2018/11/04 00:00");
+    EXPECT_EQ(Format(u"04/11/2018"_qs, u"yyyy/mm/dd"), u"2018/11/04");
+    EXPECT_EQ(generalDate(first), u"04/11/2018");
+    EXPECT_EQ(generalDate(toDate(u"8:05")), u"08:05:00");
+}
+
+TEST(Date, writesTheDefaultForm)
+{
+    EXPECT_EQ(generalDate(moment(2024, 3, 9, 14, 5, 7)), u"09/03/2024 14:05:07");
+    EXPECT_EQ(generalDate(moment(2024, 3, 9, 0, 0, 1)), u"09/03/2024 00:00:01");
+    EXPECT_EQ(generalDate(moment(2024, 3, 9)), u"09/03/2024");
+    EXPECT_EQ(generalDate(moment(1899, 12, 30)), u"00:00:00");
+    EXPECT_EQ(generalDate(QDateTime()), u"");
+}
+
+TEST(Date, namesDaysAndMonths)
+{
+    EXPECT_EQ(weekdayName(weekday(QDate(2024, 3, 3))), u"domingo");
+    EXPECT_EQ(weekdayName(weekday(QDate(2024, 3, 5))), u"terça-feira");
+    EXPECT_EQ(weekdayName(weekday(QDate(2024, 3, 9))), u"sábado");
+    EXPECT_EQ(weekday(QDate(2024, 3, 9)), 7);
+    EXPECT_EQ(monthName(1), u"janeiro");
+    EXPECT_EQ(monthName(3), u"março");
+    EXPECT_EQ(monthName(12), u"dezembro");
+    for (const int outside : {0, 8})
+        EXPECT_EQ(errorOf([&] { weekdayName(outside); }), 9);
+    for (const int outside : {0, 13})
+        EXPECT_EQ(errorOf([&] { monthName(outside); }), 9);
+    EXPECT_EQ(errorOf([] { weekday(QDate()); }), 13);
+}
+
+TEST(CodePage, givesEveryByteACharacterOfItsOwn)
+{
+    QByteArray all;
+    for (int byte = 0; byte < 256; ++byte)
+        all += static_cast<char>(byte);
+    const QString text = CodePage::decode(all);
+    ASSERT_EQ(text.size(), 256);
+    EXPECT_EQ(CodePage::encode(text), all);
+    EXPECT_TRUE(CodePage::covers(text));
+}
+
+TEST(CodePage, encodesTextAndMarksWhatItLacks)
+{
+    struct Row
+    {
+        const char16_t* text;
+        const char* bytes;
+        bool covered;
+    };
+    const Row rows[] = {{u"João Conceição Müller", "Jo\xE3o Concei\xE7\xE3o M\xFCller", true},
+                        {u"ÂNGELA D'ÁVILA ÑANDÚ", "\xC2NGELA D'\xC1VILA \321AND\332", true},
+                        {u"1ª via nº 2 – € 5", "1\xAA via n\xBA 2 \x96 \x80 5", true},
+                        {u"€‚ƒ„…†‡ˆ‰Š‹ŒŽ", "\x80\x82\x83\x84\x85\x86\x87\x88\x89\x8A\x8B\x8C\x8E", true},
+                        {u"‘’“”•–—˜™š›œžŸ", "\x91\x92\x93\x94\x95\x96\x97\x98\x99\x9A\x9B\x9C\x9E\x9F", true},
+                        {u"\u0081\u009D", "\x81\x9D", true},
+                        {u"\u0080x", "?x", false},
+                        {u"Łódź → 5",
+                         "?\xF3"
+                         "d? ? 5",
+                         false},
+                        {u"a😀b", "a?b", false},
+                        {u"a\u0303", "a?", false},
+                        {u"", "", true}};
+    for (const Row& row : rows) {
+        const QString text = QString::fromUtf16(row.text);
+        EXPECT_EQ(CodePage::encode(text), QByteArray(row.bytes)) << text.toStdString();
+        EXPECT_EQ(CodePage::covers(text), row.covered) << text.toStdString();
+    }
+    const char16_t lone[] = {0xD83D, u'b', 0};
+    EXPECT_EQ(CodePage::encode(lone), "?b");
+}
+
+TEST(Text, standsOnAFixedWidth)
+{
+    EXPECT_EQ(fixedWidth(u"São", 5), u"São  ");
+    EXPECT_EQ(fixedWidth(u"Conceição", 8), u"Conceiçã");
+    EXPECT_EQ(fixedWidth(u"", 2), u"  ");
+    EXPECT_EQ(fixedWidth(u"abc", 0), u"");
+    EXPECT_EQ(alignRight(u"1,50", 6), u"  1,50");
+    EXPECT_EQ(alignRight(u"1234,50", 4), u"1234");
+}
