@@ -5,8 +5,8 @@
 #include <QCoreApplication>
 #include <cstdio>
 
-/// Writes the enciphered configuration file of an installation. The values come from the environment, so that no
-/// password stands in a process list:
+/// Writes the enciphered configuration file of an installation. The values come from the environment, so that
+/// no password stands in a process list:
 ///   TREMOSILVA_SERVER, TREMOSILVA_DATABASE, TREMOSILVA_USER, TREMOSILVA_PASSWORD, TREMOSILVA_TENANT
 /// and the program's folder is the one argument.
 int main(int argc, char** argv)

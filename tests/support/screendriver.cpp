@@ -10,7 +10,6 @@
 #include <QLabel>
 #include <QLineEdit>
 #include <QPlainTextEdit>
-#include <QPointer>
 #include <QTableView>
 #include <QTest>
 
@@ -81,7 +80,7 @@ void ScreenDriver::typeOn(const QString& text)
         if (!target)
             return;
         // Any non-zero key code will do for a letter; the text is what a box takes.
-        const int key = c.unicode() < 128 ? c.toUpper().unicode() : Qt::Key_unknown;
+        const int key = c.unicode() < 128 ? int(c.toUpper().unicode()) : int(Qt::Key_unknown);
         QKeyEvent down(QEvent::KeyPress, key, Qt::NoModifier, QString(c));
         QApplication::sendEvent(target, &down);
         QKeyEvent up(QEvent::KeyRelease, key, Qt::NoModifier, QString(c));
