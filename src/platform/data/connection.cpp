@@ -1,0 +1,114 @@
+#include "platform/data/connection.h"
+
+#include "platform/data/error.h"
+
+#include <QElapsedTimer>
+
+namespace ADODB {
+
+namespace {
+
+std::function<void(const StatementEvent&)> statementObserver;
+
+} // namespace
+
+Connection::~Connection()
+{
+    Close();
+}
+
+void Connection::Open()
+{
+    if (session_)
+        throw Error(Error::ObjectOpen, QStringLiteral("A conexão já está aberta."));
+    session_ = std::make_shared<Odbc::Session>(connectionString_);
+    try {
+        // SET NAMES by its parts: the connector refuses the statement of that name.
+        run(QStringLiteral("set character_set_client = utf8mb4, character_set_results = utf8mb4, "
+                           "character_set_connection = utf8mb4"));
+    } catch (...) {
+        Close();
+        throw;
+    }
+}
+
+void Connection::Close()
+{
+    if (!session_)
+        return;
+    session_->disconnect();
+    session_.reset();
+    primaryKeys_.clear();
+}
+
+qint64 Connection::Execute(const QString& sql)
+{
+    return run(sql)->affectedRows();
+}
+
+void Connection::BeginTrans()
+{
+    if (session()->inTransaction())
+        throw Error(Error::NotAllowedHere, QStringLiteral("Já existe uma transação aberta nesta conexão."));
+    session_->begin();
+}
+
+void Connection::CommitTrans()
+{
+    if (!session()->inTransaction())
+        throw Error(Error::NotAllowedHere, QStringLiteral("Não há transação aberta nesta conexão."));
+    session_->commit();
+}
+
+void Connection::setObserver(std::function<void(const StatementEvent&)> observer)
+{
+    statementObserver = std::move(observer);
+}
+
+std::unique_ptr<Odbc::Statement> Connection::run(const QString& sql, const std::vector<WireValue>& parameters)
+{
+    QElapsedTimer timer;
+    timer.start();
+    const auto report = [&](bool ok) {
+        if (statementObserver)
+            statementObserver({sql, double(timer.nsecsElapsed()) / 1e9, ok});
+    };
+    try {
+        auto statement = std::make_unique<Odbc::Statement>(session(), sql.toUtf8(), parameters);
+        report(true);
+        return statement;
+    } catch (const Error&) {
+        report(false);
+        throw;
+    }
+}
+
+const std::shared_ptr<Odbc::Session>& Connection::session() const
+{
+    if (!session_)
+        throw Error(Error::ObjectClosed, QStringLiteral("Operação não permitida: a conexão está fechada."));
+    return session_;
+}
+
+const std::vector<QByteArray>& Connection::primaryKey(const QByteArray& catalog, const QByteArray& table)
+{
+    const auto [entry, isNew] = primaryKeys_.try_emplace({catalog, table});
+    if (isNew)
+        entry->second = Odbc::Statement::primaryKey(session(), catalog, table);
+    return entry->second;
+}
+
+void Command::setCommandType(int type)
+{
+    if (type != 1)
+        throw Error(Error::InvalidArgument, QStringLiteral("Tipo de comando inválido: %1").arg(type));
+}
+
+qint64 Command::Execute() const
+{
+    if (!connection_)
+        throw Error(Error::ObjectClosed, QStringLiteral("O comando não tem conexão."));
+    return connection_->Execute(text_);
+}
+
+} // namespace ADODB

@@ -1,0 +1,150 @@
+#include "platform/data/criteria.h"
+
+#include "platform/data/error.h"
+#include "platform/values/date.h"
+
+#include <QRegularExpression>
+#include <algorithm>
+#include <compare>
+
+namespace ADODB {
+
+namespace {
+
+[[noreturn]] void invalid(const QString& text)
+{
+    throw Error(Error::InvalidArgument, QStringLiteral("Critério inválido: %1").arg(text));
+}
+
+std::optional<double> wireNumber(const QString& text)
+{
+    bool ok = false;
+    const double number = text.trimmed().toDouble(&ok);
+    return ok ? std::optional(number) : std::nullopt;
+}
+
+/// `text` against a pattern in which "%" stands for any characters.
+bool isLike(const QString& text, const QString& pattern)
+{
+    const QStringList pieces = pattern.split(u'%');
+    if (pieces.size() == 1)
+        return text == pattern;
+    if (!text.startsWith(pieces.first()))
+        return false;
+    qsizetype at = pieces.first().size();
+    for (qsizetype i = 1; i + 1 < pieces.size(); ++i) {
+        at = text.indexOf(pieces[i], at);
+        if (at < 0)
+            return false;
+        at += pieces[i].size();
+    }
+    return text.size() - at >= pieces.last().size() && text.endsWith(pieces.last());
+}
+
+std::partial_ordering order(int comparison)
+{
+    return comparison <=> 0;
+}
+
+} // namespace
+
+qsizetype columnPlace(const std::vector<Column>& columns, QStringView name)
+{
+    const auto found = std::find_if(columns.begin(), columns.end(), [&](const Column& column) {
+        return name.compare(QString::fromUtf8(column.name), Qt::CaseInsensitive) == 0;
+    });
+    return found == columns.end() ? -1 : found - columns.begin();
+}
+
+Criteria::Criteria(const QString& text, const std::vector<Column>& columns)
+{
+    // One condition and what stands behind it. A doubled quote is a quote within the value.
+    static const QRegularExpression form(QStringLiteral("^\\s*(\\w+)\\s*(<>|<=|>=|=|<|>|\\blike\\b)\\s*('(?:["
+                                                        "^']|'')*'|[^\\s']+)\\s*(?:$|\\band\\b(?=.))"),
+                                         QRegularExpression::CaseInsensitiveOption |
+                                             QRegularExpression::UseUnicodePropertiesOption |
+                                             QRegularExpression::DotMatchesEverythingOption);
+    QString rest = text;
+    do {
+        const QRegularExpressionMatch match = form.match(rest);
+        if (!match.hasMatch())
+            invalid(text);
+        conditions_.push_back(
+            condition(match.captured(1), match.captured(2).toLower(), match.captured(3), columns));
+        rest = rest.mid(match.capturedLength());
+    } while (!rest.isEmpty());
+}
+
+Criteria::Condition Criteria::condition(const QString& name, const QString& op, const QString& value,
+                                        const std::vector<Column>& columns)
+{
+    static const std::map<QString, Operator> operators{
+        {QStringLiteral("="), Operator::Equal},   {QStringLiteral("<>"), Operator::NotEqual},
+        {QStringLiteral("<"), Operator::Less},    {QStringLiteral("<="), Operator::LessOrEqual},
+        {QStringLiteral(">"), Operator::Greater}, {QStringLiteral(">="), Operator::GreaterOrEqual},
+        {QStringLiteral("like"), Operator::Like},
+    };
+    const qsizetype place = columnPlace(columns, name);
+    if (place < 0)
+        throw Error(Error::UnknownField, QStringLiteral("O campo \"%1\" não existe no resultado.").arg(name));
+    Condition result{columns[std::size_t(place)], place, operators.at(op), {}, {}, {}};
+    const ColumnKind kind = result.column.kind;
+    if (!value.startsWith(u'\'')) {
+        result.number = wireNumber(value);
+        if (!result.number)
+            invalid(value);
+        return result;
+    }
+    const QString text = value.mid(1, value.size() - 2).replace(QStringLiteral("''"), QStringLiteral("'"));
+    result.text = text.toCaseFolded();
+    if (kind == ColumnKind::Date || kind == ColumnKind::DateTime || kind == ColumnKind::Time)
+        result.date = readDate(text).value_or(QDateTime());
+    else if (kind != ColumnKind::Text && result.op != Operator::Like)
+        result.number = wireNumber(text);
+    return result;
+}
+
+bool Criteria::matches(const Row& row) const
+{
+    return std::all_of(conditions_.begin(), conditions_.end(), [&](const Condition& condition) {
+        return condition.matches(row.cell(condition.place));
+    });
+}
+
+bool Criteria::Condition::matches(QByteArrayView cell) const
+{
+    if (cell.isNull())
+        return false;
+    if (number) {
+        const std::optional<double> mine = wireNumber(QString::fromUtf8(cell));
+        return mine ? holds(*mine <=> *number) : op == Operator::NotEqual;
+    }
+    if (date.isValid()) {
+        const QDateTime mine = Cell::date(column, cell);
+        return holds(order(mine < date ? -1 : mine == date ? 0 : 1));
+    }
+    const QString mine = Cell::text(column, cell).toCaseFolded();
+    return op == Operator::Like ? isLike(mine, text) : holds(order(mine.compare(text)));
+}
+
+bool Criteria::Condition::holds(std::partial_ordering result) const
+{
+    switch (op) {
+    case Operator::Equal:
+    case Operator::Like:
+        return result == 0;
+    case Operator::NotEqual:
+        return result != 0;
+    case Operator::Less:
+        return result < 0;
+    case Operator::LessOrEqual:
+        return result <= 0;
+    case Operator::Greater:
+        return result > 0;
+    case Operator::GreaterOrEqual:
+        return result >= 0;
+    }
+    Q_UNREACHABLE();
+}
+
+} // namespace ADODB

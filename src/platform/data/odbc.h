@@ -1,0 +1,116 @@
+#pragma once
+
+#include "platform/data/column.h"
+
+#include <QString>
+#include <memory>
+#include <set>
+#include <vector>
+
+/// The C programming interface of ODBC (ISO/IEC 9075-3, "CLI") under RAII. A call that fails throws
+/// ADODB::Error with the first diagnostic record, its text without the brackets that driver and manager put
+/// in front.
+///
+/// How the MariaDB connector behaves (3.1): every statement is prepared on the server and fetched in the
+/// binary form; the whole result is stored in the connector before the first row comes, so several results
+/// can be open on one connection and memory for a result is the connector's own, whatever the cursor asked
+/// for.
+namespace Odbc {
+
+using ADODB::Column;
+using ADODB::WireValue;
+
+class Statement;
+
+/// One connection to the server.
+class Session
+{
+public:
+    /// Connects. The string is handed to the driver manager as UTF-8, to the letter.
+    explicit Session(const QString& connectionString);
+    ~Session();
+    Session(const Session&) = delete;
+    Session& operator=(const Session&) = delete;
+
+    /// Ends all statements, then an open transaction (the server undoes it), then the connection. Never
+    /// throws: a lost connection ends as well as any other.
+    void disconnect();
+    bool connected() const { return connected_; }
+
+    /// From begin() to commit() nothing that the statements change is seen by others.
+    void begin();
+    void commit();
+    bool inTransaction() const { return inTransaction_; }
+
+private:
+    friend class Statement;
+
+    void* environment_ = nullptr;
+    void* connection_ = nullptr;
+    bool connected_ = false;
+    bool inTransaction_ = false;
+    std::set<Statement*> statements_;
+};
+
+/// One statement run on the server, with its result.
+class Statement
+{
+public:
+    /// Runs the statement; `parameters` stand for its question marks.
+    Statement(std::shared_ptr<Session> session, const QByteArray& sql,
+              const std::vector<WireValue>& parameters = {});
+    ~Statement();
+    Statement(const Statement&) = delete;
+    Statement& operator=(const Statement&) = delete;
+
+    /// Rows changed, or found by the condition of an update; -1 for a result.
+    qint64 affectedRows() const { return affectedRows_; }
+    /// Empty for a statement without a result.
+    const std::vector<Column>& columns() const { return columns_; }
+
+    /// Fetches the next block and returns its number of rows, 0 at the end and from then on.
+    qsizetype fetchBlock();
+    /// A cell of the fetched block; isNull() where it is NULL. Valid until the next block.
+    QByteArrayView cell(qsizetype row, qsizetype column) const;
+
+    /// The names of the columns of a table's primary key, in the key's order; none where there is no key.
+    static std::vector<QByteArray> primaryKey(std::shared_ptr<Session> session, const QByteArray& catalog,
+                                              const QByteArray& table);
+
+private:
+    friend class Session;
+
+    explicit Statement(std::shared_ptr<Session> session);
+
+    /// Where a column's cells stand in the block, which has one fixed-size slot per row.
+    struct Slot
+    {
+        qsizetype offset; ///< of the bytes; the cell's length stands `lengthOffset` into the slot
+        qsizetype lengthOffset;
+        qsizetype capacity;
+    };
+
+    void free();
+    void describe();
+    Column describe(int number);
+    void bindBlock();
+    void fetchLongCells();
+    qint64 length(qsizetype row, qsizetype column) const;
+
+    std::shared_ptr<Session> session_;
+    void* handle_ = nullptr;
+    QByteArray sql_;
+    qint64 affectedRows_ = -1;
+    std::vector<Column> columns_;
+
+    std::vector<Slot> slots_;
+    qsizetype rowBytes_ = 0;
+    qsizetype blockRows_ = 0;
+    std::vector<char> block_;
+    std::size_t rowsFetched_ = 0;
+    bool atEnd_ = false;
+    /// Cells longer than their slot, by row * columns + column.
+    std::vector<std::pair<qsizetype, QByteArray>> longCells_;
+};
+
+} // namespace Odbc

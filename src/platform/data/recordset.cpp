@@ -1,0 +1,357 @@
+#include "platform/data/recordset.h"
+
+#include "platform/data/criteria.h"
+#include "platform/data/error.h"
+
+#include <algorithm>
+
+namespace ADODB {
+
+namespace {
+
+std::vector<WireValue> valuesOf(const Row& row, const std::vector<qsizetype>& columns)
+{
+    std::vector<WireValue> values;
+    for (const qsizetype column : columns)
+        values.push_back(row.value(column));
+    return values;
+}
+
+} // namespace
+
+Recordset::Recordset() = default;
+
+Recordset::~Recordset()
+{
+    tell([](RecordsetListener& listener) { listener.recordsetGone(); });
+}
+
+void Recordset::Open(const QString& sql, Connection& connection, int cursor, int lock)
+{
+    if (State() != 0)
+        throw Error(Error::ObjectOpen, QStringLiteral("O resultado já está aberto."));
+    Close();
+    sql_ = sql;
+    connection_ = &connection;
+    lock_ = lock;
+    forwardOnly_ = cursor == ForwardOnly && lock == ReadOnly && cursorLocation_ == ServerSide;
+    run();
+    if (session_)
+        tell([](RecordsetListener& listener) { listener.rowsReset(); });
+}
+
+void Recordset::Open(const Command& command, int cursor, int lock)
+{
+    if (!command.activeConnection())
+        throw Error(Error::ObjectClosed, QStringLiteral("O comando não tem conexão."));
+    Open(command.commandText(), *command.activeConnection(), cursor, lock);
+}
+
+void Recordset::Close()
+{
+    if (!session_)
+        return;
+    CancelUpdate();
+    statement_.reset();
+    session_.reset();
+    rows_.reset();
+    filter_.reset();
+    table_.reset();
+    columns_.clear();
+    names_.clear();
+    visible_.clear();
+    deleted_.clear();
+    position_ = blockRow_ = blockRows_ = 0;
+    tell([](RecordsetListener& listener) { listener.rowsReset(); });
+}
+
+int Recordset::State() const
+{
+    return session_ && session_->connected() ? 1 : 0;
+}
+
+/// Runs the statement and takes its result, if it gives one, with the first row as the current one.
+void Recordset::run()
+{
+    auto statement = connection_->run(sql_);
+    if (statement->columns().empty())
+        return;
+    session_ = connection_->session();
+    columns_ = statement->columns();
+    names_.clear();
+    for (const Column& column : columns_) {
+        const bool isSecond =
+            columnPlace(columns_, QString::fromUtf8(column.name)) != qsizetype(names_.size());
+        names_.push_back(isSecond ? QByteArray() : column.name);
+    }
+    if (forwardOnly_) {
+        statement_ = std::move(statement);
+        blockRow_ = 0;
+        blockRows_ = statement_->fetchBlock();
+        hasRows_ = blockRows_ > 0;
+        return;
+    }
+    rows_ = std::make_unique<MemoryRows>();
+    std::vector<QByteArrayView> cells(columns_.size());
+    while (const qsizetype count = statement->fetchBlock()) {
+        for (qsizetype row = 0; row < count; ++row) {
+            for (std::size_t column = 0; column < cells.size(); ++column)
+                cells[column] = statement->cell(row, qsizetype(column));
+            rows_->append(Row(cells));
+        }
+    }
+    deleted_.assign(std::size_t(rows_->count()), false);
+    showMatchingRows();
+}
+
+void Recordset::showMatchingRows()
+{
+    visible_.clear();
+    for (qsizetype place = 0; place < rows_->count(); ++place)
+        if (!deleted_[std::size_t(place)] && (!filter_ || filter_->matches(rows_->row(place))))
+            visible_.push_back(place);
+    position_ = 0;
+}
+
+void Recordset::Requery()
+{
+    requireOpen();
+    requireNoEdit();
+    if (forwardOnly_) {
+        statement_.reset();
+        run();
+        return;
+    }
+    std::vector<qsizetype> keyColumns;
+    if (const Column* first = BaseTable::firstColumn(columns_))
+        keyColumns = BaseTable::keyColumns(columns_, first->tableAlias, primaryKey(*first));
+    const qsizetype position = position_;
+    const auto key = onRow() ? valuesOf(rowAt(position), keyColumns) : std::vector<WireValue>();
+    run();
+    const auto isSame = [&](qsizetype candidate) { return valuesOf(rowAt(candidate), keyColumns) == key; };
+    const auto count = qsizetype(visible_.size());
+    const bool wasOnRow = position >= 0 && !key.empty();
+    // Where a join repeats a key, the row at the same position is meant.
+    if (position >= 0 && position < count && (!wasOnRow || isSame(position)))
+        position_ = position;
+    else if (wasOnRow) {
+        position_ = 0;
+        while (position_ < count && !isSame(position_))
+            ++position_;
+        if (position_ == count)
+            position_ = position < count ? position : 0;
+    }
+    tell([](RecordsetListener& listener) { listener.rowsReset(); });
+}
+
+bool Recordset::onRow() const
+{
+    return forwardOnly_ ? blockRow_ < blockRows_ : position_ >= 0 && position_ < qsizetype(visible_.size());
+}
+
+bool Recordset::Eof() const
+{
+    requireOpen();
+    if (adding_)
+        return false;
+    return forwardOnly_ ? !onRow() : position_ >= qsizetype(visible_.size());
+}
+
+bool Recordset::Bof() const
+{
+    requireOpen();
+    if (adding_)
+        return false;
+    return forwardOnly_ ? !hasRows_ : position_ < 0 || visible_.empty();
+}
+
+void Recordset::MoveNext()
+{
+    requireOpen();
+    requireNoEdit();
+    if (Eof())
+        requireRow();
+    if (!forwardOnly_)
+        return moveTo(position_ + 1);
+    if (++blockRow_ == blockRows_) {
+        blockRow_ = 0;
+        blockRows_ = statement_->fetchBlock();
+    }
+}
+
+void Recordset::MovePrevious()
+{
+    requireRows();
+    requireNoEdit();
+    if (Bof())
+        requireRow();
+    moveTo(position_ - 1);
+}
+
+void Recordset::MoveFirst()
+{
+    requireRows();
+    requireNoEdit();
+    moveTo(0);
+}
+
+void Recordset::MoveLast()
+{
+    requireRows();
+    requireNoEdit();
+    moveTo(std::max<qsizetype>(RecordCount() - 1, 0));
+}
+
+void Recordset::moveTo(qsizetype position)
+{
+    position_ = position;
+    tell([](RecordsetListener& listener) { listener.currentRowMoved(); });
+}
+
+qsizetype Recordset::RecordCount() const
+{
+    requireOpen();
+    return forwardOnly_ ? -1 : qsizetype(visible_.size());
+}
+
+qsizetype Recordset::AbsolutePosition() const
+{
+    requireRows();
+    return onRow() && !adding_ ? position_ + 1 : 0;
+}
+
+void Recordset::setAbsolutePosition(qsizetype position)
+{
+    requireRows();
+    requireNoEdit();
+    if (position < 1 || position > RecordCount())
+        throw Error(Error::InvalidArgument, QStringLiteral("Posição inválida: %1").arg(position));
+    moveTo(position - 1);
+}
+
+qsizetype Recordset::Bookmark() const
+{
+    requireRows();
+    requireNoEdit();
+    requireRow();
+    return visible_[std::size_t(position_)];
+}
+
+void Recordset::setBookmark(qsizetype mark)
+{
+    requireRows();
+    requireNoEdit();
+    const auto found = std::lower_bound(visible_.begin(), visible_.end(), mark);
+    if (found == visible_.end() || *found != mark)
+        throw Error(Error::InvalidArgument, QStringLiteral("Marca inválida: %1").arg(mark));
+    moveTo(found - visible_.begin());
+}
+
+Field Recordset::Fields(QAnyStringView name)
+{
+    requireOpen();
+    const QByteArray utf16AsUtf8 = name.visit([](auto view) {
+        if constexpr (std::is_same_v<decltype(view), QStringView>)
+            return view.toUtf8();
+        else
+            return QByteArray::fromRawData(view.data(), view.size());
+    });
+    // A handler reads the fields of a row in the same order row after row: the search starts behind the last
+    // one found.
+    const auto count = qsizetype(names_.size());
+    for (qsizetype step = 1; step <= count; ++step) {
+        const qsizetype place = (lastField_ + step) % count;
+        const QByteArray& candidate = names_[std::size_t(place)];
+        if (candidate.size() == utf16AsUtf8.size() && !candidate.isEmpty() &&
+            qstrnicmp(candidate.constData(), utf16AsUtf8.constData(), std::size_t(candidate.size())) == 0) {
+            lastField_ = place;
+            return Field(*this, place);
+        }
+    }
+    throw Error(Error::UnknownField,
+                QStringLiteral("O campo \"%1\" não existe no resultado.").arg(name.toString()));
+}
+
+Field Recordset::Fields(qsizetype column)
+{
+    requireOpen();
+    if (column < 0 || column >= qsizetype(columns_.size()))
+        throw Error(Error::UnknownField, QStringLiteral("O campo %1 não existe no resultado.").arg(column));
+    return Field(*this, column);
+}
+
+const Row& Recordset::rowAt(qsizetype position) const
+{
+    return rows_->row(visible_[std::size_t(position)]);
+}
+
+QByteArrayView Recordset::cellAt(qsizetype position, qsizetype column) const
+{
+    return rowAt(position).cell(column);
+}
+
+QByteArrayView Recordset::cell(qsizetype column) const
+{
+    requireRow();
+    if (editing()) {
+        if (const auto change = changes_.find(column); change != changes_.end())
+            return change->second ? QByteArrayView(*change->second) : QByteArrayView();
+        if (adding_)
+            return {};
+    }
+    return forwardOnly_ ? statement_->cell(blockRow_, column) : cellAt(position_, column);
+}
+
+void Recordset::Find(const QString& criteria)
+{
+    requireRows();
+    requireNoEdit();
+    const Criteria wanted(criteria, columns_);
+    const auto found = std::find_if(visible_.begin(), visible_.end(),
+                                    [&](qsizetype place) { return wanted.matches(rows_->row(place)); });
+    moveTo(found - visible_.begin());
+}
+
+void Recordset::Filter(const QString& criteria)
+{
+    requireRows();
+    requireNoEdit();
+    filter_ = criteria.trimmed().isEmpty() ? nullptr : std::make_unique<Criteria>(criteria, columns_);
+    showMatchingRows();
+    tell([](RecordsetListener& listener) { listener.rowsReset(); });
+}
+
+void Recordset::removeListener(RecordsetListener* listener)
+{
+    std::erase(listeners_, listener);
+}
+
+void Recordset::requireOpen() const
+{
+    if (State() == 0)
+        throw Error(Error::ObjectClosed, QStringLiteral("Operação não permitida: o resultado está fechado."));
+}
+
+void Recordset::requireRows() const
+{
+    requireOpen();
+    if (forwardOnly_)
+        throw Error(Error::NotAllowedHere,
+                    QStringLiteral("Operação não permitida num resultado só de avanço."));
+}
+
+void Recordset::requireRow() const
+{
+    requireOpen();
+    if (!adding_ && !onRow())
+        throw Error(Error::NoCurrentRow,
+                    QStringLiteral("Não há registro atual: início ou fim do resultado."));
+}
+
+void Recordset::requireNoEdit() const
+{
+    if (editing())
+        throw Error(Error::NotAllowedHere, QStringLiteral("Há alterações não salvas no registro atual."));
+}
+
+} // namespace ADODB

@@ -1,0 +1,172 @@
+#pragma once
+
+#include "platform/data/basetable.h"
+#include "platform/data/connection.h"
+#include "platform/data/field.h"
+#include "platform/data/rowstore.h"
+
+#include <QAnyStringView>
+
+namespace ADODB {
+
+class Criteria;
+
+/// Who shows a recordset's rows is told what happens to them, right after it happened. Positions count the
+/// rows that the filter leaves, from 0.
+class RecordsetListener
+{
+public:
+    virtual ~RecordsetListener() = default;
+
+    /// Other rows, or other columns, or none: opened, closed, filtered, requeried.
+    virtual void rowsReset() = 0;
+    virtual void currentRowMoved() = 0;
+    virtual void rowInserted(qsizetype position) = 0;
+    virtual void rowRemoved(qsizetype position) = 0;
+    virtual void rowChanged(qsizetype position) = 0;
+    /// The recordset is being destroyed.
+    virtual void recordsetGone() = 0;
+};
+
+/// The result of a statement.
+///
+/// A forward-only, read-only, server-side result (the default) is read block by block and once, from the
+/// first row to the last. Every other one is held in memory: it has positions, can be searched and filtered,
+/// and, with a lock other than read-only and if it comes from one table with its primary key, its rows can be
+/// changed. Closing the connection closes its recordsets.
+///
+/// Failures are ADODB::Error: 3704 on a closed recordset, 3021 where there is no current row, 3219 where the
+/// kind of result or a change not yet saved stands in the way, 3251 where rows cannot be changed.
+class Recordset
+{
+public:
+    static constexpr int ForwardOnly = 0, Keyset = 1, Dynamic = 2, Static = 3;
+    static constexpr int ReadOnly = 1, Pessimistic = 2, Optimistic = 3;
+    static constexpr int ServerSide = 2, ClientSide = 3;
+
+    Recordset();
+    ~Recordset();
+    Recordset(const Recordset&) = delete;
+    Recordset& operator=(const Recordset&) = delete;
+
+    /// Where the rows of the next Open are kept.
+    void setCursorLocation(int location) { cursorLocation_ = location; }
+
+    /// Runs the statement and stands on the first row. A statement without a result leaves the recordset
+    /// closed. Error 3705 where it is open.
+    void Open(const QString& sql, Connection& connection, int cursor = ForwardOnly, int lock = ReadOnly);
+    void Open(const Command& command, int cursor = ForwardOnly, int lock = ReadOnly);
+    /// Drops a change not yet saved. Nothing happens where it is closed.
+    void Close();
+    /// 1 open, 0 closed.
+    int State() const;
+
+    /// Runs the statement again. The filter stays. The current row is the one with the same primary key (of
+    /// the first column's table), else the one at the same position, else the first.
+    void Requery();
+
+    bool Eof() const;
+    bool Bof() const;
+    void MoveNext();
+    void MovePrevious();
+    void MoveFirst();
+    void MoveLast();
+
+    /// The rows that the filter leaves; -1 on a forward-only result.
+    qsizetype RecordCount() const;
+    /// From 1; 0 where there is no current row.
+    qsizetype AbsolutePosition() const;
+    void setAbsolutePosition(qsizetype position);
+    /// A mark of the current row, good until Requery or Close.
+    qsizetype Bookmark() const;
+    void setBookmark(qsizetype mark);
+
+    const std::vector<Column>& columns() const { return columns_; }
+    /// The field of the current row, by its name in any letter case. Of two columns of one name the first is
+    /// meant. Error 3265 for an unknown name.
+    Field Fields(QAnyStringView name);
+    /// By its place, from 0.
+    Field Fields(qsizetype column);
+    /// A cell of any row, for who shows them; isNull() where it is NULL.
+    QByteArrayView cellAt(qsizetype position, qsizetype column) const;
+
+    /// Begins a new row; it becomes a row of the result with Update. Its fields are null until they are set.
+    void AddNew();
+    /// Sends what was set since AddNew, or on the current row, and reads the row back. A new row stands at
+    /// the end and is the current one. Error RowGone if the row is no longer in the database.
+    void Update();
+    /// Forgets what was set.
+    void CancelUpdate();
+    /// Deletes the current row; the one behind it becomes the current row. Error RowGone as in Update.
+    void Delete();
+
+    /// The first row that meets the criteria becomes the current one; none: Eof. See Criteria.
+    void Find(const QString& criteria);
+    /// Leaves only the rows that meet the criteria and stands on their first; an empty text brings all back.
+    void Filter(const QString& criteria);
+
+    void addListener(RecordsetListener* listener) { listeners_.push_back(listener); }
+    void removeListener(RecordsetListener* listener);
+
+private:
+    friend class Field;
+
+    void requireOpen() const;
+    void requireRows() const;
+    void requireRow() const;
+    void requireNoEdit() const;
+    void requireChangeable();
+    bool editing() const { return adding_ || !changes_.empty(); }
+
+    void run();
+    void loadRows();
+    void showMatchingRows();
+    void moveTo(qsizetype position);
+    bool onRow() const;
+    const std::vector<QByteArray>& primaryKey(const Column& column) const;
+
+    const Row& rowAt(qsizetype position) const;
+    QByteArrayView cell(qsizetype column) const;
+    void set(qsizetype column, WireValue value);
+    void insertRow();
+    void updateRow();
+    Row rowFromServer(const std::vector<WireValue>& key, const Row* old);
+
+    template <class Event>
+    void tell(Event event)
+    {
+        for (RecordsetListener* listener : std::vector(listeners_))
+            event(*listener);
+    }
+
+    int cursorLocation_ = ServerSide;
+    int lock_ = ReadOnly;
+    bool forwardOnly_ = false;
+    QString sql_;
+    Connection* connection_ = nullptr;
+    std::shared_ptr<Odbc::Session> session_; ///< that the result came from; null where it is closed
+    std::vector<Column> columns_;
+    std::vector<QByteArray> names_; ///< of the columns; empty for a second column of one name
+    qsizetype lastField_ = -1;
+
+    // A forward-only result.
+    std::unique_ptr<Odbc::Statement> statement_;
+    qsizetype blockRow_ = 0;
+    qsizetype blockRows_ = 0;
+    bool hasRows_ = false;
+
+    // A result in memory.
+    std::unique_ptr<RowStore> rows_;
+    std::vector<qsizetype> visible_; ///< places in the store
+    std::vector<bool> deleted_;      ///< by place
+    std::unique_ptr<Criteria> filter_;
+    qsizetype position_ = 0; ///< in visible_; -1 in front of the first
+
+    std::optional<BaseTable> table_;
+    bool adding_ = false;
+    Changes changes_;
+
+    std::vector<RecordsetListener*> listeners_;
+};
+
+} // namespace ADODB

@@ -1,0 +1,44 @@
+#pragma once
+
+#include <QList>
+#include <QString>
+#include <QStringList>
+
+/// The test program's own database on the private server: made afresh, with the product's schema, before the
+/// program's first test, dropped behind its last one. The server is started where it does not answer.
+///
+/// What is set up and read here goes through the server's own client as its administrator, never through the
+/// product's database layer. Any failure throws std::runtime_error with the client's words.
+class Database
+{
+public:
+    static Database& instance();
+
+    /// What the product connects with: an account that may select, insert, update and delete, and nothing
+    /// else.
+    QString connectionString() const;
+    QString server() const; ///< "localhost;Socket=..."
+    const QString& name() const { return name_; }
+    QString user() const { return name_; }
+    QString password() const { return QStringLiteral("s3nha=Teste"); }
+
+    /// Empties all tables; their numbering starts at 1 again.
+    void clear();
+    /// One or more statements, separated by semicolons.
+    void execute(const QString& statements);
+    /// The rows of a query; NULL is a null text.
+    QList<QStringList> rows(const QString& query);
+    /// The first value of a query's first row; null if there is no row.
+    QString value(const QString& query);
+
+private:
+    friend class DatabaseEnvironment;
+
+    Database() = default;
+    void create();
+    void drop();
+    QByteArray client(const QByteArray& statements, const QStringList& options = {});
+
+    QString name_;
+    QString socket_;
+};
