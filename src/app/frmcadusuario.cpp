@@ -208,7 +208,7 @@ void frmcadusuario::reabre()
 
 void frmcadusuario::executa(const QString& comando)
 {
-    cmdGeral.setActiveConnection(Conexao);
+    cmdGeral.setActiveConnection(&Conexao);
     cmdGeral.setCommandType(1);
     cmdGeral.setCommandText(comando);
     rs.setCursorLocation(3);

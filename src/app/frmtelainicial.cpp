@@ -9,6 +9,7 @@
 #include "platform/forms/application.h"
 #include "platform/forms/dialogs.h"
 #include "platform/forms/theme.h"
+#include "platform/system/error.h"
 #include "ui_frmtelainicial.h"
 
 using namespace Variaveis;

@@ -165,6 +165,9 @@ void AutoResize::rescale()
             QFont font = record.control->font();
             font.setPointSizeF(rf * record.fontSize);
             record.control->setFont(font);
+            // The box inside an editable combo keeps a font of its own.
+            if (auto* combo = qobject_cast<QComboBox*>(record.control.data()); combo && combo->isEditable())
+                combo->lineEdit()->setFont(font);
         }
         const QRectF& noted = record.geometry;
         // Edges are rounded, not lengths, so that neighbours neither gape nor overlap.

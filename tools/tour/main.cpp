@@ -94,6 +94,11 @@ int main(int argc, char** argv)
     Theme::apply(application);
     ligaMenu();
     Files::setProgramFolder(arguments[1]);
+    qInstallMessageHandler([](QtMsgType, const QMessageLogContext&, const QString& message) {
+        // What the window system off the screen cannot do it says at every window.
+        if (!message.startsWith(QLatin1String("This plugin does not support")))
+            std::fprintf(stderr, "%s\n", qPrintable(message));
+    });
     Report::setHandler([](const QString& what) {
         std::fprintf(stderr, "tour: %s\n", qPrintable(what));
         Application::end(1);

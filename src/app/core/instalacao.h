@@ -1,7 +1,7 @@
 #pragma once
 
 #include <QString>
-#include <QtEnvironmentVariables>
+#include <QtGlobal>
 
 /// The values of an installation. Each has a default that an environment variable takes the place of.
 namespace Instalacao {

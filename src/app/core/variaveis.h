@@ -1,6 +1,5 @@
 #pragma once
 
-#include "platform/data/command.h"
 #include "platform/data/connection.h"
 
 #include <QString>

@@ -3,6 +3,8 @@
 #include <QApplication>
 #include <QDialogButtonBox>
 #include <QFileDialog>
+#include <QHash>
+#include <QIcon>
 #include <QInputDialog>
 #include <QLineEdit>
 #include <QMessageBox>
@@ -19,21 +21,16 @@ public:
     std::optional<QString> file(const FileDialog& dialog) override;
 };
 
-QMessageBox::Icon windowIcon(Icon icon)
+/// The theme's picture of an icon, drawn for the screen's resolution; null for no icon.
+QPixmap picture(Icon icon)
 {
-    switch (icon) {
-    case Icon::Information:
-        return QMessageBox::Information;
-    case Icon::Question:
-        return QMessageBox::Question;
-    case Icon::Exclamation:
-        return QMessageBox::Warning;
-    case Icon::Critical:
-        return QMessageBox::Critical;
-    case Icon::None:
-        break;
-    }
-    return QMessageBox::NoIcon;
+    static const QHash<Icon, QString> names = {{Icon::Information, QStringLiteral("information")},
+                                               {Icon::Question, QStringLiteral("question")},
+                                               {Icon::Exclamation, QStringLiteral("exclamation")},
+                                               {Icon::Critical, QStringLiteral("critical")}};
+    if (!names.contains(icon))
+        return {};
+    return QIcon(QStringLiteral(":/theme/%1.svg").arg(names.value(icon))).pixmap(40);
 }
 
 Answer WindowDialogs::message(const MessageBox& box)
@@ -42,7 +39,7 @@ Answer WindowDialogs::message(const MessageBox& box)
     window.setWindowTitle(box.title);
     window.setTextFormat(Qt::PlainText);
     window.setText(box.text);
-    window.setIcon(windowIcon(box.icon));
+    window.setIconPixmap(picture(box.icon));
     if (box.buttons == Buttons::Ok) {
         window.addButton(QStringLiteral("OK"), QMessageBox::AcceptRole);
         window.exec();

@@ -9,7 +9,6 @@
 
 StatusBar::StatusBar(QWidget* parent) : QFrame(parent)
 {
-    setObjectName(QStringLiteral("StatusBar"));
     auto* row = new QHBoxLayout(this);
     row->setContentsMargins(8, 4, 8, 4);
     row->setSpacing(8);
@@ -19,7 +18,7 @@ void StatusBar::addPanel(Panel kind, int stretch)
 {
     auto* label = new QLabel(this);
     label->setTextFormat(Qt::PlainText);
-    label->setProperty("panel", true);
+    label->setProperty("panel", panels_.isEmpty() ? QStringLiteral("first") : QStringLiteral("next"));
     static_cast<QHBoxLayout*>(layout())->addWidget(label, stretch);
     panels_ << label;
     if (kind == Panel::Date) {

@@ -63,10 +63,6 @@ QListView, QTableView, QTreeView {
     selection-background-color: #cfe7ec; selection-color: #10242e; outline: 0; gridline-color: #e3e9ed;
 }
 QListView:focus, QTableView:focus { border: 2px solid #0f6b7c; }
-QListView::item { padding: 2px 4px; }
-QListView::item:selected, QTableView::item:selected { background: #cfe7ec; color: #10242e; }
-QListView::item:focus { border: 1px solid #0f6b7c; }
-QTableView::item { padding: 2px 6px; }
 QHeaderView { background: #e6edf1; border: none; }
 QHeaderView::section {
     background: #e6edf1; color: #33424e; border: none; border-right: 1px solid #d3dbe1; border-bottom: 1px solid #c3ced6;
@@ -82,8 +78,12 @@ QMenu::item { padding: 6px 26px 6px 14px; border-radius: 3px; color: #1d2b36; }
 QMenu::item:selected { background: #cfe7ec; }
 QMenu::item:disabled { color: #97a3ad; background: transparent; }
 
-QFrame#StatusBar { background: #e6edf1; border: none; border-top: 1px solid #c3ced6; }
-QLabel[panel="true"] { color: #33424e; padding: 1px 10px; border: none; border-right: 1px solid #c3ced6; }
+StatusBar { background: #e6edf1; border: none; border-top: 1px solid #c3ced6; }
+StatusBar QLabel { color: #33424e; padding: 1px 10px; }
+StatusBar QLabel[panel="next"] { border-left: 1px solid #b4c1ca; }
+
+QMessageBox QLabel#qt_msgbox_label { min-width: 240px; padding: 4px 12px 8px 4px; }
+QMessageBox QPushButton, QInputDialog QPushButton { min-width: 76px; }
 
 QProgressBar { background: #e3e9ed; border: none; border-radius: 5px; text-align: center; min-height: 10px; }
 QProgressBar::chunk { background: #0f6b7c; border-radius: 5px; }
