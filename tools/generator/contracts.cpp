@@ -1,7 +1,6 @@
 #include "tables.h"
 
 #include <algorithm>
-#include <utility>
 
 using std::chrono::days;
 

@@ -1,6 +1,5 @@
 #include "tables.h"
 
-#include <algorithm>
 #include <string_view>
 
 using std::chrono::days;
