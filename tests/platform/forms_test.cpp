@@ -218,8 +218,8 @@ TEST_F(Forms, AFailureInAHandlerReachesTheApplication)
 TEST_F(Forms, ListsKeepTheirOrderAndTheirChoice)
 {
     form.list->setSorted(true);
-    for (const auto* line : {u"10:00|B", u"08:30", u"10:00|A", u"09:00", u"10:00|B second"})
-        form.list->AddItem(QString(line));
+    for (const QStringView line : {u"10:00|B", u"08:30", u"10:00|A", u"09:00", u"10:00|B second"})
+        form.list->AddItem(line.toString());
     EXPECT_EQ(screen.list(u"list"_qs),
               (QStringList{u"08:30"_qs, u"09:00"_qs, u"10:00|A"_qs, u"10:00|B"_qs, u"10:00|B second"_qs}));
     screen.doubleClickRow(u"list"_qs, 2);

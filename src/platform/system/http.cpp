@@ -38,7 +38,7 @@ int numberOf(QNetworkReply::NetworkError error)
 Response get(const QString& url, std::chrono::milliseconds timeout, const QByteArray& userAgent)
 {
     const QUrl address(url, QUrl::StrictMode);
-    if (!address.isValid() ||
+    if (!address.isValid() || address.host().isEmpty() ||
         (address.scheme() != QLatin1String("http") && address.scheme() != QLatin1String("https")))
         throw RuntimeError(12005, QStringLiteral("Endereço inválido: %1").arg(url));
 
