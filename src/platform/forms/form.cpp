@@ -72,6 +72,7 @@ void Form::Show()
 
 void Form::ShowModal()
 {
+    const QPointer<QWidget> owner = QApplication::activeWindow();
     setWindowModality(Qt::ApplicationModal);
     setWindowFlag(Qt::Dialog);
     Show();
@@ -80,6 +81,9 @@ void Form::ShowModal()
     QEventLoop loop;
     modalLoop_ = &loop;
     loop.exec();
+    // Not every window system gives the focus back by itself.
+    if (owner)
+        owner->activateWindow();
 }
 
 void Form::Unload()
