@@ -1,11 +1,38 @@
-#include <QApplication>
+#include "platform/forms/application.h"
+#include "platform/forms/theme.h"
+#include "support/report.h"
+
 #include <gtest/gtest.h>
 
-/// One main for all test programs: the windows are drawn off the screen.
+namespace {
+
+/// A warning of the window library is a fault of ours until it is shown to be otherwise.
+void warningsFail(QtMsgType type, const QMessageLogContext&, const QString& message)
+{
+    // What the window system off the screen cannot do it says at every window.
+    if (message.startsWith(QLatin1String("This plugin does not support")))
+        return;
+    if (type == QtWarningMsg || type == QtCriticalMsg)
+        ADD_FAILURE() << "Qt says: " << message.toStdString();
+    if (type == QtFatalMsg)
+        std::abort();
+}
+
+} // namespace
+
+/// One main for all test programs: the windows are drawn off the screen, and what goes wrong in an event
+/// handler fails the test.
 int main(int argc, char** argv)
 {
     qputenv("QT_QPA_PLATFORM", "offscreen");
     testing::InitGoogleTest(&argc, argv);
-    QApplication application(argc, argv);
+    testing::GTEST_FLAG(death_test_style) = "threadsafe";
+    Application application(argc, argv);
+    Application::setApplicationName(QStringLiteral("Tremosilva 1.0"));
+    Theme::apply(application);
+    qInstallMessageHandler(warningsFail);
+    Report::setHandler([](const QString& what) { ADD_FAILURE() << what.toStdString(); });
+    Application::setFailureHandler(
+        [](const std::exception& error) { ADD_FAILURE() << "uncaught in a handler: " << error.what(); });
     return RUN_ALL_TESTS();
 }

@@ -7,16 +7,25 @@ RuntimeError::RuntimeError(int number, const QString& description)
 
 namespace Errors {
 
-void overflow() { throw RuntimeError(6, QStringLiteral("Estouro")); }
+void overflow()
+{
+    throw RuntimeError(6, QStringLiteral("Estouro"));
+}
 
-void subscriptOutOfRange() { throw RuntimeError(9, QStringLiteral("Subscrito fora do intervalo")); }
+void subscriptOutOfRange()
+{
+    throw RuntimeError(9, QStringLiteral("Subscrito fora do intervalo"));
+}
 
 void typeMismatch(const QString& text)
 {
     throw RuntimeError(13, QStringLiteral("Tipos incompatíveis: \"%1\"").arg(text));
 }
 
-void objectNotSet() { throw RuntimeError(91, QStringLiteral("Variável de objeto não definida")); }
+void objectNotSet()
+{
+    throw RuntimeError(91, QStringLiteral("Variável de objeto não definida"));
+}
 
 void fileAccess(const QString& path, const QString& reason)
 {

@@ -1,0 +1,38 @@
+#pragma once
+
+#include <QString>
+#include <QtGlobal>
+
+/// The values of an installation. Each has a default that an environment variable takes the place of.
+namespace Instalacao {
+
+inline QString valor(const char* variable, const char* standard)
+{
+    return qEnvironmentVariable(variable, QString::fromUtf8(standard));
+}
+
+/// The program's name and version, as the main window's caption shows them.
+inline QString nomePrograma()
+{
+    return QStringLiteral("Tremosilva 1.0");
+}
+
+/// The vendor's name, the title of a message about its own services.
+inline QString fornecedor()
+{
+    return valor("TREMOSILVA_FORNECEDOR", "Tremosilva Sistemas");
+}
+
+/// The vendor's web address, shown in the first panel of the status bar.
+inline QString site()
+{
+    return valor("TREMOSILVA_SITE", "www.tremosilva.example");
+}
+
+/// The vendor's contact line, the foot of printed documents.
+inline QString contato()
+{
+    return valor("TREMOSILVA_CONTATO", "Tremosilva Sistemas - www.tremosilva.example - (00) 0000-0000");
+}
+
+} // namespace Instalacao

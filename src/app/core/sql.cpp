@@ -1,0 +1,42 @@
+#include "app/core/sql.h"
+
+#include "app/core/variaveis.h"
+#include "platform/system/clock.h"
+#include "platform/values/date.h"
+
+using namespace Variaveis;
+
+QString aspas(const QString& texto)
+{
+    return QLatin1Char('\'') + texto + QLatin1Char('\'');
+}
+
+void AbreConexao()
+{
+    if (Conexao.State() == 0) {
+        Conexao.setConnectionString(StringConexao);
+        Conexao.Open();
+    }
+}
+
+void ReabreConexao()
+{
+    FechaConexao();
+    AbreConexao();
+}
+
+void FechaConexao()
+{
+    if (Conexao.State() == 1)
+        Conexao.Close();
+}
+
+QString carimbo()
+{
+    return Usuario + QLatin1Char(' ') + generalDate(Clock::now());
+}
+
+QString carimboRegistro()
+{
+    return Usuario + QStringLiteral(" - ") + generalDate(Clock::now());
+}

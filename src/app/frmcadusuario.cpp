@@ -1,0 +1,224 @@
+#include "app/frmcadusuario.h"
+
+#include "app/core/menu.h"
+#include "app/core/sql.h"
+#include "app/core/variaveis.h"
+#include "platform/forms/dialogs.h"
+#include "platform/values/text.h"
+#include "ui_frmcadusuario.h"
+
+using namespace Variaveis;
+
+namespace {
+
+constexpr int larguraNome = 20;
+constexpr int larguraTitulo = 60;
+
+/// The name of the menu entry that a line of the list ends with, padded as the rows hold it. A caption may
+/// hold a "-" of its own: the last piece is the name.
+QString campoDaLinha(const QString& linha)
+{
+    return fixedWidth(linha.split(QLatin1Char('-')).constLast().trimmed(), larguraNome);
+}
+
+} // namespace
+
+frmcadusuario::frmcadusuario() : ui(std::make_unique<Ui::frmcadusuario>())
+{
+    ui->setupUi(this);
+    ui->Combo1->setCompleter(nullptr); // it would turn the new name MARI into the known MARIA
+    ui->List1->setMultiSelect(true);
+    wire();
+}
+
+frmcadusuario::~frmcadusuario() = default;
+
+void frmcadusuario::wire()
+{
+    onLostFocus(ui->Combo1, &frmcadusuario::Combo1_LostFocus);
+    selectOnFocus(ui->txtsenha);
+    selectOnFocus(ui->txtoksenha);
+    onChange(ui->txtoksenha, &frmcadusuario::txtoksenha_Change);
+    onGotFocus(ui->txtoksenha, &frmcadusuario::txtoksenha_Change);
+    onClick(ui->Command1, &frmcadusuario::Command1_Click);
+    onClick(ui->Command2, &frmcadusuario::Command2_Click);
+    onClick(ui->Command3, &frmcadusuario::Command3_Click);
+    onClick(ui->Command5, &frmcadusuario::Command5_Click);
+}
+
+void frmcadusuario::Form_Load()
+{
+    RetornoCodigo = QStringLiteral("N");
+    AbreConexao();
+    rs.Open("select * from usuarios where idlic = " + aspas(idlic), Conexao, 0, 1);
+    for (; !rs.Eof(); rs.MoveNext())
+        ui->Combo1->addItem(rs.Fields("nmusuario").text());
+    rs.Close();
+    ui->Combo1->setCurrentIndex(-1);
+    ui->Combo1->clearEditText();
+    ui->Command1->setEnabled(false);
+    ui->Command3->setEnabled(false);
+}
+
+void frmcadusuario::Combo1_LostFocus()
+{
+    ui->List1->Clear();
+    const QString nome = ui->Combo1->currentText().trimmed();
+    if (nome.isEmpty()) {
+        ui->Command1->setEnabled(false);
+        ui->Command3->setEnabled(false);
+        MsgBox(QStringLiteral("--- ERRO --- INFORME O NOME DE USUÁRIO!"), QStringLiteral("ATENÇÃO"),
+               Icon::Information);
+        return;
+    }
+    if (nome.size() > 10) {
+        MsgBox(QStringLiteral("--- ERRO --- O NOME DE USUÁRIO NÃO PODE TER MAIS QUE 10 CARACTERES!"),
+               QStringLiteral("ATENÇÃO"), Icon::Critical);
+        return;
+    }
+    AbreConexao();
+    rs.Open("select * from usuarios where nmusuario = " + aspas(nome) + " and idlic = " + aspas(idlic),
+            Conexao, 0, 1);
+    ui->txtsenha->clear();
+    ui->txtoksenha->clear();
+    achado_ = false;
+    for (; !rs.Eof(); rs.MoveNext()) {
+        achado_ = true;
+        ui->txtsenha->setText(rs.Fields("ususenha").text());
+        ui->txtoksenha->setText(rs.Fields("ususenha").text());
+    }
+    rs.Close();
+    montaLista();
+    marcaLista();
+}
+
+void frmcadusuario::montaLista()
+{
+    for (const Menu::Entry& entrada : Menu::principal().entries())
+        ui->List1->AddItem(QString(4 * entrada.level, QLatin1Char('.')) +
+                           fixedWidth(entrada.caption, larguraTitulo) + QStringLiteral(" - ") +
+                           fixedWidth(entrada.name, larguraNome));
+}
+
+/// A right counts under the password that the screen shows: rows written under another one are as good as
+/// absent.
+void frmcadusuario::marcaLista()
+{
+    const QString nome = ui->Combo1->currentText().trimmed();
+    for (int i = 0; i < ui->List1->ListCount(); ++i) {
+        rs.Open("select * from perfilusuario where idlic = " + aspas(idlic) +
+                    " and nmusuario = " + aspas(nome) + " and ususenha = " + aspas(ui->txtsenha->text()) +
+                    " and campo = " + aspas(campoDaLinha(ui->List1->List(i))),
+                Conexao, 0, 1);
+        ui->List1->setSelected(i, false);
+        for (; !rs.Eof(); rs.MoveNext())
+            ui->List1->setSelected(i, rs.Fields("valor").text() != QLatin1String("1"));
+        rs.Close();
+    }
+}
+
+void frmcadusuario::txtoksenha_Change()
+{
+    const bool completas =
+        !ui->txtsenha->text().trimmed().isEmpty() && !ui->txtoksenha->text().trimmed().isEmpty();
+    const bool iguais = completas && ui->txtsenha->text() == ui->txtoksenha->text();
+    ui->Command1->setEnabled(iguais);
+    ui->Command3->setEnabled(iguais);
+}
+
+void frmcadusuario::Command1_Click()
+{
+    const QString nome = ui->Combo1->currentText();
+    const QString senhaNova = ui->txtsenha->text();
+    if (nome.isEmpty() || senhaNova.isEmpty()) {
+        MsgBox(QStringLiteral("Existem campos em branco que não podem ficar em branco."),
+               QStringLiteral("ATENÇÃO"), Icon::Exclamation);
+        return;
+    }
+    if (ui->txtoksenha->text() != senhaNova) {
+        MsgBox(QStringLiteral("--- ERRO --- Senhas não conferem!"), QStringLiteral("Atenção"));
+        return;
+    }
+
+    const QString quando = aspas(carimboRegistro());
+    reabre();
+    if (achado_)
+        executa("update usuarios set ususenha = " + aspas(senhaNova) + ", evup = " + quando +
+                " WHERE idlic = " + aspas(idlic) + " and nmusuario = " + aspas(nome));
+    else
+        executa("insert into usuarios (idlic,nmusuario,ususenha,evcad,evup) values (" + aspas(idlic) + "," +
+                aspas(nome) + "," + aspas(senhaNova) + "," + quando + "," + quando + ")");
+
+    reabre();
+    executa("delete from perfilusuario where idlic = " + aspas(idlic) + " and nmusuario = " + aspas(nome));
+    for (int i = 0; i < ui->List1->ListCount(); ++i) {
+        const QString valor = ui->List1->Selected(i) ? QStringLiteral("0") : QStringLiteral("1");
+        executa("insert into perfilusuario (idlic,nmusuario,ususenha,campo,valor,evcad) values (" +
+                aspas(idlic) + "," + aspas(nome) + "," + aspas(senhaNova) + "," +
+                aspas(campoDaLinha(ui->List1->List(i))) + "," + aspas(valor) + "," +
+                aspas(carimboRegistro()) + ")");
+    }
+    MsgBox(QStringLiteral("Salvo com sucesso!"), QStringLiteral("Atenção"));
+    limpaTela();
+}
+
+/// Deletes the account of this name from every tenant of the database.
+void frmcadusuario::Command3_Click()
+{
+    if (!MsgYesNo(QStringLiteral("Confirma a exclusão?"), QStringLiteral("Exclusão de Usuário"),
+                  Icon::Question))
+        return;
+    const QString nome = aspas(ui->Combo1->currentText());
+    AbreConexao();
+    executa("delete from perfilusuario where nmusuario = " + nome);
+    executa("delete from usuarios where nmusuario = " + nome);
+    limpaTela();
+    MsgBox(QStringLiteral("Excluído com sucesso!"), QStringLiteral("Atenção"));
+}
+
+void frmcadusuario::Command2_Click()
+{
+    for (int i = 0; i < ui->List1->ListCount(); ++i)
+        ui->List1->setSelected(i, true);
+}
+
+void frmcadusuario::Command5_Click()
+{
+    for (int i = 0; i < ui->List1->ListCount(); ++i)
+        ui->List1->setSelected(i, false);
+}
+
+void frmcadusuario::limpaTela()
+{
+    ui->List1->Clear();
+    ui->txtsenha->clear();
+    ui->txtoksenha->clear();
+    ui->Combo1->setCurrentIndex(-1);
+    ui->Combo1->clearEditText();
+    ui->Command1->setEnabled(false);
+    ui->Command3->setEnabled(false);
+}
+
+void frmcadusuario::reabre()
+{
+    if (rs.State() == 1)
+        rs.Close();
+    ReabreConexao();
+}
+
+void frmcadusuario::executa(const QString& comando)
+{
+    cmdGeral.setActiveConnection(&Conexao);
+    cmdGeral.setCommandType(1);
+    cmdGeral.setCommandText(comando);
+    rs.setCursorLocation(3);
+    rs.Open(cmdGeral, 1, 2);
+}
+
+void frmcadusuario::Form_Escape()
+{
+    if (rs.State() == 1)
+        rs.Close();
+    FechaConexao();
+    Unload();
+}

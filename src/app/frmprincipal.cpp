@@ -1,0 +1,174 @@
+#include "app/frmprincipal.h"
+
+#include "app/core/arquivosini.h"
+#include "app/core/instalacao.h"
+#include "app/core/menu.h"
+#include "app/core/variaveis.h"
+#include "app/frmtelainicial.h"
+#include "platform/forms/application.h"
+#include "platform/system/error.h"
+#include "platform/system/files.h"
+#include "ui_frmprincipal.h"
+
+#include <QMenuBar>
+
+using namespace Variaveis;
+
+/// Not in a namespace, which the macro does not bear. Without it the linker leaves a library's resources out.
+static int loadResources()
+{
+    Q_INIT_RESOURCE(shell);
+    return 0;
+}
+[[maybe_unused]] static const int resources = loadResources();
+
+frmPrincipal::frmPrincipal() : ui(std::make_unique<Ui::frmPrincipal>())
+{
+    ui->setupUi(this);
+    setWindowTitle(Instalacao::nomePrograma());
+    ui->sRodape->addPanel(StatusBar::Panel::Text);
+    ui->sRodape->addPanel(StatusBar::Panel::Date);
+    ui->sRodape->addPanel(StatusBar::Panel::Text, 1);
+    ui->sRodape->setPanel(1, Instalacao::site());
+    buildMenu();
+    wire();
+}
+
+frmPrincipal::~frmPrincipal() = default;
+
+void frmPrincipal::wire()
+{
+    onKey(Qt::Key_F10, &frmPrincipal::mnuoff_Click);
+    Menu::principal().bind(QStringLiteral("mnuoff"), [this] { mnuoff_Click(); });
+    connect(&Menu::principal(), &Menu::enabledChanged, this,
+            [this](const QString& name, bool enabled) { actions_.value(name)->setEnabled(enabled); });
+}
+
+void frmPrincipal::buildMenu()
+{
+    menuBar_ = new QMenuBar(this);
+    layout()->setMenuBar(menuBar_);
+    QList<QMenu*> open; // the sub-menu that entries of each level go into, level 1 first
+    for (const Menu::Entry& entry : Menu::principal().entries()) {
+        open.resize(entry.level);
+        QAction* action = nullptr;
+        if (entry.isHead) {
+            QMenu* menu =
+                entry.level == 0 ? menuBar_->addMenu(entry.caption) : open.last()->addMenu(entry.caption);
+            action = menu->menuAction();
+            open.append(menu);
+        } else {
+            action =
+                entry.level == 0 ? menuBar_->addAction(entry.caption) : open.last()->addAction(entry.caption);
+            connect(action, &QAction::triggered, this, [name = entry.name] { Menu::principal().run(name); });
+        }
+        action->setObjectName(entry.name);
+        action->setEnabled(entry.enabled);
+        actions_.insert(entry.name, action);
+    }
+}
+
+QWidget* frmPrincipal::clientArea()
+{
+    return ui->cliente;
+}
+
+QSize frmPrincipal::openingSize() const
+{
+    return {1120, 700};
+}
+
+void frmPrincipal::mostraSituacao(const QString& texto)
+{
+    ui->cmdST->setText(texto);
+    ui->cmdST->raise();
+    ui->cmdST->setVisible(true);
+    Repaint();
+}
+
+void frmPrincipal::mostraUsuario(const QString& texto)
+{
+    ui->sRodape->setPanel(3, texto);
+    Repaint();
+}
+
+void frmPrincipal::Form_Load()
+{
+    // The updater that the last update fetched has done its work.
+    const QString atualizador = Files::inProgramFolder(QStringLiteral("\\adm_atu.exe"));
+    if (Files::exists(atualizador))
+        Files::removeFile(atualizador);
+
+    ui->Image1->setVisible(false);
+    const QString logo = Files::inProgramFolder(QStringLiteral("\\logo.jpg"));
+    if (Files::exists(logo)) {
+        QPixmap imagem;
+        if (!imagem.loadFromData(Files::read(logo)))
+            throw RuntimeError(481, QStringLiteral("Imagem inválida: %1").arg(logo));
+        ui->Image1->setPixmap(imagem);
+        ui->Image1->lower();
+        ui->Image1->setVisible(true);
+        ui->lMarca->setVisible(false);
+    }
+
+    Logado = QStringLiteral("N");
+    ui->sRodape->setPanel(3, QStringLiteral("Usuário: Não Logado"));
+}
+
+void frmPrincipal::Form_Activate()
+{
+    if (Logado == QLatin1String("N")) {
+        CarregaConfiguracao();
+        LoginAberto = QStringLiteral("N");
+        mostraSituacao(QStringLiteral("Efetue a Login..."));
+        pedeLogin();
+        mostraUsuario(QStringLiteral("Usuário: ") + Usuario);
+        LoginAberto.clear();
+    }
+    if (Logado == QLatin1String("S")) {
+        // The login has just disabled every entry that has no row.
+        Menu::principal().setEnabled(QStringLiteral("mnuupdate"), true);
+        Menu::principal().setEnabled(QStringLiteral("mnuoff"), true);
+        ui->cmdST->setVisible(false);
+    }
+}
+
+void frmPrincipal::CarregaConfiguracao()
+{
+    mostraSituacao(QStringLiteral("Aguarde... iniciando..."));
+    idlic.clear();
+    ArquivoINI = ArquivosINI::Caminho();
+    if (!Files::exists(ArquivoINI))
+        return;
+    const ArquivosINI::Configuracao valores = ArquivosINI::Le(ArquivoINI);
+    idlic = valores.idlic;
+    conexao = valores.conexao;
+    senha = valores.senha;
+    banco = valores.banco;
+    userbco = valores.userbco;
+    StringConexao = QStringLiteral("Driver={MySQL ODBC 8.0 ANSI Driver};Server=") + conexao +
+                    QStringLiteral(";Database=") + banco + QStringLiteral(";User=") + userbco +
+                    QStringLiteral(";Password=") + senha + QStringLiteral(";Option=3;");
+}
+
+void frmPrincipal::pedeLogin()
+{
+    Form::of<frmtelainicial>().ShowModal();
+    if (LoginAberto == QLatin1String("N"))
+        Application::end(0);
+}
+
+void frmPrincipal::mnuoff_Click()
+{
+    Logado = QStringLiteral("N");
+    Usuario.clear();
+    mostraUsuario(QStringLiteral("Usuário:"));
+    LoginAberto = QStringLiteral("N");
+    pedeLogin();
+    LoginAberto.clear();
+}
+
+void frmPrincipal::Form_Unload()
+{
+    Application::end(0);
+}

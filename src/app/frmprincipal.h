@@ -1,0 +1,52 @@
+#pragma once
+
+#include "layout/autoresize.h"
+#include "platform/forms/form.h"
+
+#include <QHash>
+#include <memory>
+
+class QAction;
+class QMenu;
+class QMenuBar;
+
+namespace Ui {
+class frmPrincipal;
+}
+
+/// The main window: it starts the program, forces a login, and is then a menu that opens one modal screen at
+/// a time.
+class frmPrincipal : public Form
+{
+    Q_OBJECT
+
+public:
+    frmPrincipal();
+    ~frmPrincipal() override;
+
+    /// Shows a text on the large sign in the middle and paints the window.
+    void mostraSituacao(const QString& texto);
+    /// Panel 3, the user.
+    void mostraUsuario(const QString& texto);
+
+    QWidget* clientArea() override;
+    QSize openingSize() const override;
+
+protected:
+    void Form_Load() override;
+    void Form_Activate() override;
+    void Form_Escape() override {}
+    void Form_Unload() override;
+
+private:
+    void wire();
+    void buildMenu();
+    void mnuoff_Click();
+    void CarregaConfiguracao();
+    void pedeLogin();
+
+    std::unique_ptr<Ui::frmPrincipal> ui;
+    QMenuBar* menuBar_ = nullptr;
+    QHash<QString, QAction*> actions_; ///< by the entry's name
+    AutoResize Resize{*this};
+};

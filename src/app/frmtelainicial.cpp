@@ -1,0 +1,146 @@
+#include "app/frmtelainicial.h"
+
+#include "app/core/menu.h"
+#include "app/core/sql.h"
+#include "app/core/variaveis.h"
+#include "app/frmcadusuario.h"
+#include "app/frmconfig.h"
+#include "app/frmprincipal.h"
+#include "platform/forms/application.h"
+#include "platform/forms/dialogs.h"
+#include "platform/forms/theme.h"
+#include "platform/system/error.h"
+#include "ui_frmtelainicial.h"
+
+using namespace Variaveis;
+
+frmtelainicial::frmtelainicial() : ui(std::make_unique<Ui::frmtelainicial>())
+{
+    ui->setupUi(this);
+    wire();
+}
+
+frmtelainicial::~frmtelainicial() = default;
+
+void frmtelainicial::wire()
+{
+    onClick(ui->Command1, &frmtelainicial::Command1_Click);
+    onClick(ui->Command2, &frmtelainicial::Command2_Click);
+    onClick(ui->Label4, &frmtelainicial::Label4_Click);
+    onKey(Qt::Key_F10, &frmtelainicial::Label4_Click);
+    onKeyPress(ui->txtSenha, [this](int& tecla) { txtSenha_KeyPress(tecla); });
+    connect(&Timer1, &QTimer::timeout, this, &frmtelainicial::Timer1_Timer);
+}
+
+void frmtelainicial::Form_Load()
+{
+    ui->Label1->setFont(Theme::fixedFont());
+    try {
+        AbreConexao();
+        ui->Label1->setStyleSheet(QStringLiteral("color: #ffe066;"));
+        Repaint();
+        Timer1.start(250);
+    } catch (const RuntimeError& erro) {
+        MsgBox(QString::number(erro.number()) + QLatin1Char('\n') + erro.description(),
+               QStringLiteral("ATENÇÃO"), Icon::Information);
+        if (MsgYesNo(QStringLiteral("SE FOR O PRIMEIRO ACESSO CLIQUE SIM!\nOU CONTATE O SUPORTE!"),
+                     QStringLiteral("Atenção"), Icon::None))
+            Form::of<frmconfig>().ShowModal();
+        Application::end(0);
+    }
+}
+
+void frmtelainicial::Form_Activate()
+{
+    rs.Open("select * from usuarios where idlic = " + aspas(idlic), Conexao, 3, 3);
+    if (rs.Eof()) {
+        if (MsgYesNo(QStringLiteral("PRIMEIRO ACESSO --- DESEJA CRIAR O USUÁRIO ADMINISTRADOR AGORA?"),
+                     QStringLiteral("Atenção"), Icon::None))
+            Form::of<frmcadusuario>().ShowModal();
+        Application::end(0);
+    }
+    rs.Close();
+}
+
+void frmtelainicial::Timer1_Timer()
+{
+    const QString texto = ui->Label1->text();
+    ui->Label1->setText(texto.sliced(1) + texto[0]);
+}
+
+void frmtelainicial::txtSenha_KeyPress(int& tecla)
+{
+    constexpr int enter = 13;
+    if (tecla == enter) {
+        tecla = 0;
+        Command1_Click();
+    }
+}
+
+void frmtelainicial::Command1_Click()
+{
+    rs.Open("select * from usuarios where idlic = " + aspas(idlic) + " and nmusuario = " +
+                aspas(ui->txtUsuario->text()) + " and ususenha = " + aspas(ui->txtSenha->text()),
+            Conexao, 3, 3);
+    if (rs.Eof()) {
+        MsgBox(QStringLiteral("--- ERRO --- USUÁRIO E/OU SENHA NÃO CONFEREM!"), QStringLiteral("ATENÇÃO"),
+               Icon::Information);
+    } else {
+        Usuario = ui->txtUsuario->text();
+        Logado = QStringLiteral("S");
+        LoginAberto = QStringLiteral("S");
+        auto& principal = Form::of<frmPrincipal>();
+        principal.mostraSituacao(QStringLiteral("Carregando perfil do usuário..."));
+        principal.mostraUsuario(QStringLiteral("Usuário: ") + Usuario);
+        AplicaPerfil();
+        FechaConexaoDaTela();
+        Unload();
+    }
+    if (rs.State() == 1)
+        rs.Close();
+}
+
+/// The menu as the user's rows have it: everything off, then row by row, so that the last row of an entry
+/// decides.
+void frmtelainicial::AplicaPerfil()
+{
+    Menu& menu = Menu::principal();
+    menu.disableAll();
+    if (rs.State() == 1)
+        rs.Close();
+    rs.Open("select * from perfilusuario where nmusuario = " + aspas(ui->txtUsuario->text()) +
+                " and idlic = " + aspas(idlic),
+            Conexao, 3, 3);
+    for (; !rs.Eof(); rs.MoveNext()) {
+        const QString campo = rs.Fields("campo").text().trimmed().toLower();
+        for (const Menu::Entry& entrada : menu.entries())
+            if (entrada.name.toLower() == campo)
+                menu.setEnabled(entrada.name, rs.Fields("valor").text() != QLatin1String("1"));
+    }
+    rs.Close();
+}
+
+void frmtelainicial::Command2_Click()
+{
+    RetornoFechamento = QStringLiteral("N");
+    FechaConexaoDaTela();
+    Unload();
+}
+
+void frmtelainicial::Label4_Click()
+{
+    Menu::notYet(QStringLiteral("F1 SUPORTE"));
+}
+
+void frmtelainicial::Form_Escape()
+{
+    Usuario.clear();
+    Command2_Click();
+}
+
+void frmtelainicial::FechaConexaoDaTela()
+{
+    if (rs.State() == 1)
+        rs.Close();
+    FechaConexao();
+}

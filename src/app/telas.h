@@ -1,0 +1,4 @@
+#pragma once
+
+/// Binds each entry of the main menu to the screen that it opens.
+void ligaMenu();

@@ -1,0 +1,125 @@
+#include "platform/forms/dialogs.h"
+
+#include <QApplication>
+#include <QDialogButtonBox>
+#include <QFileDialog>
+#include <QHash>
+#include <QIcon>
+#include <QInputDialog>
+#include <QLineEdit>
+#include <QMessageBox>
+#include <QPushButton>
+
+namespace {
+
+class WindowDialogs : public Dialogs
+{
+public:
+    Answer message(const MessageBox& box) override;
+    std::optional<QString> input(const QString& prompt, const QString& title,
+                                 const QString& proposal) override;
+    std::optional<QString> file(const FileDialog& dialog) override;
+};
+
+/// The theme's picture of an icon, drawn for the screen's resolution; null for no icon.
+QPixmap picture(Icon icon)
+{
+    static const QHash<Icon, QString> names = {{Icon::Information, QStringLiteral("information")},
+                                               {Icon::Question, QStringLiteral("question")},
+                                               {Icon::Exclamation, QStringLiteral("exclamation")},
+                                               {Icon::Critical, QStringLiteral("critical")}};
+    if (!names.contains(icon))
+        return {};
+    return QIcon(QStringLiteral(":/theme/%1.svg").arg(names.value(icon))).pixmap(40);
+}
+
+Answer WindowDialogs::message(const MessageBox& box)
+{
+    QMessageBox window(QApplication::activeWindow());
+    window.setWindowTitle(box.title);
+    window.setTextFormat(Qt::PlainText);
+    window.setText(box.text);
+    window.setIconPixmap(picture(box.icon));
+    if (box.buttons == Buttons::Ok) {
+        window.addButton(QStringLiteral("OK"), QMessageBox::AcceptRole);
+        window.exec();
+        return Answer::Ok;
+    }
+    QPushButton* yes = window.addButton(QStringLiteral("&Sim"), QMessageBox::YesRole);
+    QPushButton* no = window.addButton(QStringLiteral("&Não"), QMessageBox::NoRole);
+    window.setDefaultButton(box.standard == Answer::Yes ? yes : no);
+    window.setEscapeButton(no);
+    window.exec();
+    return window.clickedButton() == yes ? Answer::Yes : Answer::No;
+}
+
+std::optional<QString> WindowDialogs::input(const QString& prompt, const QString& title,
+                                            const QString& proposal)
+{
+    QInputDialog window(QApplication::activeWindow());
+    window.setWindowTitle(title);
+    window.setLabelText(prompt);
+    window.setTextValue(proposal);
+    window.setOkButtonText(QStringLiteral("OK"));
+    window.setCancelButtonText(QStringLiteral("Cancelar"));
+    window.setMinimumWidth(window.fontMetrics().averageCharWidth() * 60);
+    if (window.exec() != QDialog::Accepted)
+        return std::nullopt;
+    return window.textValue();
+}
+
+std::optional<QString> WindowDialogs::file(const FileDialog& dialog)
+{
+    const QStringList pieces = dialog.filter.split(QLatin1Char('|'));
+    QStringList filters;
+    for (qsizetype i = 0; i + 1 < pieces.size(); i += 2)
+        filters << QStringLiteral("%1 (%2)").arg(
+            pieces[i].section(QStringLiteral(" ("), 0, 0),
+            QString(pieces[i + 1]).replace(QLatin1Char(';'), QLatin1Char(' ')));
+
+    QFileDialog window(QApplication::activeWindow(), dialog.title);
+    window.setAcceptMode(dialog.save ? QFileDialog::AcceptSave : QFileDialog::AcceptOpen);
+    window.setFileMode(dialog.save ? QFileDialog::AnyFile : QFileDialog::ExistingFile);
+    window.setNameFilters(filters);
+    window.setDefaultSuffix(dialog.defaultExtension);
+    window.selectFile(dialog.proposal);
+    if (window.exec() != QDialog::Accepted || window.selectedFiles().isEmpty())
+        return std::nullopt;
+    return window.selectedFiles().constFirst();
+}
+
+std::unique_ptr<Dialogs>& installed()
+{
+    static std::unique_ptr<Dialogs> dialogs = std::make_unique<WindowDialogs>();
+    return dialogs;
+}
+
+} // namespace
+
+std::unique_ptr<Dialogs> Dialogs::install(std::unique_ptr<Dialogs> dialogs)
+{
+    if (!dialogs)
+        dialogs = std::make_unique<WindowDialogs>();
+    installed().swap(dialogs);
+    return dialogs;
+}
+
+Answer MsgBox(const QString& text, const QString& title, Icon icon)
+{
+    return installed()->message({text, title, icon, Buttons::Ok, Answer::Ok});
+}
+
+bool MsgYesNo(const QString& text, const QString& title, Icon icon)
+{
+    return installed()->message({text, title, icon, Buttons::YesNo, Answer::No}) == Answer::Yes;
+}
+
+std::optional<QString> InputBox(const QString& prompt, const QString& title, const QString& proposal)
+{
+    return installed()->input(prompt, title, proposal);
+}
+
+std::optional<QString> FileBox(const FileDialog& dialog)
+{
+    return installed()->file(dialog);
+}

@@ -1,0 +1,248 @@
+#include "platform/forms/form.h"
+
+#include "platform/forms/formkeyboard.h"
+#include "platform/forms/listbox.h"
+
+#include <QAbstractItemView>
+#include <QApplication>
+#include <QCloseEvent>
+#include <QKeyEvent>
+#include <QLayout>
+#include <QMouseEvent>
+#include <QScopeGuard>
+#include <QScreen>
+#include <QWindow>
+
+namespace {
+/// The form that was active last. Coming back to it from another program is no activation.
+Form* lastActive = nullptr;
+} // namespace
+
+Form::Form(QWidget* parent) : QWidget(parent, Qt::Window)
+{
+    FormKeyboard::install();
+    connect(qApp, &QApplication::focusChanged, this, [this](QWidget*, QWidget* now) {
+        if (now && now != this && now->window() == this)
+            focusMoved(now);
+    });
+}
+
+Form::~Form()
+{
+    if (lastActive == this)
+        lastActive = nullptr;
+    if (modalLoop_)
+        modalLoop_->quit();
+    if (forget_)
+        forget_();
+}
+
+void Form::load()
+{
+    if (loaded_)
+        return;
+    loaded_ = true;
+    Form_Load();
+}
+
+void Form::Show()
+{
+    load();
+    if (!loaded_)
+        return;
+    const QWidget* owner = QApplication::activeWindow();
+    if (!isVisible() && !testAttribute(Qt::WA_Moved)) {
+        ensurePolished();
+        resize(openingSize());
+        const QRect around = owner && owner != this ? owner->frameGeometry() : screen()->availableGeometry();
+        const QRect room = screen()->availableGeometry();
+        QRect place(QPoint(), size());
+        place.moveCenter(around.center());
+        move(qBound(room.left(), place.left(), qMax(room.left(), room.right() - place.width())),
+             qBound(room.top(), place.top(), qMax(room.top(), room.bottom() - place.height())));
+    }
+    if (owner && owner != this && owner->windowHandle()) {
+        winId(); // makes the window handle
+        windowHandle()->setTransientParent(owner->windowHandle());
+    }
+    show();
+    raise();
+    activateWindow();
+}
+
+void Form::ShowModal()
+{
+    const QPointer<QWidget> owner = QApplication::activeWindow();
+    setWindowModality(Qt::ApplicationModal);
+    setWindowFlag(Qt::Dialog);
+    Show();
+    if (!loaded_)
+        return;
+    QEventLoop loop;
+    modalLoop_ = &loop;
+    loop.exec();
+    // Not every window system gives the focus back by itself.
+    if (owner)
+        owner->activateWindow();
+}
+
+void Form::Unload()
+{
+    if (!loaded_)
+        return;
+    loaded_ = false;
+    laidOut_ = false;
+    current_ = nullptr;
+    if (lastActive == this)
+        lastActive = nullptr;
+    Form_Unload();
+    hide();
+    if (modalLoop_)
+        modalLoop_->quit();
+    if (forget_) {
+        forget_();
+        forget_ = nullptr;
+        deleteLater();
+    }
+}
+
+void Form::Repaint()
+{
+    repaint();
+    const QList<QWidget*> children = findChildren<QWidget*>();
+    for (QWidget* child : children)
+        if (child->isVisible() && !child->isWindow())
+            child->repaint();
+}
+
+void Form::selectOnFocus(QLineEdit* box)
+{
+    // Queued: the press of the mouse that gives the focus sets the caret afterwards.
+    const auto handler = gotFocus_.value(box);
+    gotFocus_[box] = [box, handler] {
+        QMetaObject::invokeMethod(box, &QLineEdit::selectAll, Qt::QueuedConnection);
+        box->selectAll();
+        if (handler)
+            handler();
+    };
+}
+
+void Form::showEvent(QShowEvent* event)
+{
+    QWidget::showEvent(event);
+    if (!laidOut_) {
+        laidOut_ = true;
+        Q_EMIT loaded();
+        if (!focusWidget())
+            focusNextPrevChild(true);
+    }
+}
+
+void Form::closeEvent(QCloseEvent* event)
+{
+    event->accept();
+    Unload();
+}
+
+bool Form::event(QEvent* event)
+{
+    if (event->type() == QEvent::WindowActivate && loaded_ && lastActive != this) {
+        lastActive = this;
+        // Behind the event: an activation may show a modal window, which must not happen inside the window
+        // system's call.
+        QMetaObject::invokeMethod(this, &Form::activate, Qt::QueuedConnection);
+    }
+    return QWidget::event(event);
+}
+
+void Form::activate()
+{
+    if (!loaded_ || activating_)
+        return;
+    activating_ = true;
+    const auto over = qScopeGuard([self = QPointer<Form>(this)] {
+        if (self)
+            self->activating_ = false;
+    });
+    Form_Activate();
+}
+
+void Form::focusMoved(QWidget* to)
+{
+    QWidget* from = current_;
+    if (to == from || !loaded_)
+        return;
+    current_ = to;
+    // A copy each: the handler may unload and so delete this form.
+    const auto lost = from ? lostFocus_.value(from) : nullptr;
+    const auto got = gotFocus_.value(to);
+    const QPointer<Form> self(this);
+    if (lost)
+        lost();
+    if (got && self && loaded_ && current_ == to)
+        got();
+}
+
+bool Form::keyPressed(QWidget* control, QKeyEvent* event)
+{
+    if (const auto handler = keys_.value(event->key()); handler && event->modifiers() == Qt::NoModifier) {
+        handler();
+        return true;
+    }
+    switch (event->key()) {
+    case Qt::Key_Escape:
+        Form_Escape();
+        return true;
+    case Qt::Key_Return:
+    case Qt::Key_Enter:
+        if (auto* button = qobject_cast<QAbstractButton*>(control))
+            button->click();
+        else if (qobject_cast<QPlainTextEdit*>(control))
+            return false;
+        else
+            focusNextPrevChild(true);
+        return true;
+    default:
+        return false;
+    }
+}
+
+namespace {
+
+/// Runs a handler at a mouse event of one widget.
+class MouseWatch : public QObject
+{
+public:
+    MouseWatch(QWidget* widget, QEvent::Type type, std::function<void()> handler)
+        : QObject(widget), type_(type), handler_(std::move(handler))
+    {
+        widget->installEventFilter(this);
+    }
+
+    bool eventFilter(QObject* watched, QEvent* event) override
+    {
+        if (event->type() == type_ && static_cast<QMouseEvent*>(event)->button() == Qt::LeftButton &&
+            static_cast<QWidget*>(watched)->isEnabled() &&
+            static_cast<QWidget*>(watched)->rect().contains(
+                static_cast<QMouseEvent*>(event)->position().toPoint())) {
+            // Behind the event, so that the control has done its own part, such as choosing the line.
+            QMetaObject::invokeMethod(
+                this, [this] { handler_(); }, Qt::QueuedConnection);
+        }
+        return false;
+    }
+
+private:
+    QEvent::Type type_;
+    std::function<void()> handler_;
+};
+
+} // namespace
+
+void Form::watchMouse(QWidget* widget, QEvent::Type type, std::function<void()> handler)
+{
+    QWidget* target = widget;
+    if (auto* view = qobject_cast<QAbstractScrollArea*>(widget))
+        target = view->viewport();
+    new MouseWatch(target, type, std::move(handler));
+}

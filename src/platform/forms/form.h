@@ -1,0 +1,169 @@
+#pragma once
+
+#include <QAbstractButton>
+#include <QComboBox>
+#include <QEventLoop>
+#include <QHash>
+#include <QLabel>
+#include <QLineEdit>
+#include <QPlainTextEdit>
+#include <QPointer>
+#include <QWidget>
+#include <functional>
+
+class ListBox;
+
+/// The base of every screen.
+///
+/// Life: the first showing runs Form_Load; Form_Activate runs each time the window gets the focus from another window
+/// of the program; Unload (or
+/// the window's closing) runs Form_Unload, hides the window and lets ShowModal return. A screen taken from
+/// Form::of is deleted at its unloading, so that the next use starts from fresh controls.
+///
+/// Keyboard: the form sees keys before its controls. Typed and pasted letters become upper case, Enter moves
+/// on as Tab does (it presses a button that has the focus, and breaks the line in a multi-line box), Esc runs
+/// Form_Escape, and the keys given to onKey run their handler.
+///
+/// Focus: "got" and "lost" speak of the controls of this form. Another window in front changes nothing:
+/// a control loses the focus when another control of the form has got it.
+class Form : public QWidget
+{
+    Q_OBJECT
+
+public:
+    explicit Form(QWidget* parent = nullptr);
+    ~Form() override;
+
+    /// The one object of a screen, made at first use.
+    template <class F>
+    static F& of()
+    {
+        static QPointer<F> instance;
+        if (!instance) {
+            instance = new F;
+            instance->forget_ = [] { instance = nullptr; };
+        }
+        return *instance;
+    }
+
+    void Show();
+    void ShowModal();
+    void Unload();
+    bool isLoaded() const { return loaded_; }
+
+    /// Paints the window now, before a slow step.
+    void Repaint();
+
+    /// The area that the controls stand in, without menu and status bar: the form itself unless a screen says
+    /// otherwise.
+    virtual QWidget* clientArea() { return this; }
+
+    /// The size at the first showing: what the layouts ask for, so that every text fits.
+    virtual QSize openingSize() const { return sizeHint(); }
+
+    void setUpperCase(bool on) { upperCase_ = on; }
+
+Q_SIGNALS:
+    /// The screen's own loading is done and its controls have their first geometry; emitted once a loading,
+    /// before anything is seen.
+    void loaded();
+
+protected:
+    virtual void Form_Load() {}
+    virtual void Form_Activate() {}
+    virtual void Form_Unload() {}
+    virtual void Form_Escape() { Unload(); }
+
+    /// A typed character on its way to a control, as a Unicode code (8 for the backspace key, 13 for Enter). Setting it to
+    /// 0 swallows it.
+    using KeyPress = std::function<void(int& keyCode)>;
+
+    template <class F>
+    void onKey(Qt::Key key, void (F::*handler)())
+    {
+        keys_[key] = bound(handler);
+    }
+    template <class F>
+    void onClick(QAbstractButton* button, void (F::*handler)())
+    {
+        connect(button, &QAbstractButton::clicked, this, bound(handler));
+    }
+    /// The choice of an item, by the user or by the program.
+    template <class F>
+    void onClick(QComboBox* combo, void (F::*handler)())
+    {
+        connect(combo, &QComboBox::currentIndexChanged, this, [run = bound(handler)](int index) {
+            if (index >= 0)
+                run();
+        });
+    }
+    template <class F>
+    void onClick(QWidget* widget, void (F::*handler)())
+    {
+        watchMouse(widget, QEvent::MouseButtonRelease, bound(handler));
+    }
+    template <class F>
+    void onDblClick(QWidget* widget, void (F::*handler)())
+    {
+        watchMouse(widget, QEvent::MouseButtonDblClick, bound(handler));
+    }
+    template <class F>
+    void onChange(QLineEdit* box, void (F::*handler)())
+    {
+        connect(box, &QLineEdit::textChanged, this, bound(handler));
+    }
+    template <class F>
+    void onChange(QComboBox* combo, void (F::*handler)())
+    {
+        connect(combo, &QComboBox::currentTextChanged, this, bound(handler));
+    }
+    template <class F>
+    void onGotFocus(QWidget* control, void (F::*handler)())
+    {
+        gotFocus_[control] = bound(handler);
+    }
+    template <class F>
+    void onLostFocus(QWidget* control, void (F::*handler)())
+    {
+        lostFocus_[control] = bound(handler);
+    }
+    void onKeyPress(QWidget* control, KeyPress handler) { keyPress_[control] = std::move(handler); }
+
+    /// On getting the focus the box selects its whole text.
+    void selectOnFocus(QLineEdit* box);
+
+    void showEvent(QShowEvent* event) override;
+    void closeEvent(QCloseEvent* event) override;
+    bool event(QEvent* event) override;
+
+private:
+    friend class FormKeyboard;
+
+    template <class F>
+    std::function<void()> bound(void (F::*handler)())
+    {
+        return [form = static_cast<F*>(this), handler] { (form->*handler)(); };
+    }
+    void load();
+    void activate();
+    void watchMouse(QWidget* widget, QEvent::Type type, std::function<void()> handler);
+    void focusMoved(QWidget* to);
+    bool keyPressed(QWidget* control, QKeyEvent* event);
+
+    std::function<void()> forget_;
+    QHash<int, std::function<void()>> keys_;
+    QHash<QWidget*, std::function<void()>> gotFocus_;
+    QHash<QWidget*, std::function<void()>> lostFocus_;
+    QHash<QWidget*, KeyPress> keyPress_;
+    QPointer<QWidget> current_; ///< The control of this form that got the focus last.
+    QPointer<QEventLoop> modalLoop_;
+    bool loaded_ = false;
+    bool laidOut_ = false;
+    bool activating_ = false;
+    bool upperCase_ = true;
+};
+
+/// Sends a key string to the control that has the focus: plain characters, and the names {TAB}, {ENTER},
+/// {ESC}, {F1} to {F12}, {HOME}, {END}, {UP}, {DOWN}, {LEFT}, {RIGHT}, {BS}, {DEL}. Throws RuntimeError 5 for
+/// a name that is none of these.
+void SendKeys(const QString& keys);

@@ -1,0 +1,197 @@
+#include "platform/forms/formkeyboard.h"
+
+#include "platform/forms/form.h"
+#include "platform/system/error.h"
+
+#include <QApplication>
+#include <QClipboard>
+#include <QInputMethodEvent>
+#include <QKeyEvent>
+#include <QMenu>
+#include <QTextCursor>
+
+namespace {
+
+/// Letter by letter, so that the text keeps its length.
+QString raised(QString text)
+{
+    for (QChar& letter : text)
+        letter = letter.toUpper();
+    return text;
+}
+
+bool takesText(const QWidget* control)
+{
+    const auto* combo = qobject_cast<const QComboBox*>(control);
+    return qobject_cast<const QLineEdit*>(control) || qobject_cast<const QPlainTextEdit*>(control) ||
+           (combo && combo->isEditable());
+}
+
+void insertText(QWidget* control, const QString& text)
+{
+    if (auto* box = qobject_cast<QLineEdit*>(control)) {
+        if (!box->isReadOnly())
+            box->insert(text);
+    } else if (auto* memo = qobject_cast<QPlainTextEdit*>(control)) {
+        if (!memo->isReadOnly())
+            memo->insertPlainText(text);
+    } else if (auto* combo = qobject_cast<QComboBox*>(control)) {
+        combo->lineEdit()->insert(text);
+    }
+}
+
+Form* formOf(const QWidget* control)
+{
+    return control ? qobject_cast<Form*>(control->window()) : nullptr;
+}
+
+} // namespace
+
+void FormKeyboard::install()
+{
+    static QPointer<FormKeyboard> filter;
+    if (filter)
+        return;
+    filter = new FormKeyboard(qApp);
+    qApp->installEventFilter(filter);
+}
+
+bool FormKeyboard::eventFilter(QObject* receiver, QEvent* event)
+{
+    const QEvent::Type type = event->type();
+    if (event == own_ || (type != QEvent::KeyPress && type != QEvent::InputMethod &&
+                          type != QEvent::ContextMenu && type != QEvent::MouseButtonRelease))
+        return false;
+    auto* control = qobject_cast<QWidget*>(receiver);
+    Form* form = formOf(control);
+    if (!form || !form->isLoaded())
+        return false;
+
+    switch (type) {
+    case QEvent::KeyPress:
+        // A key that a control leaves alone travels on to its parents: it has been seen already.
+        if (control != form->focusWidget() && !(control == form && !form->focusWidget()))
+            return false;
+        return keyPress(*form, control, static_cast<QKeyEvent*>(event));
+    case QEvent::InputMethod:
+        return form->upperCase_ && composed(control, static_cast<QInputMethodEvent*>(event));
+    case QEvent::MouseButtonRelease:
+        // The middle button pastes the selection of the X window system.
+        if (form->upperCase_ && static_cast<QMouseEvent*>(event)->button() == Qt::MiddleButton) {
+            if (QWidget* target = control->focusProxy() ? control->focusProxy() : control;
+                takesText(target) && QApplication::clipboard()->supportsSelection()) {
+                insertText(target, raised(QApplication::clipboard()->text(QClipboard::Selection)));
+                return true;
+            }
+        }
+        return false;
+    case QEvent::ContextMenu:
+        if (auto* box = qobject_cast<QLineEdit*>(control); box && form->upperCase_) {
+            std::unique_ptr<QMenu> menu(box->createStandardContextMenu());
+            for (QAction* action : menu->actions())
+                if (action->objectName() == QLatin1String("edit-paste")) {
+                    action->disconnect();
+                    connect(action, &QAction::triggered, box,
+                            [box] { insertText(box, raised(QApplication::clipboard()->text())); });
+                }
+            menu->exec(static_cast<QContextMenuEvent*>(event)->globalPos());
+            return true;
+        }
+        return false;
+    default:
+        return false;
+    }
+}
+
+bool FormKeyboard::keyPress(Form& form, QWidget* control, QKeyEvent* event)
+{
+    const auto handler = form.keyPress_.value(control);
+    if (handler && (event->key() == Qt::Key_Return || event->key() == Qt::Key_Enter)) {
+        int code = 13;
+        handler(code);
+        if (code == 0)
+            return true;
+    }
+    if (form.keyPressed(control, event))
+        return true;
+    if (!control->isEnabled())
+        return false;
+    if (form.upperCase_ && takesText(control) && event->matches(QKeySequence::Paste)) {
+        insertText(control, raised(QApplication::clipboard()->text()));
+        return true;
+    }
+
+    QString text = event->text();
+    if (text.isEmpty() || event->modifiers().testFlag(Qt::ControlModifier) ||
+        event->modifiers().testFlag(Qt::AltModifier))
+        return false;
+    if (form.upperCase_)
+        text = raised(text);
+    if (handler) {
+        int code = text[0].unicode();
+        handler(code);
+        if (code == 0)
+            return true;
+        text[0] = QChar(code);
+    }
+    if (text == event->text())
+        return false;
+    QKeyEvent changed(event->type(), event->key(), event->modifiers(), text, event->isAutoRepeat(),
+                      static_cast<quint16>(event->count()));
+    own_ = &changed;
+    QApplication::sendEvent(control, &changed);
+    own_ = nullptr;
+    return true;
+}
+
+/// Letters that come composed, such as an accent and a vowel.
+bool FormKeyboard::composed(QWidget* control, QInputMethodEvent* event)
+{
+    const QString text = raised(event->commitString());
+    if (text == event->commitString())
+        return false;
+    QInputMethodEvent changed(event->preeditString(), event->attributes());
+    changed.setCommitString(text, event->replacementStart(), event->replacementLength());
+    own_ = &changed;
+    QApplication::sendEvent(control, &changed);
+    own_ = nullptr;
+    return true;
+}
+
+void SendKeys(const QString& keys)
+{
+    static const QHash<QString, int> names = {
+        {QStringLiteral("TAB"), Qt::Key_Tab},     {QStringLiteral("ENTER"), Qt::Key_Return},
+        {QStringLiteral("ESC"), Qt::Key_Escape},  {QStringLiteral("HOME"), Qt::Key_Home},
+        {QStringLiteral("END"), Qt::Key_End},     {QStringLiteral("UP"), Qt::Key_Up},
+        {QStringLiteral("DOWN"), Qt::Key_Down},   {QStringLiteral("LEFT"), Qt::Key_Left},
+        {QStringLiteral("RIGHT"), Qt::Key_Right}, {QStringLiteral("BS"), Qt::Key_Backspace},
+        {QStringLiteral("DEL"), Qt::Key_Delete}};
+
+    for (qsizetype i = 0; i < keys.size(); ++i) {
+        int key = 0;
+        QString text(keys[i]);
+        if (const qsizetype close = keys.indexOf(QLatin1Char('}'), i + 2);
+            keys[i] == QLatin1Char('{') && close > 0) {
+            const QString name = keys.sliced(i + 1, close - i - 1).toUpper();
+            bool isFunction = false;
+            const int function =
+                name.startsWith(QLatin1Char('F')) ? QStringView(name).sliced(1).toInt(&isFunction) : 0;
+            if (isFunction && function >= 1 && function <= 12)
+                key = Qt::Key_F1 + function - 1;
+            else if (names.contains(name))
+                key = names.value(name);
+            else
+                throw RuntimeError(5, QStringLiteral("Tecla desconhecida: {%1}").arg(name));
+            text = key == Qt::Key_Tab ? QStringLiteral("\t") : QString();
+            i = close;
+        }
+        QWidget* target = QApplication::focusWidget();
+        if (!target)
+            return;
+        QKeyEvent press(QEvent::KeyPress, key, Qt::NoModifier, text);
+        QApplication::sendEvent(target, &press);
+        QKeyEvent release(QEvent::KeyRelease, key, Qt::NoModifier, text);
+        QApplication::sendEvent(target, &release);
+    }
+}

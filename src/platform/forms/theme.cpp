@@ -1,0 +1,166 @@
+#include "platform/forms/theme.h"
+
+#include <QFontDatabase>
+#include <QPalette>
+#include <QStyleFactory>
+
+/// Not in a namespace, which the macro does not bear. Without it the linker leaves a library's resources out.
+static void loadResources()
+{
+    Q_INIT_RESOURCE(theme);
+}
+
+namespace Theme {
+
+namespace {
+
+constexpr QRgb ink = 0xff1d2b36;
+constexpr QRgb faded = 0xff6b7985;
+constexpr QRgb paper = 0xffffffff;
+constexpr QRgb ground = 0xfff2f5f7;
+constexpr QRgb stripe = 0xfff5f9fa;
+constexpr QRgb accent = 0xff0f6b7c;
+constexpr QRgb accentPale = 0xffcfe7ec;
+
+const char* const styleSheet = R"(
+QLineEdit, QPlainTextEdit, QComboBox, QAbstractSpinBox {
+    background: #ffffff; color: #1d2b36; border: 1px solid #aebbc5; border-radius: 4px; padding: 4px 7px;
+    selection-background-color: #0f6b7c; selection-color: #ffffff;
+}
+QLineEdit:focus, QPlainTextEdit:focus, QComboBox:focus, QAbstractSpinBox:focus { border: 2px solid #0f6b7c; padding: 3px 6px; }
+QLineEdit:disabled, QPlainTextEdit:disabled, QComboBox:disabled { background: #e9eef1; color: #53616c; }
+QLineEdit:read-only { background: #eef2f5; }
+QComboBox::drop-down { border: none; width: 22px; }
+QComboBox::down-arrow { image: url(:/theme/down.svg); width: 12px; height: 12px; }
+QComboBox::down-arrow:disabled { image: url(:/theme/down-disabled.svg); }
+QComboBox QAbstractItemView { background: #ffffff; border: 1px solid #aebbc5; outline: 0; padding: 2px; }
+
+QPushButton {
+    background: #ffffff; color: #1d2b36; border: 1px solid #aebbc5; border-radius: 4px; padding: 6px 14px;
+}
+QPushButton:hover { background: #edf5f7; border-color: #0f6b7c; }
+QPushButton:pressed { background: #cfe7ec; }
+QPushButton:focus { border: 2px solid #0f6b7c; padding: 5px 13px; }
+QPushButton:disabled { background: #eef1f4; color: #7d8a95; border-color: #d3dbe1; }
+QPushButton[role="primary"] { background: #0f6b7c; color: #ffffff; border-color: #0f6b7c; }
+QPushButton[role="primary"]:hover { background: #0c5866; }
+QPushButton[role="primary"]:pressed { background: #094550; }
+QPushButton[role="primary"]:focus { border: 2px solid #f2b84b; }
+QPushButton[role="primary"]:disabled { background: #dfe7ea; color: #7d8a95; border-color: #d3dbe1; }
+QPushButton[role="danger"] { color: #a3241d; border-color: #d9a5a1; }
+QPushButton[role="danger"]:hover { background: #fbeeed; border-color: #a3241d; }
+QPushButton[role="danger"]:focus { border: 2px solid #a3241d; }
+QPushButton[role="danger"]:disabled { color: #7d8a95; border-color: #d3dbe1; }
+
+QGroupBox {
+    background: #ffffff; border: 1px solid #d3dbe1; border-radius: 6px; margin-top: 0.7em; padding-top: 0.9em;
+}
+QGroupBox::title { subcontrol-origin: margin; left: 10px; padding: 0 4px; color: #0f6b7c; background: transparent; }
+QFrame[role="card"] { background: #ffffff; border: 1px solid #d3dbe1; border-radius: 6px; }
+
+QListView, QTableView, QTreeView {
+    background: #ffffff; alternate-background-color: #f5f9fa; border: 1px solid #aebbc5; border-radius: 4px;
+    selection-background-color: #cfe7ec; selection-color: #10242e; outline: 0; gridline-color: #e3e9ed;
+}
+QListView:focus, QTableView:focus { border: 2px solid #0f6b7c; }
+QHeaderView { background: #e6edf1; border: none; }
+QHeaderView::section {
+    background: #e6edf1; color: #33424e; border: none; border-right: 1px solid #d3dbe1; border-bottom: 1px solid #c3ced6;
+    padding: 5px 6px;
+}
+
+QMenuBar { background: #ffffff; border-bottom: 1px solid #d3dbe1; padding: 3px 6px; }
+QMenuBar::item { color: #1d2b36; background: transparent; padding: 6px 12px; border-radius: 4px; }
+QMenuBar::item:selected { background: #cfe7ec; }
+QMenuBar::item:disabled { color: #97a3ad; }
+QMenu { background: #ffffff; border: 1px solid #aebbc5; padding: 4px; }
+QMenu::item { padding: 6px 26px 6px 14px; border-radius: 3px; color: #1d2b36; }
+QMenu::item:selected { background: #cfe7ec; }
+QMenu::item:disabled { color: #97a3ad; background: transparent; }
+
+StatusBar { background: #e6edf1; border: none; border-top: 1px solid #c3ced6; }
+StatusBar QLabel { color: #33424e; padding: 1px 10px; }
+StatusBar QLabel[panel="next"] { border-left: 1px solid #b4c1ca; }
+
+QMessageBox QLabel#qt_msgbox_label { min-width: 240px; padding: 4px 12px 8px 4px; }
+QMessageBox QPushButton, QInputDialog QPushButton { min-width: 76px; }
+
+QProgressBar { background: #e3e9ed; border: none; border-radius: 5px; text-align: center; min-height: 10px; }
+QProgressBar::chunk { background: #0f6b7c; border-radius: 5px; }
+
+QCalendarWidget QWidget#qt_calendar_navigationbar { background: #0f6b7c; }
+QCalendarWidget QToolButton { background: transparent; color: #ffffff; border: none; padding: 4px 8px; border-radius: 4px; }
+QCalendarWidget QToolButton:hover { background: #0c5866; }
+QCalendarWidget QAbstractItemView { selection-background-color: #0f6b7c; selection-color: #ffffff; border: none; }
+
+QTabWidget::pane { background: #ffffff; border: 1px solid #d3dbe1; border-radius: 4px; }
+QTabBar::tab { background: #e6edf1; border: 1px solid #d3dbe1; padding: 6px 14px; border-top-left-radius: 4px; border-top-right-radius: 4px; }
+QTabBar::tab:selected { background: #ffffff; color: #0f6b7c; }
+QToolTip { background: #1d2b36; color: #ffffff; border: none; padding: 4px 6px; }
+)";
+
+QPalette palette()
+{
+    QPalette colours;
+    colours.setColor(QPalette::Window, QColor(ground));
+    colours.setColor(QPalette::WindowText, QColor(ink));
+    colours.setColor(QPalette::Base, QColor(paper));
+    colours.setColor(QPalette::AlternateBase, QColor(stripe));
+    colours.setColor(QPalette::Text, QColor(ink));
+    colours.setColor(QPalette::PlaceholderText, QColor(faded));
+    colours.setColor(QPalette::Button, QColor(paper));
+    colours.setColor(QPalette::ButtonText, QColor(ink));
+    colours.setColor(QPalette::Highlight, QColor(accent));
+    colours.setColor(QPalette::HighlightedText, QColor(paper));
+    colours.setColor(QPalette::Link, QColor(accent));
+    colours.setColor(QPalette::ToolTipBase, QColor(ink));
+    colours.setColor(QPalette::ToolTipText, QColor(paper));
+    colours.setColor(QPalette::Midlight, QColor(accentPale));
+    colours.setColor(QPalette::Disabled, QPalette::WindowText, QColor(faded));
+    colours.setColor(QPalette::Disabled, QPalette::Text, QColor(faded));
+    colours.setColor(QPalette::Disabled, QPalette::ButtonText, QColor(faded));
+    return colours;
+}
+
+/// The first of these families that the workstation has.
+QString firstOf(const QStringList& wanted)
+{
+    const QStringList families = QFontDatabase::families();
+    for (const QString& family : wanted)
+        if (families.contains(family))
+            return family;
+    return {};
+}
+
+} // namespace
+
+QFont font()
+{
+    static const QString family = firstOf({QStringLiteral("Inter"), QStringLiteral("Segoe UI"),
+                                           QStringLiteral("Noto Sans"), QStringLiteral("DejaVu Sans")});
+    QFont result(family);
+    result.setPointSizeF(10);
+    return result;
+}
+
+QFont fixedFont()
+{
+    static const QString family = firstOf({QStringLiteral("DejaVu Sans Mono"), QStringLiteral("Consolas"),
+                                           QStringLiteral("Liberation Mono"), QStringLiteral("Courier New")});
+    QFont result(family);
+    result.setStyleHint(QFont::Monospace);
+    result.setFixedPitch(true);
+    result.setPointSizeF(9.5);
+    return result;
+}
+
+void apply(QApplication& application)
+{
+    loadResources();
+    application.setStyle(QStyleFactory::create(QStringLiteral("Fusion")));
+    application.setPalette(palette());
+    application.setFont(font());
+    application.setStyleSheet(QString::fromLatin1(styleSheet));
+}
+
+} // namespace Theme

@@ -1,0 +1,21 @@
+#pragma once
+
+#include <QApplication>
+#include <QFont>
+
+/// The look of all windows: one style, one palette, one style sheet, two fonts. Font sizes are never in the
+/// style sheet, so that a screen can scale them.
+///
+/// A push button with the property "role" set to "primary" is the screen's main action, "danger" one that
+/// removes.
+namespace Theme {
+
+void apply(QApplication& application);
+
+/// For labels, boxes and grids.
+QFont font();
+
+/// For lists whose columns line up by their characters.
+QFont fixedFont();
+
+} // namespace Theme

@@ -1,0 +1,124 @@
+#include "platform/system/files.h"
+
+#include "platform/system/error.h"
+#include "platform/values/codepage.h"
+
+#include <QCoreApplication>
+#include <QDir>
+#include <QFile>
+#include <QFileInfo>
+#include <QSaveFile>
+
+namespace Files {
+
+namespace {
+
+QString& substituteFolder()
+{
+    static QString folder;
+    return folder;
+}
+
+/// The entry of `folder` that has this name but for its case; the name itself where there is none.
+QString nameAsItStands(const QString& folder, const QString& name)
+{
+    if (QFileInfo::exists(folder + QLatin1Char('/') + name))
+        return name;
+    const QStringList entries =
+        QDir(folder).entryList(QDir::AllEntries | QDir::Hidden | QDir::NoDotAndDotDot);
+    for (const QString& entry : entries)
+        if (entry.compare(name, Qt::CaseInsensitive) == 0)
+            return entry;
+    return name;
+}
+
+} // namespace
+
+QString programFolder()
+{
+    return substituteFolder().isEmpty() ? QCoreApplication::applicationDirPath() : substituteFolder();
+}
+
+void setProgramFolder(const QString& folder)
+{
+    substituteFolder() = folder.isEmpty() ? folder : QDir(folder).absolutePath();
+}
+
+QString inProgramFolder(const QString& name)
+{
+    QString path = programFolder();
+    const QStringList parts = QString(name)
+                                  .replace(QLatin1Char('\\'), QLatin1Char('/'))
+                                  .split(QLatin1Char('/'), Qt::SkipEmptyParts);
+    for (const QString& part : parts)
+        path += QLatin1Char('/') + nameAsItStands(path, part);
+    return path;
+}
+
+bool exists(const QString& path)
+{
+    return QFileInfo::exists(path);
+}
+
+void removeFile(const QString& path)
+{
+    QFile file(path);
+    if (file.remove())
+        return;
+    // A write-protected file refuses on some systems until the protection is taken away.
+    file.setPermissions(file.permissions() | QFile::WriteOwner | QFile::WriteUser);
+    if (!file.remove())
+        Errors::fileAccess(path, file.errorString());
+}
+
+void makeFolder(const QString& path)
+{
+    if (!QDir().mkpath(path))
+        Errors::fileAccess(path, QStringLiteral("a pasta não pode ser criada"));
+}
+
+QByteArray read(const QString& path)
+{
+    if (!exists(path))
+        throw RuntimeError(53, QStringLiteral("Arquivo não encontrado: %1").arg(path));
+    QFile file(path);
+    if (!file.open(QIODevice::ReadOnly))
+        Errors::fileAccess(path, file.errorString());
+    return file.readAll();
+}
+
+void write(const QString& path, const QByteArray& content)
+{
+    QSaveFile file(path);
+    if (!file.open(QIODevice::WriteOnly) || file.write(content) != content.size() || !file.commit())
+        Errors::fileAccess(path, file.errorString());
+}
+
+QString profileValue(const QString& section, const QString& key, const QString& fallback, const QString& path,
+                     qsizetype bufferSize)
+{
+    QString value = fallback;
+    if (exists(path)) {
+        bool inSection = false;
+        const QStringList lines = CodePage::decode(read(path)).split(QLatin1Char('\n'));
+        for (const QString& raw : lines) {
+            const QString line = raw.trimmed();
+            if (line.startsWith(QLatin1Char('['))) {
+                inSection = line.mid(1)
+                                .section(QLatin1Char(']'), 0, 0)
+                                .trimmed()
+                                .compare(section, Qt::CaseInsensitive) == 0;
+                continue;
+            }
+            const qsizetype equals = line.indexOf(QLatin1Char('='));
+            if (inSection && equals >= 0 &&
+                line.first(equals).trimmed().compare(key, Qt::CaseInsensitive) == 0) {
+                value = line.sliced(equals + 1).trimmed();
+                break;
+            }
+        }
+    }
+    return value.left(bufferSize - 1);
+}
+
+} // namespace Files

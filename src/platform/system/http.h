@@ -1,0 +1,23 @@
+#pragma once
+
+#include <QByteArray>
+#include <QString>
+#include <chrono>
+
+/// Synchronous reading from web servers.
+namespace Http {
+
+struct Response
+{
+    int status = 0; ///< The server's status code, such as 200 or 404.
+    QByteArray body;
+};
+
+/// GET of an http or https address; waits for the whole answer, while the windows are painted but take no
+/// input. An answer of any status is returned. Throws RuntimeError 12002 at the time-out, 12007 where the
+/// host is not found, 12029 where no connection comes about, 12030 where the answer breaks off, 12175 where
+/// the secure connection fails, 12005 for an address that is none (the usual numbers of web clients on
+/// workstations).
+Response get(const QString& url, std::chrono::milliseconds timeout, const QByteArray& userAgent = {});
+
+} // namespace Http

@@ -1,0 +1,17 @@
+#pragma once
+
+#include <QString>
+#include <functional>
+
+/// What the workstation does with a document, an address or a program.
+namespace Shell {
+
+/// The system's "open" action: a program is started, a document is shown by its program, an address by the
+/// browser. Does not wait. Throws RuntimeError 53 where a file is named that does not exist, 75 where a
+/// program does not start; a document that the workstation has no program for is not reported.
+void open(const QString& target);
+
+/// Puts another action in the place of the workstation's; an empty one gives it back.
+void setHandler(std::function<void(const QString& target)> handler);
+
+} // namespace Shell

@@ -1,0 +1,177 @@
+#include "app/core/arquivosini.h"
+#include "app/core/criptografa.h"
+#include "app/core/instalacao.h"
+#include "app/core/menu.h"
+#include "app/core/rotirnas.h"
+#include "platform/system/error.h"
+#include "platform/system/files.h"
+#include "platform/values/codepage.h"
+#include "support/fixedclock.h"
+#include "support/print.h"
+#include "support/scripteddialogs.h"
+
+#include <QDir>
+#include <QTemporaryDir>
+#include <gtest/gtest.h>
+
+namespace {
+
+/// Every character of the code page but those that end a text or a line in other programs, and then some from
+/// the front.
+QString longText()
+{
+    QByteArray bytes;
+    for (int code = 1; code < 256; ++code)
+        bytes.append(static_cast<char>(code));
+    return CodePage::decode(bytes);
+}
+
+class Configuration : public testing::Test
+{
+protected:
+    Configuration() { Files::setProgramFolder(folder.path()); }
+    ~Configuration() override { Files::setProgramFolder({}); }
+
+    void write(const QByteArray& content) { Files::write(ArquivosINI::Caminho(), content); }
+    static ArquivosINI::Configuracao read() { return ArquivosINI::Le(ArquivosINI::Caminho()); }
+
+    QTemporaryDir folder;
+};
+
+} // namespace
+
+TEST(Cipher, KnownTexts)
+{
+    // The key is 2709198527091985456...: "2" is 0x32, and so on.
+    const struct
+    {
+        QString plain, cipher;
+    } rows[] = {{u""_qs, u""_qs},
+                {u"2"_qs, u"00"_qs},
+                {u"27"_qs, u"0000"_qs},
+                {u"localhost"_qs, u"5E5853585D51574646"_qs},
+                {u"ção"_qs, u"D5D45F"_qs},
+                {u"€"_qs, u"B2"_qs},
+                {u"2709198527091985456"
+                 "2"_qs,
+                 QString(40, u'0')}};
+    for (const auto& row : rows) {
+        EXPECT_EQ(Criptografa::Cifrar(row.plain), row.cipher);
+        EXPECT_EQ(Criptografa::Decifrar(row.cipher), row.plain);
+        EXPECT_EQ(Criptografa::Decifrar(row.cipher.toLower()), row.plain);
+    }
+    EXPECT_EQ(Criptografa::Decifrar(Criptografa::Cifrar(longText())), longText());
+}
+
+TEST(Cipher, WhatIsNoHexadecimalReadsAsFarAsItGoes)
+{
+    // 0x5 ^ '2', 0 ^ '7', 0xF ^ '0' (a lone digit at the end)
+    EXPECT_EQ(Criptografa::Decifrar(u"5xG1F"_qs), QString(QChar(0x5 ^ '2')) + QChar('7') + QChar(0xF ^ '0'));
+}
+
+TEST_F(Configuration, TheFileIsWrittenAsOthersReadIt)
+{
+    ArquivosINI::Grava({u"  srv "_qs, u"2"_qs, u""_qs, u"ab"_qs, u"7"_qs});
+    EXPECT_EQ(Files::read(folder.filePath(u"Tremosilva.ini"_qs)),
+              "[CONFIG]\r\nconexao=414546\r\nsenha=00\r\nbanco=\r\nuserbco=5355\r\nidlic=05\r\n");
+    const auto values = read();
+    EXPECT_EQ(values.conexao, u"srv");
+    EXPECT_EQ(values.banco, u"") << "an empty value is no absent key";
+    EXPECT_EQ(values.idlic, u"7");
+
+    QFile::rename(folder.filePath(u"Tremosilva.ini"_qs), folder.filePath(u"TREMOSILVA.INI"_qs));
+    EXPECT_EQ(read().senha, u"2");
+    ArquivosINI::Grava({u"x"_qs, {}, {}, {}, {}});
+    EXPECT_EQ(QDir(folder.path()).entryList(QDir::Files).size(), 1);
+}
+
+TEST_F(Configuration, AnAbsentKeyGivesNonsenseAndALongValueIsCut)
+{
+    write("[CONFIG]\r\nconexao=5E\r\n");
+    const auto values = read();
+    EXPECT_EQ(values.conexao, u"l");
+    EXPECT_EQ(values.idlic, Criptografa::Decifrar(u"DefaultUser"_qs));
+    EXPECT_FALSE(values.idlic.isEmpty());
+
+    const QString fits(127, u'x');
+    ArquivosINI::Grava({fits, fits + u'y', {}, {}, {}});
+    EXPECT_EQ(read().conexao, fits);
+    EXPECT_EQ(read().senha, fits);
+}
+
+TEST_F(Configuration, EveryCharacterThatALineHoldsComesBack)
+{
+    QString text = longText();
+    text.remove(QChar(0x20)); // outer blanks are dropped
+    for (qsizetype i = 0; i < text.size(); i += 100) {
+        ArquivosINI::Grava({text.mid(i, 100), {}, {}, {}, {}});
+        EXPECT_EQ(read().conexao, text.mid(i, 100));
+    }
+}
+
+TEST(Routines, DateBoxes)
+{
+    const struct
+    {
+        QString typed, shown;
+    } rows[] = {{u"31122026"_qs, u"31/12/2026"_qs}, {u"3a1x1-2"_qs, u"31/12"_qs}, {u"12/3"_qs, u"12/3"_qs}};
+    for (const auto& row : rows) {
+        QLineEdit box;
+        for (const QChar c : row.typed) {
+            int key = c.unicode();
+            Rotirnas::MascaraData(key, box);
+            if (key)
+                box.insert(QChar(key));
+        }
+        EXPECT_EQ(box.text(), row.shown);
+    }
+    QLineEdit box(u"31/12"_qs);
+    box.setCursorPosition(2);
+    int key = '7';
+    Rotirnas::MascaraData(key, box);
+    EXPECT_EQ(box.text(), u"31//12");
+    int back = 8;
+    Rotirnas::MascaraData(back, box);
+    EXPECT_EQ(back, 8);
+}
+
+TEST(Routines, Age)
+{
+    const QString born = u"29/02/1992"_qs;
+    const struct
+    {
+        QDate today;
+        QString age;
+    } rows[] = {{{2025, 2, 28}, u"32"_qs},
+                {{2026, 2, 28}, u"33"_qs},
+                {{2026, 3, 1}, u"34"_qs},
+                {{2028, 2, 29}, u"36"_qs}};
+    for (const auto& row : rows) {
+        const FixedClock clock(row.today.startOfDay());
+        EXPECT_EQ(Rotirnas::CalculaIdade(born), row.age) << row.today.toString().toStdString();
+    }
+    EXPECT_EQ(Rotirnas::CalculaIdade(u"Não Informado"_qs), u"");
+}
+
+TEST(MainMenu, EntriesSwitchAndRun)
+{
+    Menu& menu = Menu::principal();
+    EXPECT_EQ(menu.entries().size(), 30u);
+    EXPECT_THROW(menu.enabled(u"cadconv"_qs), RuntimeError) << "names are asked for to the letter";
+    menu.disableAll();
+    menu.setEnabled(u"cadConv"_qs, true);
+    EXPECT_TRUE(menu.enabled(u"cadConv"_qs));
+    EXPECT_FALSE(menu.enabled(u"mnuCad"_qs));
+
+    ScriptedDialogs dialogs;
+    dialogs.expect(u"\"Histórico de Compra de Insumos\" ainda não está disponível nesta versão."_qs);
+    menu.run(u"hstcmpins"_qs);
+}
+
+TEST(Installation, ValuesAreOverridable)
+{
+    EXPECT_FALSE(Instalacao::contato().isEmpty());
+    qputenv("TREMOSILVA_CONTATO", "Clínica");
+    EXPECT_EQ(Instalacao::contato(), u"Clínica");
+    qunsetenv("TREMOSILVA_CONTATO");
+}

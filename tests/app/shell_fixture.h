@@ -1,0 +1,94 @@
+#pragma once
+
+#include "app/core/arquivosini.h"
+#include "app/core/menu.h"
+#include "app/core/sql.h"
+#include "app/core/variaveis.h"
+#include "app/frmprincipal.h"
+#include "app/telas.h"
+#include "platform/forms/statusbar.h"
+#include "platform/system/files.h"
+#include "support/database.h"
+#include "support/fixedclock.h"
+#include "support/modaldriver.h"
+#include "support/print.h"
+#include "support/scripteddialogs.h"
+
+#include <QTemporaryDir>
+#include <gtest/gtest.h>
+
+/// The program's shell in a folder of its own, configured for the tenant C1 of the test database, with the
+/// clock standing still. MARIA, password SEGREDO, is a user without rows.
+class Shell : public testing::Test
+{
+protected:
+    Shell()
+    {
+        Files::setProgramFolder(folder.path());
+        Database& database = Database::instance();
+        database.clear();
+        ArquivosINI::Grava(
+            {database.server(), database.password(), database.name(), database.user(), u"C1"_qs});
+        addUser(u"C1"_qs, u"MARIA"_qs, u"SEGREDO"_qs);
+        ligaMenu();
+    }
+
+    ~Shell() override
+    {
+        delete &Form::of<frmPrincipal>();
+        FechaConexao();
+        Variaveis::Logado = u"N"_qs;
+        for (QString* text :
+             {&Variaveis::Usuario, &Variaveis::LoginAberto, &Variaveis::idlic, &Variaveis::StringConexao,
+              &Variaveis::RetornoCodigo, &Variaveis::RetornoFechamento})
+            text->clear();
+        Files::setProgramFolder({});
+    }
+
+    static void addUser(const QString& tenant, const QString& name, const QString& password)
+    {
+        Database::instance().execute(
+            u"insert into usuarios (idlic,nmusuario,ususenha) values ('%1','%2','%3')"_qs.arg(tenant, name,
+                                                                                              password));
+    }
+
+    static void addRight(const QString& tenant, const QString& name, const QString& campo,
+                         const QString& valor)
+    {
+        Database::instance().execute(
+            u"insert into perfilusuario (idlic,nmusuario,ususenha,campo,valor) values ('%1','%2','SEGREDO','%3','%4')"_qs
+                .arg(tenant, name, campo, valor));
+    }
+
+    static QList<QStringList> rows(const QString& query) { return Database::instance().rows(query); }
+
+    static void typeLogin(ScreenDriver& login, const QString& name, const QString& password)
+    {
+        login.type(u"txtUsuario"_qs, name);
+        login.press(Qt::Key_Return);
+        login.typeOn(password);
+        login.press(Qt::Key_Return);
+    }
+
+    /// Starts the program and logs in.
+    void start(const QString& name = u"maria"_qs, const QString& password = u"segredo"_qs)
+    {
+        modal.expect(u"frmtelainicial"_qs, [=](ScreenDriver& login) { typeLogin(login, name, password); });
+        Form::of<frmPrincipal>().Show();
+        settle();
+    }
+
+    static QStringList enabledEntries()
+    {
+        QStringList names;
+        for (const Menu::Entry& entry : Menu::principal().entries())
+            if (entry.enabled)
+                names << entry.name;
+        return names;
+    }
+
+    QTemporaryDir folder;
+    FixedClock clock{QDateTime(QDate(2026, 3, 16), QTime(8, 30, 15))};
+    ScriptedDialogs dialogs;
+    ModalDriver modal;
+};

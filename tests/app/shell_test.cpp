@@ -1,0 +1,249 @@
+#include "app/core/funcoes.h"
+#include "shell_fixture.h"
+
+#include <QAction>
+#include <QProcess>
+
+using namespace Variaveis;
+
+namespace {
+
+const QStringList always = {u"mnuoff"_qs, u"mnuupdate"_qs};
+
+struct Outcome
+{
+    int status;
+    QStringList boxes; ///< "title|text", and "|critical"
+};
+
+class Ending : public Shell
+{
+protected:
+    Outcome run(const QString& scenario, const QStringList& answers = {})
+    {
+        QProcess process;
+        process.start(QStringLiteral(SCENARIO_PROGRAM), QStringList{folder.path(), scenario} + answers);
+        process.waitForFinished(30000);
+        const QString lines = QString::fromUtf8(process.readAllStandardOutput());
+        return {process.exitStatus() == QProcess::NormalExit ? process.exitCode() : -1,
+                lines.split(u'\n', Qt::SkipEmptyParts)};
+    }
+};
+
+} // namespace
+
+TEST_F(Shell, StartCleansUpReadsTheConfigurationAndLogsIn)
+{
+    Files::write(Files::inProgramFolder(u"\\adm_atu.exe"_qs), "x");
+    dialogs.expect(u"--- ERRO --- USUÁRIO E/OU SENHA NÃO CONFEREM!"_qs, u"ATENÇÃO"_qs, Icon::Information);
+    modal.expect(u"frmtelainicial"_qs, [this](ScreenDriver& login) {
+        ScreenDriver principal(Form::of<frmPrincipal>());
+        EXPECT_FALSE(Files::exists(Files::inProgramFolder(u"\\adm_atu.exe"_qs)));
+        EXPECT_EQ(principal.text(u"cmdST"_qs), u"Efetue a Login...");
+        EXPECT_TRUE(principal.visible(u"cmdST"_qs));
+        EXPECT_EQ(Form::of<frmPrincipal>().findChild<StatusBar*>()->panel(3), u"Usuário: Não Logado");
+        EXPECT_EQ(login.focused(), u"txtUsuario");
+        typeLogin(login, u"maria"_qs, u"errada"_qs);
+        EXPECT_EQ(login.text(u"txtUsuario"_qs), u"MARIA") << "the fields keep their text";
+        EXPECT_EQ(login.text(u"txtSenha"_qs), u"ERRADA");
+        EXPECT_EQ(Logado, u"N");
+        login.type(u"txtSenha"_qs, u"segredo"_qs);
+        login.click(u"Command1"_qs);
+    });
+    Form::of<frmPrincipal>().Show();
+    settle();
+
+    ScreenDriver principal(Form::of<frmPrincipal>());
+    EXPECT_EQ(Form::of<frmPrincipal>().windowTitle(), u"Tremosilva 1.0");
+    EXPECT_EQ(Logado, u"S");
+    EXPECT_EQ(Usuario, u"MARIA");
+    EXPECT_EQ(LoginAberto, u"");
+    EXPECT_EQ(idlic, u"C1");
+    EXPECT_EQ(StringConexao, Database::instance().connectionString());
+    EXPECT_EQ(Conexao.State(), 0) << "the login closes the connection behind itself";
+    EXPECT_FALSE(principal.visible(u"cmdST"_qs));
+    EXPECT_FALSE(principal.visible(u"Image1"_qs));
+    auto* bar = Form::of<frmPrincipal>().findChild<StatusBar*>();
+    EXPECT_EQ(bar->panel(2), u"16/03/2026");
+    EXPECT_EQ(bar->panel(3), u"Usuário: MARIA");
+}
+
+TEST_F(Shell, AUserWithoutRowsHasTheTwoLastEntriesAlone)
+{
+    start();
+    EXPECT_EQ(enabledEntries(), always);
+    const auto& principal = Form::of<frmPrincipal>();
+    EXPECT_FALSE(principal.findChild<QAction*>(u"mnuCad"_qs)->isEnabled())
+        << "a sub-menu head is an entry too";
+    EXPECT_TRUE(principal.findChild<QAction*>(u"mnuoff"_qs)->isEnabled());
+}
+
+TEST_F(Shell, RightsGoRowByRowAndTheLastOneDecides)
+{
+    addRight(u"C1"_qs, u"MARIA"_qs, u"MNUCAD              "_qs, u"0"_qs);
+    addRight(u"C1"_qs, u"MARIA"_qs, u" cadConv"_qs, u"1"_qs);
+    addRight(u"C1"_qs, u"MARIA"_qs, u"cadConv             "_qs, u"0"_qs);
+    addRight(u"C1"_qs, u"MARIA"_qs, u" cadEsp"_qs, u"0"_qs);
+    addRight(u"C1"_qs, u"MARIA"_qs, u"cadEsp              "_qs, u"1"_qs);
+    addRight(u"C1"_qs, u"MARIA"_qs, u"cliAG"_qs, u"2"_qs);
+    addRight(u"C1"_qs, u"MARIA"_qs, u"mnuoff              "_qs, u"1"_qs);
+    addRight(u"C1"_qs, u"MARIA"_qs, u"gone                "_qs, u"0"_qs);
+    addRight(u"C2"_qs, u"MARIA"_qs, u"cadPac              "_qs, u"0"_qs);
+    start();
+    EXPECT_EQ(enabledEntries(), (QStringList{u"mnuCad"_qs, u"cadConv"_qs, u"cliAG"_qs} + always));
+
+    idlic = u"C1"_qs;
+    EXPECT_EQ(Funcoes::PerfilValor(u"MARIA"_qs, u"cadConv"_qs), u"0");
+    EXPECT_EQ(Funcoes::PerfilValor(u"MARIA"_qs, u"cadEsp"_qs), u"1");
+    EXPECT_EQ(Funcoes::PerfilValor(u"MARIA"_qs, u"cadPac"_qs), u"0") << "rows of every tenant count here";
+    EXPECT_EQ(Funcoes::PerfilValor(u""_qs, u"cadConv"_qs), u"1");
+}
+
+TEST_F(Shell, AfterALogOffOnlyTheNextUsersRowsCount)
+{
+    addUser(u"C1"_qs, u"ANA"_qs, u"X"_qs);
+    addRight(u"C1"_qs, u"MARIA"_qs, u"cliAG               "_qs, u"0"_qs);
+    addRight(u"C1"_qs, u"ANA"_qs, u"mnurel              "_qs, u"0"_qs);
+    start();
+    EXPECT_EQ(enabledEntries(), (QStringList{u"cliAG"_qs} + always));
+
+    modal.expect(u"frmtelainicial"_qs, [](ScreenDriver& login) {
+        EXPECT_EQ(Usuario, u"");
+        EXPECT_EQ(Logado, u"N");
+        EXPECT_EQ(Form::of<frmPrincipal>().findChild<StatusBar*>()->panel(3), u"Usuário:");
+        typeLogin(login, u"ana"_qs, u"x"_qs);
+    });
+    ScreenDriver principal(Form::of<frmPrincipal>());
+    principal.press(Qt::Key_F10);
+    settle();
+    EXPECT_EQ(enabledEntries(), (QStringList{u"mnurel"_qs} + always));
+    EXPECT_EQ(Form::of<frmPrincipal>().findChild<StatusBar*>()->panel(3), u"Usuário: ANA");
+    EXPECT_FALSE(principal.visible(u"cmdST"_qs));
+}
+
+TEST_F(Shell, ALogoFillsTheWindowBehindEverything)
+{
+    QImage image(40, 30, QImage::Format_RGB32);
+    image.fill(Qt::red);
+    image.save(Files::inProgramFolder(u"\\logo.jpg"_qs));
+    start();
+    auto& principal = Form::of<frmPrincipal>();
+    auto* logo = principal.findChild<QLabel*>(u"Image1"_qs);
+    EXPECT_TRUE(logo->isVisible());
+    EXPECT_EQ(logo->geometry(), principal.clientArea()->rect());
+    principal.resize(1400, 900);
+    settle();
+    EXPECT_EQ(logo->geometry(), principal.clientArea()->rect());
+}
+
+TEST_F(Shell, TheConfigurationScreenKeepsTheFile)
+{
+    addRight(u"C1"_qs, u"MARIA"_qs, u"mnupram             "_qs, u"0"_qs);
+    start();
+    const QByteArray before = Files::read(ArquivosINI::Caminho());
+    const QString connection = StringConexao;
+    dialogs.expectQuestion(u"Confirma os dados?"_qs, false, u"Atenção"_qs);
+    dialogs.expectQuestion(u"Confirma os dados?"_qs, true, u"Atenção"_qs);
+    dialogs.expect(u"Configuração salva com sucesso!"_qs, {}, Icon::Information);
+    modal.expect(u"frmconfig"_qs, [&](ScreenDriver& screen) {
+        EXPECT_EQ(screen.window().windowTitle(), u"Configuração");
+        EXPECT_EQ(screen.text(u"txtNmBco"_qs), Database::instance().name());
+        EXPECT_EQ(screen.text(u"txtSenha"_qs), Database::instance().password());
+        screen.type(u"txtString"_qs, u" Servidor;Port=3307 "_qs);
+        screen.type(u"txtSenha"_qs, u""_qs);
+        screen.type(u"txtIdLic"_qs, u"1234567890123456"_qs);
+        screen.click(u"Command2"_qs);
+        EXPECT_EQ(Files::read(ArquivosINI::Caminho()), before);
+        EXPECT_TRUE(screen.isOpen());
+        screen.click(u"Command2"_qs);
+    });
+    Menu::principal().run(u"mnupram"_qs);
+    const auto values = ArquivosINI::Le(ArquivosINI::Caminho());
+    EXPECT_EQ(values.conexao, u"Servidor;Port=3307");
+    EXPECT_EQ(values.senha, u"");
+    EXPECT_EQ(values.idlic, u"123456789012345");
+    EXPECT_EQ(StringConexao, connection) << "the running program keeps its configuration";
+
+    const QByteArray saved = Files::read(ArquivosINI::Caminho());
+    modal.expect(u"frmconfig"_qs, [](ScreenDriver& screen) {
+        screen.type(u"txtString"_qs, u"x"_qs);
+        screen.click(u"Command1"_qs);
+    });
+    Menu::principal().run(u"mnupram"_qs);
+    EXPECT_EQ(Files::read(ArquivosINI::Caminho()), saved);
+}
+
+TEST_F(Ending, WithoutConfigurationTheFirstAccessIsOffered)
+{
+    QFile::remove(ArquivosINI::Caminho());
+    const QString question = u"Atenção|SE FOR O PRIMEIRO ACESSO CLIQUE SIM!\\nOU CONTATE O SUPORTE!"_qs;
+    const Outcome no = run(u"close-login"_qs, {u"nao"_qs});
+    EXPECT_EQ(no.status, 0);
+    ASSERT_EQ(no.boxes.size(), 2) << no.boxes.join(u'\n').toStdString();
+    EXPECT_TRUE(no.boxes[0].startsWith(u"ATENÇÃO|"_qs)) << no.boxes[0].toStdString();
+    EXPECT_EQ(no.boxes[1], question);
+    EXPECT_FALSE(Files::exists(ArquivosINI::Caminho()));
+
+    const Outcome yes = run(u"configure"_qs, {u"sim"_qs, u"sim"_qs});
+    EXPECT_EQ(yes.status, 0);
+    EXPECT_EQ(yes.boxes.mid(1), (QStringList{question, u"Atenção|Confirma os dados?"_qs,
+                                             u"Atenção|Configuração salva com sucesso!"_qs}));
+    EXPECT_EQ(ArquivosINI::Le(ArquivosINI::Caminho()).conexao, u"Servidor");
+    EXPECT_EQ(ArquivosINI::Le(ArquivosINI::Caminho()).idlic, u"c1");
+}
+
+TEST_F(Ending, ATenantWithoutUsersIsOfferedItsFirst)
+{
+    Database::instance().execute(
+        u"delete from usuarios; insert into usuarios (idlic,nmusuario) values ('C2','X')"_qs);
+    const QString question = u"Atenção|PRIMEIRO ACESSO --- DESEJA CRIAR O USUÁRIO ADMINISTRADOR AGORA?"_qs;
+    const Outcome no = run(u"close-login"_qs, {u"nao"_qs});
+    EXPECT_EQ(no.status, 0);
+    EXPECT_EQ(no.boxes, QStringList{question});
+
+    const Outcome yes = run(u"first-user"_qs, {u"sim"_qs});
+    EXPECT_EQ(yes.status, 0);
+    EXPECT_EQ(yes.boxes, (QStringList{question, u"Atenção|Salvo com sucesso!"_qs}));
+    EXPECT_EQ(rows(u"select nmusuario,ususenha from usuarios where idlic = 'C1'"_qs),
+              (QList<QStringList>{{u"ANA"_qs, u"X"_qs}}));
+    EXPECT_EQ(Database::instance().value(
+                  u"select count(*) from perfilusuario where idlic = 'C1' and valor = '0'"_qs),
+              u"30");
+}
+
+TEST_F(Ending, ClosingTheLoginOrTheWindowEndsTheProgram)
+{
+    Files::write(Files::inProgramFolder(u"\\adm_atu.exe"_qs), "x");
+    for (const QString& scenario : {u"close-login"_qs, u"log-off"_qs, u"close-window"_qs}) {
+        const Outcome end = run(scenario);
+        EXPECT_EQ(end.status, 0) << scenario.toStdString();
+        EXPECT_TRUE(end.boxes.isEmpty()) << end.boxes.join(u'\n').toStdString();
+        EXPECT_FALSE(Files::exists(Files::inProgramFolder(u"\\adm_atu.exe"_qs)));
+    }
+}
+
+TEST_F(Ending, AFailedStatementIsToldInOneBoxAndEndsTheProgram)
+{
+    const Outcome login = run(u"quote-at-login"_qs);
+    EXPECT_EQ(login.status, 1);
+    ASSERT_EQ(login.boxes.size(), 1) << login.boxes.join(u'\n').toStdString();
+    EXPECT_TRUE(login.boxes[0].startsWith(u"Tremosilva 1.0|Erro 1064\\n"_qs)) << login.boxes[0].toStdString();
+    EXPECT_TRUE(login.boxes[0].endsWith(
+        u"\\n\\nselect * from usuarios where idlic = 'C1' and nmusuario = 'D'AVILA' and ususenha = ''|critical"_qs))
+        << login.boxes[0].toStdString();
+
+    const Outcome screen = run(u"quote-in-a-screen"_qs);
+    EXPECT_EQ(screen.status, 1);
+    ASSERT_EQ(screen.boxes.size(), 1) << screen.boxes.join(u'\n').toStdString();
+    EXPECT_TRUE(screen.boxes[0].contains(u"Erro 1064"_qs) && screen.boxes[0].contains(u"'O'HARA'"_qs))
+        << screen.boxes[0].toStdString();
+}
+
+TEST_F(Ending, ALogoThatIsNoPictureStopsTheStart)
+{
+    Files::write(Files::inProgramFolder(u"\\logo.jpg"_qs), "no picture");
+    const Outcome end = run(u"close-login"_qs);
+    EXPECT_EQ(end.status, 1);
+    ASSERT_EQ(end.boxes.size(), 1);
+    EXPECT_TRUE(end.boxes[0].startsWith(u"Tremosilva 1.0|Erro 481\\n"_qs)) << end.boxes[0].toStdString();
+}

@@ -1,0 +1,194 @@
+#include "app/frmcadusuario.h"
+#include "shell_fixture.h"
+
+using namespace Variaveis;
+
+namespace {
+
+class Users : public Shell
+{
+protected:
+    Users()
+    {
+        idlic = u"C1"_qs;
+        Usuario = u"MARIA"_qs;
+        StringConexao = Database::instance().connectionString();
+    }
+
+    /// Opens the screen, works on it, and leaves it by Esc.
+    void on(std::function<void(ScreenDriver&)> steps)
+    {
+        modal.expect(u"frmcadusuario"_qs, [steps](ScreenDriver& screen) {
+            steps(screen);
+            screen.press(Qt::Key_Escape);
+        });
+        Form::of<frmcadusuario>().ShowModal();
+        EXPECT_EQ(Conexao.State(), 0);
+    }
+
+    static void name(ScreenDriver& screen, const QString& text)
+    {
+        screen.type(u"Combo1"_qs, text);
+        screen.press(Qt::Key_Return);
+    }
+
+    static void passwords(ScreenDriver& screen, const QString& one, const QString& other)
+    {
+        screen.type(u"txtsenha"_qs, one);
+        screen.type(u"txtoksenha"_qs, other);
+    }
+
+    static QStringList granted(const QString& user)
+    {
+        QStringList names;
+        for (
+            const QStringList& row : rows(
+                u"select trim(campo) from perfilusuario where idlic = 'C1' and nmusuario = '%1' and valor = '0'"_qs
+                    .arg(user)))
+            names << row[0];
+        names.sort();
+        return names;
+    }
+
+    const QString stamp = u"MARIA - 16/03/2026 08:30:15"_qs;
+};
+
+} // namespace
+
+TEST_F(Users, ANewUserGetsARowForEveryEntry)
+{
+    dialogs.expect(u"Salvo com sucesso!"_qs, u"Atenção"_qs);
+    on([&](ScreenDriver& screen) {
+        EXPECT_EQ(screen.window().windowTitle(), u"Usuários - Manutenção");
+        EXPECT_EQ(screen.list(u"List1"_qs), QStringList());
+        EXPECT_FALSE(screen.enabled(u"Command1"_qs));
+        name(screen, u"recepção"_qs);
+        const QStringList lines = screen.list(u"List1"_qs);
+        ASSERT_EQ(lines.size(), 30);
+        EXPECT_EQ(lines[1],
+                  u"....Convênios                                                    - cadConv             ");
+        EXPECT_EQ(lines[20], u"............Cadastrar Sub Centro de Custos                               - "
+                             u"ctpgcadscen         ");
+        EXPECT_TRUE(screen.selected(u"List1"_qs).isEmpty());
+
+        passwords(screen, u"abc"_qs, u"ab"_qs);
+        EXPECT_FALSE(screen.enabled(u"Command1"_qs));
+        screen.typeOn(u"c"_qs);
+        EXPECT_TRUE(screen.enabled(u"Command1"_qs));
+        EXPECT_TRUE(screen.enabled(u"Command3"_qs));
+        screen.clickRow(u"List1"_qs, 0);
+        screen.clickRow(u"List1"_qs, 1);
+        screen.clickRow(u"List1"_qs, 12);
+        screen.click(u"Command1"_qs);
+
+        EXPECT_EQ(screen.text(u"Combo1"_qs), u"");
+        EXPECT_EQ(screen.text(u"txtsenha"_qs), u"");
+        EXPECT_TRUE(screen.list(u"List1"_qs).isEmpty());
+        EXPECT_FALSE(screen.enabled(u"Command1"_qs));
+    });
+    EXPECT_EQ(RetornoCodigo, u"N");
+    EXPECT_EQ(
+        rows(u"select idlic,nmusuario,ususenha,evcad,evup from usuarios where nmusuario = 'RECEPÇÃO'"_qs),
+        (QList<QStringList>{{u"C1"_qs, u"RECEPÇÃO"_qs, u"ABC"_qs, stamp, stamp}}));
+    EXPECT_EQ(
+        rows(
+            u"select count(*), min(length(campo)), max(length(campo)), min(ususenha), min(evcad) from perfilusuario"_qs),
+        (QList<QStringList>{{u"30"_qs, u"20"_qs, u"20"_qs, u"ABC"_qs, stamp}}));
+    EXPECT_EQ(granted(u"RECEPÇÃO"_qs), (QStringList{u"cadConv"_qs, u"cliAG"_qs, u"mnuCad"_qs}));
+}
+
+TEST_F(Users, AKnownUserIsShownAndItsPasswordChanged)
+{
+    addRight(u"C1"_qs, u"MARIA"_qs, u"cadPac              "_qs, u"0"_qs);
+    addRight(u"C1"_qs, u"MARIA"_qs, u"cliAG               "_qs, u"1"_qs);
+    Database::instance().execute(
+        u"insert into perfilusuario (idlic,nmusuario,ususenha,campo,valor) values ('C1','MARIA','OUTRA','mnurel','0')"_qs);
+    dialogs.expect(u"Salvo com sucesso!"_qs);
+    on([](ScreenDriver& screen) {
+        screen.choose(u"Combo1"_qs, u"MARIA"_qs);
+        screen.press(Qt::Key_Return);
+        EXPECT_EQ(screen.text(u"txtsenha"_qs), u"SEGREDO");
+        EXPECT_EQ(screen.selected(u"List1"_qs).size(), 1)
+            << "a row under another password is as good as absent";
+        EXPECT_TRUE(screen.selected(u"List1"_qs).value(0).endsWith(u"cadPac              "_qs));
+        passwords(screen, u"nova"_qs, u"nova"_qs);
+        screen.click(u"Command5"_qs);
+        screen.clickRow(u"List1"_qs, 11);
+        screen.click(u"Command1"_qs);
+    });
+    EXPECT_EQ(rows(u"select ususenha,evcad,evup from usuarios where nmusuario = 'MARIA'"_qs),
+              (QList<QStringList>{{u"NOVA"_qs, QString(), stamp}}));
+    EXPECT_EQ(rows(u"select count(*), count(distinct ususenha), min(ususenha) from perfilusuario"_qs),
+              (QList<QStringList>{{u"30"_qs, u"1"_qs, u"NOVA"_qs}}));
+    EXPECT_EQ(granted(u"MARIA"_qs), QStringList{u"cadUsu"_qs});
+}
+
+TEST_F(Users, NamesOfTenAndElevenCharacters)
+{
+    const QString tooLong = u"--- ERRO --- O NOME DE USUÁRIO NÃO PODE TER MAIS QUE 10 CARACTERES!"_qs;
+    dialogs.expect(u"--- ERRO --- INFORME O NOME DE USUÁRIO!"_qs, u"ATENÇÃO"_qs, Icon::Information);
+    dialogs.expect(tooLong, u"ATENÇÃO"_qs, Icon::Critical);
+    dialogs.expect(tooLong);
+    dialogs.expect(u"Salvo com sucesso!"_qs);
+    on([](ScreenDriver& screen) {
+        screen.focus(u"Combo1"_qs);
+        screen.press(Qt::Key_Return);
+        name(screen, u"12345678901"_qs);
+        EXPECT_TRUE(screen.list(u"List1"_qs).isEmpty());
+        name(screen, u"1234567890"_qs);
+        EXPECT_EQ(screen.list(u"List1"_qs).size(), 30);
+        passwords(screen, u"x"_qs, u"x"_qs);
+        name(screen, u"12345678901"_qs);
+        EXPECT_TRUE(screen.enabled(u"Command1"_qs)) << "as it was before";
+        screen.click(u"Command1"_qs);
+    });
+    EXPECT_EQ(rows(u"select nmusuario from usuarios where nmusuario like '1%'"_qs),
+              (QList<QStringList>{{u"12345678901"_qs}}));
+}
+
+TEST_F(Users, PasswordsThatDifferAreRefused)
+{
+    dialogs.expect(u"--- ERRO --- Senhas não conferem!"_qs, u"Atenção"_qs);
+    on([](ScreenDriver& screen) {
+        name(screen, u"ana"_qs);
+        passwords(screen, u"x"_qs, u"x"_qs);
+        screen.type(u"txtsenha"_qs,
+                    u"y"_qs); // the buttons look at the passwords only when the second box is used
+        screen.click(u"Command1"_qs);
+        EXPECT_EQ(screen.text(u"Combo1"_qs), u"ANA") << "nothing typed is lost";
+    });
+    EXPECT_EQ(Database::instance().value(u"select count(*) from usuarios"_qs), u"1");
+}
+
+TEST_F(Users, DeletionReachesEveryTenant)
+{
+    addUser(u"C2"_qs, u"MARIA"_qs, u"Z"_qs);
+    addUser(u"C2"_qs, u"JOSE"_qs, u"Z"_qs);
+    addRight(u"C2"_qs, u"MARIA"_qs, u"cliAG"_qs, u"0"_qs);
+    dialogs.expectQuestion(u"Confirma a exclusão?"_qs, false, u"Exclusão de Usuário"_qs);
+    dialogs.expectQuestion(u"Confirma a exclusão?"_qs, true, u"Exclusão de Usuário"_qs);
+    dialogs.expect(u"Excluído com sucesso!"_qs, u"Atenção"_qs);
+    on([](ScreenDriver& screen) {
+        name(screen, u"maria"_qs);
+        screen.focus(u"txtoksenha"_qs);
+        screen.click(u"Command3"_qs);
+        EXPECT_EQ(Database::instance().value(u"select count(*) from usuarios"_qs), u"3");
+        screen.click(u"Command3"_qs);
+        EXPECT_FALSE(screen.enabled(u"Command3"_qs));
+    });
+    EXPECT_EQ(rows(u"select idlic,nmusuario from usuarios"_qs), (QList<QStringList>{{u"C2"_qs, u"JOSE"_qs}}));
+    EXPECT_EQ(Database::instance().value(u"select count(*) from perfilusuario"_qs), u"0");
+}
+
+TEST_F(Users, AllAndNoneAreChosenButNotSaved)
+{
+    on([](ScreenDriver& screen) {
+        name(screen, u"maria"_qs);
+        screen.clickRow(u"List1"_qs, 3);
+        screen.click(u"Command2"_qs);
+        EXPECT_EQ(screen.selected(u"List1"_qs).size(), 30);
+        screen.click(u"Command5"_qs);
+        EXPECT_TRUE(screen.selected(u"List1"_qs).isEmpty());
+    });
+    EXPECT_EQ(Database::instance().value(u"select count(*) from perfilusuario"_qs), u"0");
+}

@@ -1,0 +1,167 @@
+#include "layout/autoresize.h"
+#include "platform/forms/form.h"
+#include "platform/forms/statusbar.h"
+#include "support/screendriver.h"
+
+#include <QGroupBox>
+#include <QPushButton>
+#include <QTabWidget>
+#include <QVBoxLayout>
+#include <gtest/gtest.h>
+
+namespace {
+
+/// 600 x 400, every control at a place of its own, without a layout, and one group with a layout.
+class Sample : public Form
+{
+public:
+    Sample()
+    {
+        box->setGeometry(30, 20, 120, 30);
+        button->setGeometry(400, 300, 101, 31);
+        bar->setGeometry(0, 370, 600, 30);
+        fixed->setGeometry(200, 20, 50, 50);
+        fixed->setProperty("tag", QStringLiteral("NO"));
+        line->setFrameShape(QFrame::HLine);
+        line->setGeometry(10, 100, 500, 3);
+        tabs->setGeometry(20, 120, 300, 200);
+        for (QWidget* page : {first, second})
+            tabs->addTab(page, QStringLiteral("page"));
+        auto* column = new QVBoxLayout(second);
+        column->addWidget(hidden);
+        group->setGeometry(340, 120, 200, 150);
+        (new QVBoxLayout(group))->addWidget(inner);
+    }
+
+    QSize openingSize() const override { return {600, 400}; }
+
+    QLineEdit* box = new QLineEdit(this);
+    QPushButton* button = new QPushButton(this);
+    StatusBar* bar = new StatusBar(this);
+    QLabel* fixed = new QLabel(this);
+    QFrame* line = new QFrame(this);
+    QTabWidget* tabs = new QTabWidget(this);
+    QWidget* first = new QWidget;
+    QWidget* second = new QWidget;
+    QPushButton* hidden = new QPushButton;
+    QGroupBox* group = new QGroupBox(this);
+    QLineEdit* inner = new QLineEdit;
+    AutoResize Resize{*this};
+};
+
+class Resizing : public testing::Test
+{
+protected:
+    Resizing()
+    {
+        form.Show();
+        settle();
+        fontSize = form.box->font().pointSizeF();
+    }
+
+    void resize(int width, int height)
+    {
+        form.resize(width, height);
+        settle();
+    }
+
+    Sample form;
+    double fontSize = 0;
+};
+
+} // namespace
+
+TEST_F(Resizing, PlacesAndSizesFollowTheirOwnRatioAndFontsTheSmaller)
+{
+    EXPECT_EQ(form.box->geometry(), QRect(30, 20, 120, 30)) << "at its opening size nothing changes";
+    resize(1200, 400);
+    EXPECT_EQ(form.box->geometry(), QRect(60, 20, 240, 30));
+    EXPECT_DOUBLE_EQ(form.box->font().pointSizeF(), fontSize);
+    resize(1200, 800);
+    EXPECT_EQ(form.button->geometry(), QRect(800, 600, 202, 62));
+    EXPECT_DOUBLE_EQ(form.box->font().pointSizeF(), 2 * fontSize);
+    EXPECT_DOUBLE_EQ(form.inner->font().pointSizeF(), 2 * fontSize);
+    resize(900, 300);
+    EXPECT_EQ(form.box->geometry(), QRect(45, 15, 180, 23));
+    EXPECT_DOUBLE_EQ(form.box->font().pointSizeF(), 0.75 * fontSize);
+    resize(600, 400);
+    EXPECT_EQ(form.button->geometry(), QRect(400, 300, 101, 31)) << "no rounding adds up";
+}
+
+TEST_F(Resizing, SomeAreLeftOut)
+{
+    resize(1200, 800);
+    EXPECT_EQ(form.bar->geometry(), QRect(0, 370, 600, 30));
+    EXPECT_EQ(form.fixed->geometry(), QRect(200, 20, 50, 50));
+    EXPECT_EQ(form.line->geometry(), QRect(20, 200, 1000, 3)) << "a line keeps its thickness";
+    auto* late = new QLineEdit(&form);
+    late->setGeometry(10, 10, 50, 20);
+    resize(600, 400);
+    EXPECT_EQ(late->geometry(), QRect(10, 10, 50, 20)) << "what is made later is not followed";
+}
+
+TEST_F(Resizing, ContainersScaleTheirContentsOnce)
+{
+    const QRect before = form.inner->geometry();
+    resize(1200, 800);
+    EXPECT_EQ(form.group->geometry(), QRect(680, 240, 400, 300));
+    EXPECT_EQ(form.inner->geometry().topLeft(), 2 * before.topLeft());
+    EXPECT_EQ(form.inner->width(), 2 * before.width());
+}
+
+TEST_F(Resizing, AControlOnAHiddenPageStaysHiddenAndIsInPlaceWhenShown)
+{
+    const QRect before = form.hidden->geometry();
+    EXPECT_GT(before.width(), 200) << "noted with the size that its page will have";
+    resize(1200, 800);
+    EXPECT_FALSE(form.hidden->isVisible());
+    form.tabs->setCurrentIndex(1);
+    settle();
+    EXPECT_TRUE(form.hidden->isVisible());
+    EXPECT_EQ(form.hidden->width(), 2 * before.width());
+}
+
+TEST_F(Resizing, TheWindowHasASmallestSize)
+{
+    resize(100, 50);
+    EXPECT_EQ(form.size(), QSize(4800 / 15, 3000 / 15));
+    form.Resize.setWMin(1500);
+    form.Resize.setHMin(1500);
+    resize(10, 10);
+    EXPECT_EQ(form.size(), QSize(100, 100));
+}
+
+TEST_F(Resizing, MinimisedMaximisedAndSwitchedOff)
+{
+    form.showMinimized();
+    settle();
+    form.showNormal();
+    settle();
+    EXPECT_EQ(form.box->geometry(), QRect(30, 20, 120, 30));
+    form.showMaximized();
+    settle();
+    EXPECT_EQ(form.box->x(), qRound(30.0 * form.width() / 600));
+    form.showNormal();
+    resize(600, 400);
+
+    form.Resize.setFontResizable(false);
+    resize(1200, 800);
+    EXPECT_EQ(form.box->x(), 60);
+    EXPECT_DOUBLE_EQ(form.box->font().pointSizeF(), fontSize);
+    form.Resize.setEnabled(false);
+    resize(600, 400);
+    EXPECT_EQ(form.box->x(), 60);
+}
+
+TEST_F(Resizing, TheAspectRatioIsKept)
+{
+    form.Resize.setKeepAspectRatio(true);
+    EXPECT_DOUBLE_EQ(form.Resize.AspectRatioValue(), 400.0 / 600);
+    resize(900, 400);
+    EXPECT_EQ(form.size(), QSize(900, 600));
+    EXPECT_EQ(form.box->geometry(), QRect(45, 30, 180, 45));
+    form.Resize.setKeepAspectRatio(false);
+    EXPECT_EQ(form.Resize.AspectRatioValue(), 0);
+    resize(900, 400);
+    EXPECT_EQ(form.size(), QSize(900, 400));
+}

@@ -1,0 +1,267 @@
+#include "platform/forms/application.h"
+#include "platform/forms/calendar.h"
+#include "platform/forms/form.h"
+#include "platform/forms/listbox.h"
+#include "platform/forms/statusbar.h"
+#include "platform/system/error.h"
+#include "support/fixedclock.h"
+#include "support/modaldriver.h"
+#include "support/print.h"
+#include "support/scripteddialogs.h"
+
+#include <QClipboard>
+#include <QInputMethodEvent>
+#include <QPushButton>
+#include <QTest>
+#include <QVBoxLayout>
+#include <gtest/gtest.h>
+
+namespace {
+
+/// A screen with one control of each kind that writes down what happens to it.
+class Sample : public Form
+{
+public:
+    Sample()
+    {
+        auto* column = new QVBoxLayout(this);
+        const auto add = [&](QWidget* control, const QString& name) {
+            control->setObjectName(name);
+            column->addWidget(control);
+        };
+        add(first, u"first"_qs);
+        add(second, u"second"_qs);
+        add(memo, u"memo"_qs);
+        add(list, u"list"_qs);
+        add(button, u"button"_qs);
+        onLostFocus(first, &Sample::first_LostFocus);
+        onGotFocus(second, &Sample::second_GotFocus);
+        onClick(button, &Sample::button_Click);
+        onDblClick(list, &Sample::list_DblClick);
+        onKey(Qt::Key_F2, &Sample::F2);
+        onKeyPress(second, [this](int& code) {
+            codes << code;
+            if (code == 'X')
+                code = 0;
+        });
+    }
+
+    QLineEdit* first = new QLineEdit;
+    QLineEdit* second = new QLineEdit;
+    QPlainTextEdit* memo = new QPlainTextEdit;
+    ListBox* list = new ListBox;
+    QPushButton* button = new QPushButton(u"OK"_qs);
+    QStringList log;
+    QList<int> codes;
+    bool boxOnLostFocus = false;
+
+protected:
+    void Form_Load() override { log << u"load"_qs; }
+    void Form_Activate() override { log << u"activate"_qs; }
+    void Form_Unload() override { log << u"unload"_qs; }
+
+private:
+    void first_LostFocus()
+    {
+        log << u"first lost"_qs;
+        if (boxOnLostFocus)
+            MsgBox(u"stop"_qs, u"title"_qs);
+    }
+    void second_GotFocus() { log << u"second got"_qs; }
+    void button_Click() { log << u"click"_qs; }
+    void list_DblClick() { log << u"double "_qs + list->List(list->ListIndex()); }
+    void F2() { log << u"F2"_qs; }
+};
+
+class Forms : public testing::Test
+{
+protected:
+    Forms()
+    {
+        form.Show();
+        settle();
+        form.log.clear();
+    }
+
+    Sample form;
+    ScreenDriver screen{form};
+};
+
+} // namespace
+
+TEST_F(Forms, LettersBecomeUpperCaseHoweverTheyComeIn)
+{
+    screen.type(u"first"_qs, u"ana ção"_qs);
+    EXPECT_EQ(form.first->text(), u"ANA ÇÃO");
+
+    QGuiApplication::clipboard()->setText(u"josé"_qs);
+    form.first->clear();
+    screen.press(Qt::Key_V, Qt::ControlModifier);
+    EXPECT_EQ(form.first->text(), u"JOSÉ");
+
+    QInputMethodEvent composed;
+    composed.setCommitString(u"â"_qs);
+    QApplication::sendEvent(form.first, &composed);
+    EXPECT_EQ(form.first->text(), u"JOSÉÂ");
+
+    screen.type(u"memo"_qs, u"linha"_qs);
+    EXPECT_EQ(form.memo->toPlainText(), u"LINHA");
+
+    form.first->setText(u"loaded"_qs);
+    EXPECT_EQ(form.first->text(), u"loaded") << "what the program puts in stays as it is";
+    form.setUpperCase(false);
+    screen.type(u"first"_qs, u"abc"_qs);
+    EXPECT_EQ(form.first->text(), u"abc");
+}
+
+TEST_F(Forms, EnterMovesOnButPressesAButtonAndBreaksALine)
+{
+    screen.focus(u"first"_qs);
+    screen.press(Qt::Key_Return);
+    EXPECT_EQ(screen.focused(), u"second");
+    screen.press(Qt::Key_Enter);
+    EXPECT_EQ(screen.focused(), u"memo");
+    screen.press(Qt::Key_Return);
+    EXPECT_EQ(screen.focused(), u"memo");
+    EXPECT_EQ(form.memo->toPlainText(), u"\n");
+    screen.focus(u"list"_qs);
+    screen.press(Qt::Key_Return);
+    EXPECT_EQ(screen.focused(), u"button");
+    form.log.clear();
+    screen.press(Qt::Key_Return);
+    EXPECT_EQ(form.log, QStringList{u"click"_qs});
+}
+
+TEST_F(Forms, FunctionKeysAndKeyHandlersComeBeforeTheControl)
+{
+    screen.focus(u"second"_qs);
+    form.log.clear();
+    screen.press(Qt::Key_F2);
+    EXPECT_EQ(form.log, QStringList{u"F2"_qs});
+    form.codes.clear();
+    screen.typeOn(u"ax1"_qs);
+    screen.press(Qt::Key_Backspace);
+    EXPECT_EQ(form.codes, (QList<int>{'A', 'X', '1', 8}));
+    EXPECT_EQ(form.second->text(), u"A") << "the X is swallowed, the 1 erased again";
+}
+
+TEST_F(Forms, AControlLosesTheFocusOnlyToAnotherOfItsForm)
+{
+    screen.focus(u"first"_qs);
+    form.log.clear();
+    Sample other;
+    other.Show();
+    settle();
+    EXPECT_TRUE(form.log.isEmpty()) << "another window in front is no loss of focus";
+    other.Unload();
+    form.activateWindow();
+    settle();
+    form.log.clear();
+    screen.press(Qt::Key_Tab);
+    EXPECT_EQ(form.log, (QStringList{u"first lost"_qs, u"second got"_qs}));
+
+    screen.focus(u"first"_qs);
+    form.log.clear();
+    form.boxOnLostFocus = true;
+    ScriptedDialogs dialogs;
+    dialogs.expect(u"stop"_qs);
+    screen.click(u"button"_qs);
+    EXPECT_EQ(form.log, (QStringList{u"first lost"_qs, u"click"_qs}))
+        << "the loss comes before the click that causes it";
+}
+
+TEST_F(Forms, LoadsOnceActivatesAndUnloads)
+{
+    Sample* modal = new Sample;
+    ModalDriver driver;
+    driver.expect(u"Form"_qs, [&](ScreenDriver& opened) {
+        EXPECT_EQ(modal->log, (QStringList{u"load"_qs, u"activate"_qs}));
+        opened.press(Qt::Key_Escape);
+    });
+    modal->ShowModal();
+    EXPECT_EQ(modal->log.last(), u"unload");
+    EXPECT_FALSE(modal->isLoaded());
+    delete modal;
+
+    Form* one = &Form::of<Sample>();
+    EXPECT_EQ(one, &Form::of<Sample>()) << "one object a screen";
+    one->Show();
+    one->close();
+    EXPECT_NE(one, &Form::of<Sample>()) << "fresh controls after an unloading";
+    delete &Form::of<Sample>();
+}
+
+TEST_F(Forms, SendKeysReachesTheFocusedControl)
+{
+    screen.focus(u"first"_qs);
+    SendKeys(u"ab{TAB}c{F2}"_qs);
+    settle();
+    EXPECT_EQ(form.first->text(), u"AB");
+    EXPECT_EQ(form.second->text(), u"C");
+    EXPECT_EQ(form.log.last(), u"F2");
+    EXPECT_THROW(SendKeys(u"{NONE}"_qs), RuntimeError);
+}
+
+TEST_F(Forms, AFailureInAHandlerReachesTheApplication)
+{
+    QString told;
+    Application::setFailureHandler(
+        [&](const std::exception& error) { told = QString::fromUtf8(error.what()); });
+    QMetaObject::invokeMethod(
+        &form, [] { throw RuntimeError(13, u"broken"_qs); }, Qt::QueuedConnection);
+    settle();
+    Application::setFailureHandler(
+        [](const std::exception& error) { ADD_FAILURE() << "uncaught in a handler: " << error.what(); });
+    EXPECT_EQ(told, u"broken");
+}
+
+TEST_F(Forms, ListsKeepTheirOrderAndTheirChoice)
+{
+    form.list->setSorted(true);
+    for (const QStringView line : {u"10:00|B", u"08:30", u"10:00|A", u"09:00", u"10:00|B second"})
+        form.list->AddItem(line.toString());
+    EXPECT_EQ(screen.list(u"list"_qs),
+              (QStringList{u"08:30"_qs, u"09:00"_qs, u"10:00|A"_qs, u"10:00|B"_qs, u"10:00|B second"_qs}));
+    screen.doubleClickRow(u"list"_qs, 2);
+    EXPECT_EQ(form.log.last(), u"double 10:00|A");
+    form.list->RemoveItem(0);
+    EXPECT_EQ(form.list->ListCount(), 4);
+    EXPECT_THROW(form.list->List(4), RuntimeError);
+
+    form.list->setMultiSelect(true);
+    form.list->clearSelection();
+    screen.clickRow(u"list"_qs, 0);
+    screen.clickRow(u"list"_qs, 2);
+    screen.clickRow(u"list"_qs, 0);
+    EXPECT_EQ(screen.selected(u"list"_qs), QStringList{u"10:00|B"_qs});
+}
+
+TEST(Panels, TheStatusBarShowsTheDayByItself)
+{
+    FixedClock clock(QDateTime(QDate(2026, 3, 16), QTime(23, 59)));
+    StatusBar bar;
+    bar.addPanel(StatusBar::Panel::Text);
+    bar.addPanel(StatusBar::Panel::Date);
+    bar.setPanel(1, u"<b>x"_qs);
+    EXPECT_EQ(bar.panel(1), u"<b>x");
+    EXPECT_EQ(bar.panel(2), u"16/03/2026");
+    EXPECT_THROW(bar.panel(3), RuntimeError);
+}
+
+TEST(Calendar, TurningTheMonthIsNoChoice)
+{
+    FixedClock clock(QDateTime(QDate(2026, 3, 16), QTime(8, 0)));
+    MonthCalendar calendar;
+    QList<QDate> chosen;
+    QObject::connect(&calendar, &MonthCalendar::dayChosen, &calendar, [&](QDate day) { chosen << day; });
+    EXPECT_EQ(calendar.Value(), QDate(2026, 3, 16));
+    calendar.showNextMonth();
+    EXPECT_EQ(calendar.Value(), QDate(2026, 3, 16));
+    calendar.setValue(QDate(2026, 12, 31));
+    EXPECT_EQ(calendar.monthShown(), 12);
+    EXPECT_TRUE(chosen.isEmpty()) << "the program's own setting is no choice";
+    calendar.show();
+    auto* days = calendar.findChild<QWidget*>(u"qt_calendar_calendarview"_qs);
+    QTest::keyClick(days, Qt::Key_Return);
+    EXPECT_EQ(chosen, QList<QDate>{QDate(2026, 12, 31)});
+}

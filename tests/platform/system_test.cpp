@@ -1,0 +1,185 @@
+#include "platform/system/error.h"
+#include "platform/system/files.h"
+#include "platform/system/http.h"
+#include "platform/system/shell.h"
+#include "support/print.h"
+
+#include <QCoreApplication>
+#include <QFile>
+#include <QTcpServer>
+#include <QTcpSocket>
+#include <QTemporaryDir>
+#include <QThread>
+#include <gtest/gtest.h>
+
+using namespace std::chrono_literals;
+
+namespace {
+
+class ProgramFolder : public testing::Test
+{
+protected:
+    ProgramFolder() { Files::setProgramFolder(folder.path()); }
+    ~ProgramFolder() override { Files::setProgramFolder({}); }
+
+    QTemporaryDir folder;
+};
+
+/// Answers one request on the loopback interface with fixed bytes; an empty answer stays silent.
+class OneAnswer : public QThread
+{
+public:
+    explicit OneAnswer(QByteArray answer) : answer_(std::move(answer))
+    {
+        start();
+        while (!port_.load())
+            msleep(1);
+    }
+    ~OneAnswer() override
+    {
+        done_ = true;
+        wait();
+    }
+    QString url() const { return QStringLiteral("http://127.0.0.1:%1/ws/1").arg(port_.load()); }
+    QByteArray request() const { return request_; }
+
+protected:
+    void run() override
+    {
+        QTcpServer server;
+        server.listen(QHostAddress::LocalHost);
+        port_ = server.serverPort();
+        for (int i = 0; i < 600 && !done_ && !server.hasPendingConnections(); ++i)
+            server.waitForNewConnection(10);
+        QTcpSocket* socket = server.nextPendingConnection();
+        if (!socket)
+            return;
+        socket->waitForReadyRead(2000);
+        request_ = socket->readAll();
+        if (!answer_.isEmpty()) {
+            socket->write(answer_);
+            socket->waitForBytesWritten(2000);
+        } else {
+            while (!done_)
+                msleep(5);
+        }
+        socket->disconnectFromHost();
+    }
+
+private:
+    QByteArray answer_;
+    QByteArray request_;
+    std::atomic<quint16> port_{0};
+    std::atomic<bool> done_{false};
+};
+
+int failureOf(const std::function<void()>& action)
+{
+    try {
+        action();
+    } catch (const RuntimeError& error) {
+        return error.number();
+    }
+    return 0;
+}
+
+} // namespace
+
+TEST_F(ProgramFolder, NamesAreFoundWhateverTheirCase)
+{
+    Files::write(Files::inProgramFolder(u"\\tremosilva.ini"_qs), "one");
+    Files::write(Files::inProgramFolder(u"\\Tremosilva.INI"_qs), "two");
+    EXPECT_EQ(QDir(folder.path()).entryList(QDir::Files), QStringList{u"tremosilva.ini"_qs})
+        << "one file, not two";
+    EXPECT_EQ(Files::read(Files::inProgramFolder(u"\\TREMOSILVA.ini"_qs)), "two");
+
+    Files::makeFolder(Files::inProgramFolder(u"\\temp"_qs));
+    EXPECT_EQ(Files::inProgramFolder(u"\\TEMP\\x.pdf"_qs), folder.path() + u"/temp/x.pdf"_qs);
+}
+
+TEST_F(ProgramFolder, FailuresOfFilesAreErrors)
+{
+    const QString missing = Files::inProgramFolder(u"\\missing"_qs);
+    EXPECT_EQ(failureOf([&] { Files::read(missing); }), 53);
+    EXPECT_EQ(failureOf([&] { Files::removeFile(missing); }), 75);
+    EXPECT_EQ(failureOf([&] { Files::write(missing + u"/below"_qs, "x"); }), 75);
+    EXPECT_EQ(failureOf([&] { Shell::open(missing); }), 53);
+    Files::write(missing, "x");
+    EXPECT_EQ(failureOf([&] { Files::makeFolder(missing + u"/below"_qs); }), 75);
+    QFile::setPermissions(missing, QFile::ReadOwner);
+    Files::removeFile(missing);
+    EXPECT_FALSE(Files::exists(missing)) << "write-protected files go too";
+}
+
+TEST_F(ProgramFolder, ProfileValues)
+{
+    const QString file = Files::inProgramFolder(u"\\a.ini"_qs);
+    Files::write(
+        file, "stray=0\r\n[Other]\r\nkey=1\r\n[CONFIG]\r\n Key = two words \r\nempty=\r\nkey=later\r\nlong=" +
+                  QByteArray(300, 'x') + "\r\n\xe3=\xe7\r\n[After]\r\nafter=3\r\n");
+    struct
+    {
+        QString section, key, expected;
+    } const rows[] = {{u"config"_qs, u"KEY"_qs, u"two words"_qs},
+                      {u"CONFIG"_qs, u"empty"_qs, u""_qs},
+                      {u"CONFIG"_qs, u"stray"_qs, u"none"_qs},
+                      {u"CONFIG"_qs, u"after"_qs, u"none"_qs},
+                      {u"Other"_qs, u"key"_qs, u"1"_qs},
+                      {u"CONFIG"_qs, u"ã"_qs, u"ç"_qs},
+                      {u"CONFIG"_qs, u"long"_qs, QString(254, u'x')}};
+    for (const auto& row : rows)
+        EXPECT_EQ(Files::profileValue(row.section, row.key, u"none"_qs, file), row.expected)
+            << row.key.toStdString();
+    EXPECT_EQ(Files::profileValue(u"CONFIG"_qs, u"key"_qs, u"none"_qs, file + u"x"_qs), u"none");
+}
+
+TEST_F(ProgramFolder, OpeningStartsAProgramAndHandsOnTheRest)
+{
+    const QString script = Files::inProgramFolder(u"\\adm_atu.exe"_qs);
+    Files::write(script, "#!/bin/sh\ntouch started\n");
+    QFile::setPermissions(script, QFile::ReadOwner | QFile::ExeOwner | QFile::WriteOwner);
+    Shell::open(script);
+    const QString trace = folder.filePath(u"started"_qs);
+    for (int i = 0; i < 500 && !Files::exists(trace); ++i)
+        QThread::msleep(10);
+    EXPECT_TRUE(Files::exists(trace));
+
+    QStringList opened;
+    Shell::setHandler([&](const QString& target) { opened << target; });
+    Shell::open(u"https://tremosilva.example/x"_qs);
+    Shell::setHandler({});
+    EXPECT_EQ(opened, QStringList{u"https://tremosilva.example/x"_qs});
+}
+
+TEST(HttpGet, AnswersOfAnyStatusComeBackWhole)
+{
+    OneAnswer good("HTTP/1.1 200 OK\r\nContent-Length: 5\r\n\r\nab\ncd");
+    const Http::Response answer = Http::get(good.url(), 5s, "Mozilla/5.0");
+    EXPECT_EQ(answer.status, 200);
+    EXPECT_EQ(answer.body, "ab\ncd");
+    EXPECT_TRUE(good.request().startsWith("GET /ws/1 HTTP/1.1\r\n"));
+    EXPECT_TRUE(good.request().contains("User-Agent: Mozilla/5.0\r\n"));
+
+    OneAnswer missing("HTTP/1.1 404 Not Found\r\nContent-Length: 4\r\n\r\ngone");
+    const Http::Response refused = Http::get(missing.url(), 5s);
+    EXPECT_EQ(refused.status, 404);
+    EXPECT_EQ(refused.body, "gone");
+}
+
+TEST(HttpGet, FailuresHaveTheirNumbers)
+{
+    {
+        OneAnswer silent("");
+        EXPECT_EQ(failureOf([&] { Http::get(silent.url(), 200ms); }), 12002);
+    }
+    OneAnswer broken("HTTP/1.1 200 OK\r\nContent-Length: 100\r\n\r\nab");
+    EXPECT_EQ(failureOf([&] { Http::get(broken.url(), 5s); }), 12030);
+
+    QTcpServer closed;
+    closed.listen(QHostAddress::LocalHost);
+    const QString url = QStringLiteral("http://127.0.0.1:%1/").arg(closed.serverPort());
+    closed.close();
+    EXPECT_EQ(failureOf([&] { Http::get(url, 5s); }), 12029);
+    EXPECT_EQ(failureOf([] { Http::get(u"ftp://127.0.0.1/"_qs, 5s); }), 12005);
+    EXPECT_EQ(failureOf([] { Http::get(u"http://"_qs, 5s); }), 12005);
+}

@@ -1,0 +1,55 @@
+#include "support/modaldriver.h"
+
+#include "platform/forms/form.h"
+#include "support/report.h"
+
+#include <QApplication>
+
+ModalDriver::ModalDriver()
+{
+    connect(&timer_, &QTimer::timeout, this, &ModalDriver::look);
+    timer_.start(5);
+}
+
+ModalDriver::~ModalDriver()
+{
+    for (const Expected& one : expected_)
+        Report::fail(QStringLiteral("the screen %1 did not open").arg(one.screen));
+}
+
+void ModalDriver::expect(const QString& screen, std::function<void(ScreenDriver&)> steps)
+{
+    expected_ << Expected{screen, std::move(steps)};
+}
+
+void ModalDriver::look()
+{
+    auto* form = qobject_cast<Form*>(QApplication::activeModalWidget());
+    if (!form || !form->isVisible()) {
+        stranger_ = nullptr;
+        return;
+    }
+    if (expected_.isEmpty() || expected_.first().screen != QLatin1String(form->metaObject()->className())) {
+        // It may be a screen whose steps are under way: only one that stands there for a second is a
+        // stranger.
+        if (form->property("driven").toBool())
+            return;
+        looks_ = stranger_ == form ? looks_ + 1 : 0;
+        stranger_ = form;
+        if (looks_ > 200) {
+            Report::fail(
+                QStringLiteral("unexpected screen %1").arg(QLatin1String(form->metaObject()->className())));
+            form->Unload();
+        }
+        return;
+    }
+    const Expected one = expected_.takeFirst();
+    form->setProperty("driven", true);
+    ScreenDriver driver(*form);
+    settle(); // its activation
+    one.steps(driver);
+    if (driver.isOpen()) {
+        Report::fail(QStringLiteral("the steps left the screen %1 open").arg(one.screen));
+        static_cast<Form&>(driver.window()).Unload();
+    }
+}

@@ -1,0 +1,98 @@
+#include "support/scripteddialogs.h"
+
+#include "support/report.h"
+
+class ScriptedDialogs::Stand : public Dialogs
+{
+public:
+    explicit Stand(ScriptedDialogs& script) : script_(script) {}
+
+    Answer message(const MessageBox& box) override
+    {
+        if (script_.watcher_)
+            script_.watcher_(box);
+        const bool question = box.buttons == Buttons::YesNo;
+        const auto found = script_.next(question ? Kind::Question : Kind::Message, box.text, box.title);
+        if (!question)
+            return checkedIcon(found, box);
+        if (box.standard != Answer::No)
+            Report::fail(QStringLiteral("the question \"%1\" does not default to No").arg(box.text));
+        return found && found->yes ? Answer::Yes : Answer::No;
+    }
+
+    std::optional<QString> input(const QString& prompt, const QString& title, const QString&) override
+    {
+        const auto found = script_.next(Kind::Input, prompt, title);
+        return found ? found->answer : std::nullopt;
+    }
+
+    std::optional<QString> file(const FileDialog& dialog) override
+    {
+        const auto found = script_.next(Kind::File, {}, dialog.title);
+        return found ? found->answer : std::nullopt;
+    }
+
+private:
+    static Answer checkedIcon(const std::optional<Expected>& found, const MessageBox& box)
+    {
+        if (found && found->icon && *found->icon != box.icon)
+            Report::fail(QStringLiteral("the box \"%1\" has another icon").arg(box.text));
+        return Answer::Ok;
+    }
+
+    ScriptedDialogs& script_;
+};
+
+ScriptedDialogs::ScriptedDialogs() : before_(Dialogs::install(std::make_unique<Stand>(*this))) {}
+
+ScriptedDialogs::~ScriptedDialogs()
+{
+    verify();
+    Dialogs::install(std::move(before_));
+}
+
+void ScriptedDialogs::expect(const QString& text, const QString& title, std::optional<Icon> icon)
+{
+    expected_ << Expected{Kind::Message, text, title, icon, false, {}};
+}
+
+void ScriptedDialogs::expectQuestion(const QString& text, bool yes, const QString& title)
+{
+    expected_ << Expected{Kind::Question, text, title, {}, yes, {}};
+}
+
+void ScriptedDialogs::expectInput(const QString& prompt, const std::optional<QString>& answer,
+                                  const QString& title)
+{
+    expected_ << Expected{Kind::Input, prompt, title, {}, false, answer};
+}
+
+void ScriptedDialogs::expectFile(const std::optional<QString>& path, const QString& title)
+{
+    expected_ << Expected{Kind::File, {}, title, {}, false, path};
+}
+
+void ScriptedDialogs::verify()
+{
+    for (const Expected& one : expected_)
+        Report::fail(
+            QStringLiteral("the box \"%1\" did not come").arg(one.text.isEmpty() ? one.title : one.text));
+    expected_.clear();
+}
+
+std::optional<ScriptedDialogs::Expected> ScriptedDialogs::next(Kind kind, const QString& text,
+                                                               const QString& title)
+{
+    seen_ << text;
+    if (expected_.isEmpty()) {
+        Report::fail(QStringLiteral("unexpected box \"%1\" (%2)").arg(text, title));
+        return {};
+    }
+    const Expected one = expected_.takeFirst();
+    if (one.kind != kind || one.text != text || (!one.title.isEmpty() && one.title != title)) {
+        Report::fail(QStringLiteral("the box \"%1\" (%2) came where \"%3\" (%4) was expected")
+                         .arg(text, title, one.text, one.title));
+        return {};
+    }
+    return one;
+}

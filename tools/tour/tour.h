@@ -1,0 +1,50 @@
+#pragma once
+
+#include "support/modaldriver.h"
+#include "support/screendriver.h"
+
+#include <QDir>
+#include <QTimer>
+
+class QMenu;
+
+/// Walks through the program's real windows and keeps a picture of what a user sees at each step, numbered in
+/// the order of the walk. A step that does not work ends the walk with status 1.
+class Tour : public QObject
+{
+public:
+    explicit Tour(const QString& pictures);
+
+    /// A screen that the next step opens modally.
+    void screen(const QString& name, std::function<void(ScreenDriver&)> steps)
+    {
+        modal_.expect(name, std::move(steps));
+    }
+
+    /// A message box that the next step brings: its picture is kept under `name`, and the button pressed.
+    void box(const QString& name, const QString& button);
+
+    void picture(const QString& name, const ScreenDriver& screen);
+    void picture(const QString& name, const QImage& image);
+    /// The window with one of its menus hanging open.
+    void pictureWithMenu(const QString& name, const ScreenDriver& screen, QMenu& menu);
+    /// The window at 1.5 and 2 times its size, each with a picture; then as it was.
+    void enlarged(const QString& name, ScreenDriver& screen);
+
+    int count() const { return count_; }
+
+private:
+    struct Box
+    {
+        QString name;
+        QString button;
+    };
+
+    void look();
+
+    QDir pictures_;
+    int count_ = 0;
+    ModalDriver modal_;
+    QList<Box> boxes_;
+    QTimer timer_;
+};
