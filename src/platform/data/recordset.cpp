@@ -125,17 +125,16 @@ void Recordset::Requery()
     std::vector<qsizetype> keyColumns;
     if (const Column* first = BaseTable::firstColumn(columns_))
         keyColumns = BaseTable::keyColumns(columns_, first->tableAlias, primaryKey(*first));
+    const bool wasOnRow = onRow();
     const qsizetype position = position_;
-    const auto key = onRow() ? valuesOf(rowAt(position), keyColumns) : std::vector<WireValue>();
+    const auto key = wasOnRow ? valuesOf(rowAt(position), keyColumns) : std::vector<WireValue>();
     run();
-    const auto isSame = [&](qsizetype candidate) { return valuesOf(rowAt(candidate), keyColumns) == key; };
     const auto count = qsizetype(visible_.size());
-    const bool wasOnRow = position >= 0 && !key.empty();
+    const auto isSame = [&](qsizetype candidate) { return valuesOf(rowAt(candidate), keyColumns) == key; };
     // Where a join repeats a key, the row at the same position is meant.
-    if (position >= 0 && position < count && (!wasOnRow || isSame(position)))
+    if (wasOnRow && position < count && isSame(position))
         position_ = position;
     else if (wasOnRow) {
-        position_ = 0;
         while (position_ < count && !isSame(position_))
             ++position_;
         if (position_ == count)
@@ -250,7 +249,7 @@ void Recordset::setBookmark(qsizetype mark)
 Field Recordset::Fields(QAnyStringView name)
 {
     requireOpen();
-    const QByteArray utf16AsUtf8 = name.visit([](auto view) {
+    const QByteArray wanted = name.visit([](auto view) {
         if constexpr (std::is_same_v<decltype(view), QStringView>)
             return view.toUtf8();
         else
@@ -262,8 +261,8 @@ Field Recordset::Fields(QAnyStringView name)
     for (qsizetype step = 1; step <= count; ++step) {
         const qsizetype place = (lastField_ + step) % count;
         const QByteArray& candidate = names_[std::size_t(place)];
-        if (candidate.size() == utf16AsUtf8.size() && !candidate.isEmpty() &&
-            qstrnicmp(candidate.constData(), utf16AsUtf8.constData(), std::size_t(candidate.size())) == 0) {
+        if (candidate.size() == wanted.size() && !candidate.isEmpty() &&
+            qstrnicmp(candidate.constData(), wanted.constData(), std::size_t(candidate.size())) == 0) {
             lastField_ = place;
             return Field(*this, place);
         }
