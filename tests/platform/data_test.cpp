@@ -1,30 +1,337 @@
 #include "platform/data/error.h"
-#include "platform/data/recordset.h"
-#include "support/database.h"
-
-#include <gtest/gtest.h>
+#include "platform/datafixture.h"
 
 using namespace ADODB;
 
-TEST(Smoke, Reads)
+namespace {
+
+using Data = DataFixture;
+
+TEST_F(Data, AFieldSaysWhatItHoldsAndShowsItAsTheWorkstationWritesIt)
 {
-    auto& db = Database::instance();
-    db.execute(QStringLiteral(
-        "create table t (id int auto_increment primary key, nm varchar(60), v decimal(15,2), d date)"));
-    Connection c;
-    c.setConnectionString(db.connectionString());
-    c.Open();
-    Recordset rs;
-    rs.setCursorLocation(3);
-    rs.Open(QStringLiteral("select * from t"), c, 3, 3);
-    rs.AddNew();
-    rs.Fields("NM") = QStringLiteral("O'Hara \\ 😀");
-    rs.Fields("v") = QStringLiteral("12,5");
-    rs.Fields("d") = QDate(2026, 1, 31);
-    rs.Update();
-    EXPECT_EQ(rs.Fields("id").integer(), 1);
-    EXPECT_EQ(rs.Fields("v").text(), u"12,50");
-    EXPECT_EQ(rs.Fields("d").text(), u"31/01/2026");
-    EXPECT_EQ(db.rows(QStringLiteral("select * from t")),
-              (QList<QStringList>{{u"1"_qs, u"O'Hara \\ 😀"_qs, u"12.50"_qs, u"2026-01-31"_qs}}));
+    struct Case
+    {
+        QString expression;
+        Field::Type type;
+        QString text;
+        QVariant value;
+    };
+    const auto number = Field::Type::Number;
+    const auto date = Field::Type::Date;
+    const Case cases[] = {
+        {u"-12"_qs, number, u"-12"_qs, qint64(-12)},
+        {u"9223372036854775807"_qs, number, u"9223372036854775807"_qs, std::numeric_limits<qint64>::max()},
+        {u"cast(1234.5 as decimal(15,2))"_qs, number, u"1234,50"_qs, 1234.5},
+        {u"cast(-0.05 as decimal(15,4))"_qs, number, u"-0,0500"_qs, -0.05},
+        {u"12.5e0"_qs, number, u"12,5"_qs, 12.5},
+        {u"date('2026-01-31')"_qs, date, u"31/01/2026"_qs, QDate(2026, 1, 31)},
+        {u"time('08:05:00')"_qs, date, u"08:05:00"_qs, QTime(8, 5)},
+        {u"timestamp('2026-01-31 08:05:09')"_qs, date, u"31/01/2026 08:05:09"_qs,
+         QDateTime(QDate(2026, 1, 31), QTime(8, 5, 9))},
+        {u"timestamp('2026-01-31 00:00:00')"_qs, date, u"31/01/2026"_qs,
+         QDateTime(QDate(2026, 1, 31), QTime(0, 0))},
+        {u"'ação 日本 😀'"_qs, Field::Type::Text, u"ação 日本 😀"_qs, u"ação 日本 😀"_qs},
+        {u"''"_qs, Field::Type::Text, u""_qs, u""_qs},
+        {u"cast(null as date)"_qs, Field::Type::Null, u""_qs, QVariant()},
+    };
+    for (const int location : {Recordset::ServerSide, Recordset::ClientSide})
+        for (const Case& given : cases) {
+            SCOPED_TRACE(given.expression.toStdString());
+            Recordset rs;
+            rs.setCursorLocation(location);
+            rs.Open(u"select %1 as v"_qs.arg(given.expression), connection);
+            EXPECT_EQ(rs.Fields("v").type(), given.type);
+            EXPECT_EQ(rs.Fields("v").text(), given.text);
+            EXPECT_EQ(rs.Fields("v").value(), given.value);
+            EXPECT_EQ(rs.Fields("v").isNull(), given.type == Field::Type::Null);
+        }
 }
+
+TEST_F(Data, AFieldIsReadAsNumberAndDateOutOfTextToo)
+{
+    Recordset rs;
+    rs.Open(
+        u"select '12,5' a, 'doze' b, '31/01/2026' c, cast(2.5 as decimal(5,1)) d, null e, date('2026-01-31') f"_qs,
+        connection);
+    EXPECT_EQ(rs.Fields("a").number(), 12.5);
+    EXPECT_EQ(rs.Fields("a").integer(), 12);
+    EXPECT_EQ(errorOf([&] { rs.Fields("b").number(); }), 13);
+    EXPECT_EQ(errorOf([&] { rs.Fields("f").number(); }), 13);
+    EXPECT_EQ(rs.Fields("c").date().date(), QDate(2026, 1, 31));
+    EXPECT_FALSE(rs.Fields("b").date().isValid());
+    EXPECT_EQ(rs.Fields("d").integer(), 2);
+    EXPECT_EQ(rs.Fields("e").number(), 0);
+    EXPECT_EQ(rs.Fields("e").integer(), 0);
+    EXPECT_FALSE(rs.Fields("e").date().isValid());
+}
+
+TEST_F(Data, FieldsAreFoundByNameInAnyCaseAndTheFirstOfTwoWins)
+{
+    Recordset rs;
+    rs.Open(u"select 1 as id, 'a' as nmPac, 2 as ID, 'b' as obs"_qs, connection);
+    for (int round = 0; round < 3; ++round) {
+        EXPECT_EQ(rs.Fields("NMPAC").text(), u"a");
+        EXPECT_EQ(rs.Fields(u"Id"_qs).integer(), 1);
+        EXPECT_EQ(rs.Fields("obs").text(), u"b");
+    }
+    try {
+        rs.Fields("nmpa");
+        FAIL();
+    } catch (const Error& error) {
+        EXPECT_EQ(error.number(), 3265);
+        EXPECT_TRUE(error.description().contains(u"\"nmpa\""));
+    }
+}
+
+TEST_F(Data, RowsComeWholeAcrossTheEdgesOfBlocks)
+{
+    for (const int count : {0, 1, 255, 256, 257, 512, 513, 1000})
+        for (const int location : {Recordset::ServerSide, Recordset::ClientSide}) {
+            SCOPED_TRACE(count);
+            Recordset rs;
+            rs.setCursorLocation(location);
+            rs.Open(u"select seq as n, concat('linha ', seq) as t from seq_1_to_1000 where seq <= %1"_qs.arg(
+                        count),
+                    connection);
+            EXPECT_EQ(rs.Bof(), count == 0);
+            int read = 0;
+            for (; !rs.Eof(); rs.MoveNext()) {
+                ++read;
+                ASSERT_EQ(rs.Fields("n").integer(), read);
+                ASSERT_EQ(rs.Fields("t").text(), u"linha %1"_qs.arg(read));
+            }
+            EXPECT_EQ(read, count);
+            EXPECT_EQ(errorOf([&] { rs.Fields("n").text(); }), 3021);
+            EXPECT_EQ(errorOf([&] { rs.MoveNext(); }), 3021);
+        }
+}
+
+// Columns that a loop does not look at are no longer transferred; a loop that begins to, later, must not
+// notice.
+TEST_F(Data, AColumnMayBeReadForTheFirstTimeAnywhere)
+{
+    Recordset rs;
+    rs.Open(u"select seq as n, if(seq % 3, concat('linha ', seq), null) as t, repeat('é', seq) as longo"
+            " from seq_1_to_1500"_qs,
+            connection);
+    for (int n = 1; !rs.Eof(); rs.MoveNext(), ++n) {
+        ASSERT_EQ(rs.Fields("n").integer(), n);
+        if (n == 700 || n == 703 || n > 1200) {
+            ASSERT_EQ(rs.Fields("t").isNull(), n % 3 == 0) << n;
+            ASSERT_EQ(rs.Fields("t").text(), n % 3 ? u"linha %1"_qs.arg(n) : QString());
+            ASSERT_EQ(rs.Fields("longo").text(), QString(n, u'é'));
+        }
+    }
+}
+
+TEST_F(Data, ALongTextIsNeverCut)
+{
+    for (const int location : {Recordset::ServerSide, Recordset::ClientSide})
+        for (const int size : {127, 128, 255, 256, 257, 150'000}) {
+            SCOPED_TRACE(size);
+            Recordset rs;
+            rs.setCursorLocation(location);
+            rs.Open(u"select 'antes' a, repeat('é', %1) t, repeat('z', %1) z, 'depois' d union all"
+                    " select '2', 'x', null, repeat('y', %1)"_qs.arg(size),
+                    connection);
+            EXPECT_EQ(rs.Fields("a").text(), u"antes");
+            EXPECT_EQ(rs.Fields("t").text(), QString(size, u'é'));
+            EXPECT_EQ(rs.Fields("z").text(), QString(size, u'z'));
+            EXPECT_EQ(rs.Fields("d").text(), u"depois");
+            rs.MoveNext();
+            EXPECT_EQ(rs.Fields("t").text(), u"x");
+            EXPECT_TRUE(rs.Fields("z").isNull());
+            EXPECT_EQ(rs.Fields("d").text(), QString(size, u'y'));
+        }
+}
+
+TEST_F(Data, TheServersErrorComesWithItsNumberStateTextAndStatement)
+{
+    struct Case
+    {
+        QString statement;
+        int number;
+        QString state;
+        QString words;
+    };
+    const QString name = u"D'Ávila"_qs;
+    const Case cases[] = {
+        {u"selec 1"_qs, 1064, u"42000"_qs, u"syntax"_qs},
+        {u"insert into plano (nmplano) values ('"_qs + name + u"')"_qs, 1064, u"42000"_qs, u"vila"_qs},
+        {u"select nada from plano"_qs, 1054, u"42S22"_qs, u"nada"_qs},
+        {u"select * from nenhuma"_qs, 1146, u"42S02"_qs, u"nenhuma"_qs},
+        {u"insert into plano (sit) values (null)"_qs, 1048, u"23000"_qs, u"sit"_qs},
+        {u"insert into plano (inicio) values ('31/01/2026x')"_qs, 1292, u"22007"_qs, u"inicio"_qs},
+        {u"create table outra (a int)"_qs, 1142, u"42000"_qs, u"denied"_qs},
+    };
+    for (const Case& given : cases) {
+        SCOPED_TRACE(given.statement.toStdString());
+        try {
+            connection.Execute(given.statement);
+            ADD_FAILURE() << "no error";
+        } catch (const Error& error) {
+            EXPECT_EQ(error.number(), given.number);
+            EXPECT_EQ(error.sqlState(), given.state);
+            EXPECT_TRUE(error.description().contains(given.words)) << error.description().toStdString();
+            EXPECT_FALSE(error.description().startsWith(u'['));
+            EXPECT_EQ(error.detail(), given.statement);
+        }
+    }
+    EXPECT_EQ(connection.State(), 1);
+    EXPECT_EQ(planos(), Table());
+}
+
+TEST_F(Data, ARefusedConnectionNamesNoPassword)
+{
+    Connection other;
+    other.setConnectionString(
+        database().connectionString().replace(u"Password=s3nha"_qs, u"Password=segredo"_qs));
+    try {
+        other.Open();
+        FAIL();
+    } catch (const Error& error) {
+        EXPECT_EQ(error.number(), 1045);
+        EXPECT_FALSE((error.description() + error.detail()).contains(u"segredo"));
+    }
+    EXPECT_EQ(other.State(), 0);
+}
+
+TEST_F(Data, WhatIsClosedOrOpenAlreadyIsRefusedByNumber)
+{
+    EXPECT_EQ(errorOf([&] { connection.Open(); }), 3705);
+    EXPECT_EQ(errorOf([&] { connection.CommitTrans(); }), 3219);
+    Recordset rs;
+    EXPECT_EQ(errorOf([&] { rs.Eof(); }), 3704);
+    rs.Open(u"select 1 as a"_qs, connection);
+    EXPECT_EQ(rs.State(), 1);
+    EXPECT_EQ(errorOf([&] { rs.Open(u"select 2"_qs, connection); }), 3705);
+    EXPECT_EQ(errorOf([&] { rs.MovePrevious(); }), 3219);
+    EXPECT_EQ(errorOf([&] { rs.Find(u"a = 1"_qs); }), 3219);
+    EXPECT_EQ(errorOf([&] { rs.Fields("a") = 2; }), 3251);
+    rs.Close();
+    EXPECT_EQ(errorOf([&] { rs.Fields("a").text(); }), 3704);
+    connection.Close();
+    EXPECT_EQ(errorOf([&] { rs.Open(u"select 1"_qs, connection); }), 3704);
+    EXPECT_EQ(errorOf([&] { connection.BeginTrans(); }), 3704);
+}
+
+TEST_F(Data, ClosingTheConnectionClosesItsRecordsets)
+{
+    Recordset forward;
+    Recordset memory;
+    {
+        Connection own;
+        connect(own);
+        forward.Open(u"select seq from seq_1_to_1000"_qs, own);
+        memory.Open(u"select * from plano"_qs, own, 3, 3);
+        own.Close();
+        EXPECT_EQ(forward.State(), 0);
+        EXPECT_EQ(errorOf([&] { memory.AddNew(); }), 3704);
+        own.Open();
+        forward.Open(u"select seq from seq_1_to_1000"_qs, own);
+        memory.Open(u"select * from plano"_qs, own, 3, 3);
+    }
+    EXPECT_EQ(errorOf([&] { forward.MoveNext(); }), 3704);
+    EXPECT_EQ(errorOf([&] { memory.Requery(); }), 3704);
+}
+
+TEST_F(Data, AChangingStatementRunsThroughExecuteOpenAndCommand)
+{
+    EXPECT_EQ(connection.Execute(u"insert into plano (nmplano) values ('A'), ('B'), ('C')"_qs), 3);
+    EXPECT_EQ(connection.Execute(u"update plano set nmplano = 'A' where idplano = 1"_qs), 1);
+    EXPECT_EQ(connection.Execute(u"update plano set nmplano = 'A' where idplano = 9"_qs), 0);
+
+    Recordset rs;
+    rs.Open(u"delete from plano where idplano like 1"_qs, connection, 2, 3);
+    EXPECT_EQ(rs.State(), 0);
+
+    Command command;
+    command.setActiveConnection(&connection);
+    command.setCommandType(1);
+    command.setCommandText(u"update plano set nmplano = 'Z' where idplano = 2"_qs);
+    rs.setCursorLocation(3);
+    rs.Open(command, 1, 2);
+    EXPECT_EQ(rs.State(), 0);
+    EXPECT_EQ(planos(), (Table{{u"2"_qs, u"Z"_qs}, {u"3"_qs, u"C"_qs}}));
+    EXPECT_EQ(errorOf([&] { command.setCommandType(4); }), 3001);
+}
+
+TEST_F(Data, ATransactionShowsAtItsCommitAndGoesWithItsConnection)
+{
+    connection.BeginTrans();
+    EXPECT_EQ(errorOf([&] { connection.BeginTrans(); }), 3219);
+    connection.Execute(u"insert into plano (nmplano) values ('FICA')"_qs);
+    EXPECT_EQ(planos(), Table());
+    connection.CommitTrans();
+    EXPECT_EQ(planos(), (Table{{u"1"_qs, u"FICA"_qs}}));
+
+    connection.BeginTrans();
+    connection.Execute(u"insert into plano (nmplano) values ('VAI')"_qs);
+    connection.Close();
+    EXPECT_EQ(planos().size(), 1);
+
+    // The next connection commits every statement by itself again, and no lock of the old one is left.
+    connection.Open();
+    connection.Execute(u"update plano set nmplano = 'SOLTO'"_qs);
+    EXPECT_EQ(planos(), (Table{{u"1"_qs, u"SOLTO"_qs}}));
+}
+
+TEST_F(Data, AfterTheServerIsLostTheConnectionCanBeMadeAgain)
+{
+    Recordset rs;
+    open(rs, u"select * from plano"_qs);
+    connection.BeginTrans();
+    Recordset id;
+    id.Open(u"select connection_id() as id"_qs, connection);
+    database().execute(u"kill "_qs + id.Fields("id").text());
+    id.Close();
+    try {
+        connection.Execute(u"insert into plano (nmplano) values ('X')"_qs);
+        ADD_FAILURE() << "no error";
+    } catch (const Error& error) {
+        // 08003 or 08S01, as the connector notices it before or while it sends.
+        EXPECT_TRUE(error.sqlState().startsWith(u"08")) << error.description().toStdString();
+        EXPECT_FALSE(error.description().isEmpty());
+    }
+    EXPECT_THROW(rs.Requery(), Error);
+    connection.Close();
+    EXPECT_EQ(connection.State(), 0);
+    connection.Open();
+    EXPECT_EQ(connection.Execute(u"insert into plano (nmplano) values ('X')"_qs), 1);
+}
+
+TEST_F(Data, TwoResultsAndTwoConnectionsStandSideBySide)
+{
+    Connection second;
+    connect(second);
+    Recordset outer;
+    outer.Open(u"select seq as n from seq_1_to_600"_qs, connection);
+    for (; !outer.Eof(); outer.MoveNext()) {
+        Recordset inner;
+        inner.Open(u"select %1 * 2 as d"_qs.arg(outer.Fields("n").text()),
+                   outer.Fields("n").integer() % 2 ? connection : second);
+        ASSERT_EQ(inner.Fields("d").integer(), outer.Fields("n").integer() * 2);
+    }
+}
+
+TEST_F(Data, EveryStatementPassesTheObserver)
+{
+    QStringList seen;
+    Connection::setObserver([&](const StatementEvent& event) {
+        EXPECT_GE(event.seconds, 0);
+        seen << (event.ok ? u"+"_qs : u"-"_qs) + event.statement.section(u' ', 0, 0);
+    });
+    connection.Execute(u"insert into plano (nmplano) values ('A')"_qs);
+    Recordset rs;
+    open(rs, u"select * from plano"_qs);
+    rs.Fields("nmplano") = u"B"_qs;
+    rs.Update();
+    rs.Delete();
+    EXPECT_NE(errorOf([&] { connection.Execute(u"selec"_qs); }), 0);
+    Connection::setObserver({});
+    connection.Execute(u"delete from plano"_qs);
+    EXPECT_EQ(seen, (QStringList{u"+insert"_qs, u"+select"_qs, u"+update"_qs, u"+select"_qs, u"+delete"_qs,
+                                 u"-selec"_qs}));
+}
+
+} // namespace

@@ -22,6 +22,10 @@ public:
     QString user() const { return name_; }
     QString password() const { return QStringLiteral("s3nha=Teste"); }
 
+    /// What the tests' start and end do, for a program that is no test. Needs the application object.
+    void create();
+    void drop();
+
     /// Empties all tables; their numbering starts at 1 again.
     void clear();
     /// One or more statements, separated by semicolons.
@@ -32,11 +36,7 @@ public:
     QString value(const QString& query);
 
 private:
-    friend class DatabaseEnvironment;
-
     Database() = default;
-    void create();
-    void drop();
     QByteArray client(const QByteArray& statements, const QStringList& options = {});
 
     QString name_;

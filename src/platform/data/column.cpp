@@ -104,7 +104,9 @@ QDateTime date(const Column& column, QByteArrayView cell)
 {
     switch (column.kind) {
     case ColumnKind::Date:
-        return QDate::fromString(utf8(cell), Qt::ISODate).startOfDay();
+        // Built as readDate builds it, so that the two compare equal on a day that summer time began at
+        // midnight.
+        return QDateTime(QDate::fromString(utf8(cell), Qt::ISODate), QTime(0, 0));
     case ColumnKind::Time:
         return QDateTime(QDate(1899, 12, 30), QTime::fromString(utf8(cell), Qt::ISODate));
     case ColumnKind::DateTime:

@@ -13,10 +13,13 @@ using ADODB::Error;
 
 namespace {
 
-/// A slot's size for values whose length is short, unknown or long. Longer values are fetched one by one.
+constexpr qsizetype longestVarchar = 255;
 constexpr qsizetype shortestSlot = 16;
-constexpr qsizetype longestSlot = 256;
-/// A block stays within the processor's second-level cache.
+/// What a text may take before its real length is known, and what a slot may grow to when longer texts have
+/// come.
+constexpr qsizetype firstTextSlot = 256;
+constexpr qsizetype longestSlot = 64 * 1024;
+/// A block stays within the processor's second-level cache, unless a single row is longer.
 constexpr qsizetype blockBytes = 128 * 1024;
 constexpr qsizetype mostBlockRows = 256;
 
@@ -171,11 +174,12 @@ Statement::Statement(std::shared_ptr<Session> session, const QByteArray& sql,
         lengths[i] = parameters[i] ? SQLLEN(value.size()) : SQL_NULL_DATA;
         checked(SQL_HANDLE_STMT, handle_, sql_, [&] {
             return SQLBindParameter(handle_, SQLUSMALLINT(i + 1), SQL_PARAM_INPUT, SQL_C_CHAR,
-                                    value.size() > longestSlot ? SQL_LONGVARCHAR : SQL_VARCHAR,
+                                    value.size() > longestVarchar ? SQL_LONGVARCHAR : SQL_VARCHAR,
                                     SQLULEN(std::max<qsizetype>(value.size(), 1)), 0, bytes(value),
                                     value.size(), &lengths[i]);
         });
     }
+    setAttribute(SQL_ATTR_CURSOR_TYPE, attribute(SQL_CURSOR_STATIC));
     checked(SQL_HANDLE_STMT, handle_, sql_,
             [&] { return SQLExecDirect(handle_, bytes(sql_), SQLINTEGER(sql_.size())); });
     describe();
@@ -227,7 +231,7 @@ Column Statement::describe(int number)
     Column column;
     column.name = text(SQL_DESC_NAME);
     column.kind = kindOf(numeric(SQL_DESC_CONCISE_TYPE));
-    column.bytes = int(std::clamp<SQLLEN>(numeric(SQL_DESC_OCTET_LENGTH), 0, longestSlot));
+    column.bytes = int(std::clamp<SQLLEN>(numeric(SQL_DESC_OCTET_LENGTH), 0, firstTextSlot));
     column.autoIncrement = numeric(SQL_DESC_AUTO_UNIQUE_VALUE) == SQL_TRUE;
     column.catalog = text(SQL_DESC_CATALOG_NAME);
     column.table = text(SQL_DESC_BASE_TABLE_NAME);
@@ -236,33 +240,50 @@ Column Statement::describe(int number)
     return column;
 }
 
-/// Gives every column a slot in a row-wise block: the length, then the bytes, up to the next multiple of
-/// eight.
-void Statement::bindBlock()
+void Statement::setAttribute(int what, void* value)
 {
-    const auto aligned = [](qsizetype size) { return (size + 7) / 8 * 8; };
-    for (const Column& column : columns_) {
-        // A number or a date takes more room as text than as the server stores it.
-        const qsizetype wanted = column.kind == ColumnKind::Text ? column.bytes + 1 : column.bytes + 32;
-        const qsizetype capacity = aligned(std::clamp(wanted, shortestSlot, longestSlot));
-        slots_.push_back({rowBytes_ + qsizetype(sizeof(SQLLEN)), rowBytes_, capacity});
-        rowBytes_ += qsizetype(sizeof(SQLLEN)) + capacity;
+    checked(SQL_HANDLE_STMT, handle_, sql_, [&] { return SQLSetStmtAttr(handle_, what, value, 0); });
+}
+
+/// Gives every slot the capacity it requires. At the first block that is a guess.
+void Statement::layOutBlock()
+{
+    if (slots_.empty())
+        for (const Column& column : columns_) {
+            // A number or a date takes more room as text than as the server stores it.
+            const qsizetype room = column.kind == ColumnKind::Text ? column.bytes + 1 : column.bytes + 32;
+            slots_.push_back({.required = std::clamp(room, shortestSlot, firstTextSlot)});
+        }
+    constexpr qsizetype alignment = sizeof(SQLLEN);
+    rowBytes_ = 0;
+    for (Slot& slot : slots_) {
+        slot.capacity = (slot.required + alignment - 1) / alignment * alignment;
+        slot.lengthOffset = rowBytes_;
+        slot.offset = rowBytes_ + qsizetype(sizeof(SQLLEN));
+        slot.bound = false;
+        rowBytes_ = slot.offset + slot.capacity;
     }
     blockRows_ = std::clamp<qsizetype>(blockBytes / rowBytes_, 1, mostBlockRows);
-    block_.resize(std::size_t(rowBytes_ * blockRows_));
+    block_.resize(std::size_t(rowBytes_ * (blockRows_ + 1)));
+    setAttribute(SQL_ATTR_ROW_BIND_TYPE, attribute(std::uintptr_t(rowBytes_)));
+    setAttribute(SQL_ATTR_ROW_BIND_OFFSET_PTR, &bindOffset_);
+    setAttribute(SQL_ATTR_ROWS_FETCHED_PTR, &rowsFetched_);
+    setAttribute(SQL_ATTR_ROW_ARRAY_SIZE, attribute(std::uintptr_t(blockRows_)));
+}
 
-    const auto set = [&](SQLINTEGER what, SQLPOINTER value) {
-        checked(SQL_HANDLE_STMT, handle_, sql_, [&] { return SQLSetStmtAttr(handle_, what, value, 0); });
-    };
-    set(SQL_ATTR_ROW_BIND_TYPE, attribute(std::uintptr_t(rowBytes_)));
-    set(SQL_ATTR_ROW_ARRAY_SIZE, attribute(std::uintptr_t(blockRows_)));
-    set(SQL_ATTR_ROWS_FETCHED_PTR, &rowsFetched_);
+void Statement::bindWantedColumns()
+{
     for (std::size_t i = 0; i < slots_.size(); ++i) {
-        const Slot& slot = slots_[i];
-        checked(SQL_HANDLE_STMT, handle_, sql_, [&] {
-            return SQLBindCol(handle_, SQLUSMALLINT(i + 1), SQL_C_CHAR, block_.data() + slot.offset,
-                              slot.capacity, reinterpret_cast<SQLLEN*>(block_.data() + slot.lengthOffset));
-        });
+        Slot& slot = slots_[i];
+        if (slot.bound != slot.wanted) {
+            checked(SQL_HANDLE_STMT, handle_, sql_, [&] {
+                return SQLBindCol(handle_, SQLUSMALLINT(i + 1), SQL_C_CHAR,
+                                  slot.wanted ? block_.data() + slot.offset : nullptr, slot.capacity,
+                                  reinterpret_cast<SQLLEN*>(block_.data() + slot.lengthOffset));
+            });
+            slot.bound = slot.wanted;
+        }
+        slot.wanted = false;
     }
 }
 
@@ -270,71 +291,84 @@ qsizetype Statement::fetchBlock()
 {
     if (!handle_)
         throw Error(Error::ObjectClosed, QStringLiteral("A conexão deste resultado foi fechada."));
-    if (slots_.empty())
-        bindBlock();
     if (atEnd_)
         return 0;
-    rowsFetched_ = 0;
-    const SQLRETURN result = checked(SQL_HANDLE_STMT, handle_, sql_, [&] { return SQLFetch(handle_); });
-    if (result == SQL_NO_DATA) {
-        rowsFetched_ = 0;
-        atEnd_ = true;
+    const bool isWayward = singleRow_ >= 0;
+    if (isWayward)
+        setAttribute(SQL_ATTR_ROW_ARRAY_SIZE, attribute(std::uintptr_t(blockRows_)));
+    if (slots_.empty() || std::any_of(slots_.begin(), slots_.end(),
+                                      [](const Slot& slot) { return slot.required > slot.capacity; }))
+        layOutBlock();
+    bindWantedColumns();
+    singleCells_.clear();
+    singleRow_ = -1;
+    bindOffset_ = 0;
+    const SQLRETURN result = checked(SQL_HANDLE_STMT, handle_, sql_, [&] {
+        return isWayward ? SQLFetchScroll(handle_, SQL_FETCH_ABSOLUTE, SQLLEN(nextRow_ + 1))
+                         : SQLFetch(handle_);
+    });
+    atEnd_ = result == SQL_NO_DATA;
+    const qsizetype count = atEnd_ ? 0 : qsizetype(rowsFetched_);
+    firstRow_ = nextRow_;
+    nextRow_ += count;
+    return count;
+}
+
+QByteArrayView Statement::cell(qsizetype row, qsizetype column)
+{
+    Slot& slot = slots_[std::size_t(column)];
+    slot.wanted = true;
+    if (slot.bound) {
+        const char* start = block_.data() + row * rowBytes_;
+        const SQLLEN size = *reinterpret_cast<const SQLLEN*>(start + slot.lengthOffset);
+        if (size == SQL_NULL_DATA)
+            return {};
+        if (size >= 0 && size < slot.capacity)
+            return {start + slot.offset, qsizetype(size)};
+        slot.required = std::clamp(qsizetype(size) + 1, slot.required, longestSlot);
     }
-    longCells_.clear();
-    if (result == SQL_SUCCESS_WITH_INFO)
-        fetchLongCells();
-    return qsizetype(rowsFetched_);
+    const auto [entry, isNew] = singleCells_.try_emplace(row * qsizetype(columns_.size()) + column);
+    if (isNew)
+        entry->second = singleCell(row, column);
+    return entry->second ? QByteArrayView(*entry->second) : QByteArrayView();
 }
 
-qint64 Statement::length(qsizetype row, qsizetype column) const
+/// A cell that is not in the block: its column is not bound, or it is longer than its slot.
+WireValue Statement::singleCell(qsizetype row, qsizetype column)
 {
-    return *reinterpret_cast<const SQLLEN*>(block_.data() + row * rowBytes_ +
-                                            slots_[std::size_t(column)].lengthOffset);
-}
-
-void Statement::fetchLongCells()
-{
-    const auto columns = qsizetype(columns_.size());
-    for (qsizetype row = 0; row < qsizetype(rowsFetched_); ++row) {
-        for (qsizetype column = 0; column < columns; ++column) {
-            const qint64 whole = length(row, column);
-            if (whole < slots_[std::size_t(column)].capacity && whole != SQL_NO_TOTAL)
-                continue;
-            if (blockRows_ > 1)
-                checked(SQL_HANDLE_STMT, handle_, sql_, [&] {
-                    return SQLSetPos(handle_, SQLSETPOSIROW(row + 1), SQL_POSITION, SQL_LOCK_NO_CHANGE);
-                });
-            QByteArray value(qsizetype(whole) + 1, Qt::Uninitialized);
-            SQLLEN got = 0;
-            checked(SQL_HANDLE_STMT, handle_, sql_, [&] {
-                return SQLGetData(handle_, SQLUSMALLINT(column + 1), SQL_C_CHAR, value.data(), value.size(),
-                                  &got);
-            });
-            value.truncate(qsizetype(whole));
-            longCells_.emplace_back(row * columns + column, value);
+    if (singleRow_ != row) {
+        if (singleRow_ < 0)
+            setAttribute(SQL_ATTR_ROW_ARRAY_SIZE, attribute(1));
+        bindOffset_ = std::size_t(blockRows_ * rowBytes_);
+        checked(SQL_HANDLE_STMT, handle_, sql_,
+                [&] { return SQLFetchScroll(handle_, SQL_FETCH_ABSOLUTE, SQLLEN(firstRow_ + row + 1)); });
+        singleRow_ = row;
+    }
+    QByteArray value(firstTextSlot, Qt::Uninitialized);
+    qsizetype filled = 0;
+    for (;;) {
+        const qsizetype room = value.size() - filled;
+        SQLLEN rest = 0; // bytes that were still to come before this call
+        checked(SQL_HANDLE_STMT, handle_, sql_, [&] {
+            return SQLGetData(handle_, SQLUSMALLINT(column + 1), SQL_C_CHAR, value.data() + filled, room,
+                              &rest);
+        });
+        if (rest == SQL_NULL_DATA)
+            return std::nullopt;
+        if (rest >= 0 && rest < room) {
+            value.truncate(filled + qsizetype(rest));
+            return value;
         }
+        value.resize(rest == SQL_NO_TOTAL ? value.size() * 2 : filled + qsizetype(rest) + 1);
+        filled += room - 1; // the terminating zero is overwritten
     }
-}
-
-QByteArrayView Statement::cell(qsizetype row, qsizetype column) const
-{
-    const qint64 size = length(row, column);
-    if (size == SQL_NULL_DATA)
-        return {};
-    const Slot& slot = slots_[std::size_t(column)];
-    if (size < slot.capacity)
-        return {block_.data() + row * rowBytes_ + slot.offset, qsizetype(size)};
-    const qsizetype key = row * qsizetype(columns_.size()) + column;
-    const auto found =
-        std::lower_bound(longCells_.begin(), longCells_.end(), key,
-                         [](const auto& entry, qsizetype wanted) { return entry.first < wanted; });
-    return found->second;
 }
 
 std::vector<QByteArray> Statement::primaryKey(std::shared_ptr<Session> session, const QByteArray& catalog,
                                               const QByteArray& table)
 {
     Statement keys(std::move(session));
+    keys.setAttribute(SQL_ATTR_CURSOR_TYPE, attribute(SQL_CURSOR_STATIC));
     checked(SQL_HANDLE_STMT, keys.handle_, {}, [&] {
         return SQLPrimaryKeys(keys.handle_, bytes(catalog), SQL_NTS, nullptr, 0, bytes(table), SQL_NTS);
     });

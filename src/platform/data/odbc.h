@@ -3,6 +3,7 @@
 #include "platform/data/column.h"
 
 #include <QString>
+#include <map>
 #include <memory>
 #include <set>
 #include <vector>
@@ -70,8 +71,10 @@ public:
 
     /// Fetches the next block and returns its number of rows, 0 at the end and from then on.
     qsizetype fetchBlock();
-    /// A cell of the fetched block; isNull() where it is NULL. Valid until the next block.
-    QByteArrayView cell(qsizetype row, qsizetype column) const;
+    /// A cell of the fetched block; isNull() where it is NULL. Valid until the next block. Columns of which a
+    /// block's cells were not looked at are not transferred with the next one, and fetched singly if they are
+    /// asked for then.
+    QByteArrayView cell(qsizetype row, qsizetype column);
 
     /// The names of the columns of a table's primary key, in the key's order; none where there is no key.
     static std::vector<QByteArray> primaryKey(std::shared_ptr<Session> session, const QByteArray& catalog,
@@ -82,20 +85,25 @@ private:
 
     explicit Statement(std::shared_ptr<Session> session);
 
-    /// Where a column's cells stand in the block, which has one fixed-size slot per row.
+    /// A column's place in the block. Every row of the block has one slot per column: the cell's length, then
+    /// its bytes.
     struct Slot
     {
-        qsizetype offset; ///< of the bytes; the cell's length stands `lengthOffset` into the slot
-        qsizetype lengthOffset;
-        qsizetype capacity;
+        qsizetype lengthOffset = 0;
+        qsizetype offset = 0;
+        qsizetype capacity = 0;
+        qsizetype required = 0; ///< capacity that the next block is to have
+        bool bound = false;
+        bool wanted = true; ///< looked at since the last block
     };
 
     void free();
     void describe();
     Column describe(int number);
-    void bindBlock();
-    void fetchLongCells();
-    qint64 length(qsizetype row, qsizetype column) const;
+    void setAttribute(int what, void* value);
+    void layOutBlock();
+    void bindWantedColumns();
+    WireValue singleCell(qsizetype row, qsizetype column);
 
     std::shared_ptr<Session> session_;
     void* handle_ = nullptr;
@@ -106,11 +114,15 @@ private:
     std::vector<Slot> slots_;
     qsizetype rowBytes_ = 0;
     qsizetype blockRows_ = 0;
-    std::vector<char> block_;
-    std::size_t rowsFetched_ = 0;
+    std::vector<char> block_;     ///< with one row more, for rows fetched singly
+    std::size_t bindOffset_ = 0;  ///< where in the block the driver writes
+    std::size_t rowsFetched_ = 0; ///< the driver writes it
+    qsizetype firstRow_ = 0;      ///< of the block, counted in the result
+    qsizetype nextRow_ = 0;       ///< behind the block
+    qsizetype singleRow_ = -1;    ///< of the block, the one that was fetched singly last
     bool atEnd_ = false;
-    /// Cells longer than their slot, by row * columns + column.
-    std::vector<std::pair<qsizetype, QByteArray>> longCells_;
+    /// Cells fetched singly, by row * columns + column.
+    std::map<qsizetype, WireValue> singleCells_;
 };
 
 } // namespace Odbc

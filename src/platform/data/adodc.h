@@ -1,0 +1,37 @@
+#pragma once
+
+#include "platform/data/recordset.h"
+
+#include <QObject>
+
+/// The data behind a grid: a query text, the recordset of its rows, and a connection of its own, which is
+/// opened at the first Refresh. Failures are ADODB::Error.
+class Adodc : public QObject
+{
+    Q_OBJECT
+
+public:
+    explicit Adodc(QObject* parent = nullptr);
+
+    void setConnectionString(const QString& text) { connection_.setConnectionString(text); }
+    void setCursorLocation(int location) { recordset_.setCursorLocation(location); }
+    void setCommandType(int type) { command_.setCommandType(type); }
+    void setRecordSource(const QString& sql) { command_.setCommandText(sql); }
+    const QString& recordSource() const { return command_.commandText(); }
+
+    /// Runs the record source anew and stands on the first row, without a filter. The rows are held in memory
+    /// and can be changed, whatever the cursor location.
+    void Refresh();
+    /// One and the same object all the time; closed before the first Refresh and after Close.
+    ADODB::Recordset& Recordset() { return recordset_; }
+    /// Closes the recordset and the connection.
+    void Close();
+
+Q_SIGNALS:
+    void refreshed();
+
+private:
+    ADODB::Connection connection_;
+    ADODB::Command command_;
+    ADODB::Recordset recordset_;
+};

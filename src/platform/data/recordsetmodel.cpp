@@ -1,0 +1,149 @@
+#include "platform/data/recordsetmodel.h"
+
+#include "platform/data/criteria.h"
+#include "platform/data/error.h"
+#include "platform/values/format.h"
+
+using ADODB::ColumnKind;
+
+RecordsetModel::RecordsetModel(QObject* parent) : QAbstractTableModel(parent) {}
+
+RecordsetModel::~RecordsetModel()
+{
+    if (recordset_)
+        recordset_->removeListener(this);
+}
+
+void RecordsetModel::setRecordset(ADODB::Recordset* recordset)
+{
+    if (recordset_)
+        recordset_->removeListener(this);
+    recordset_ = recordset;
+    if (recordset_)
+        recordset_->addListener(this);
+    rowsReset();
+}
+
+void RecordsetModel::setColumns(const std::vector<GridColumn>& columns)
+{
+    given_ = columns;
+    rowsReset();
+}
+
+int RecordsetModel::rowCount(const QModelIndex& parent) const
+{
+    return parent.isValid() ? 0 : rows_;
+}
+
+int RecordsetModel::columnCount(const QModelIndex& parent) const
+{
+    return parent.isValid() ? 0 : int(shown_.size());
+}
+
+QVariant RecordsetModel::data(const QModelIndex& index, int role) const
+{
+    if (role == Qt::TextAlignmentRole)
+        return int(alignment(index.column()));
+    if (role != Qt::DisplayRole)
+        return {};
+    const auto column = std::size_t(index.column());
+    const qsizetype place = places_[column];
+    const QByteArrayView cell = recordset_->cellAt(index.row(), place);
+    return cell.isNull() ? QString()
+                         : text(recordset_->columns()[std::size_t(place)], cell, shown_[column].mask);
+}
+
+QVariant RecordsetModel::headerData(int section, Qt::Orientation orientation, int role) const
+{
+    if (orientation != Qt::Horizontal || section >= columnCount())
+        return {};
+    if (role == Qt::TextAlignmentRole)
+        return int(alignment(section));
+    return role == Qt::DisplayRole ? shown_[std::size_t(section)].caption : QVariant();
+}
+
+QString RecordsetModel::text(const ADODB::Column& column, QByteArrayView cell, const QString& mask) const
+{
+    if (mask.isEmpty())
+        return ADODB::Cell::text(column, cell);
+    switch (column.kind) {
+    case ColumnKind::Integer:
+    case ColumnKind::Decimal:
+    case ColumnKind::Real:
+        return Format(ADODB::Cell::number(column, cell), mask);
+    case ColumnKind::Date:
+    case ColumnKind::Time:
+    case ColumnKind::DateTime:
+        return Format(ADODB::Cell::date(column, cell), mask);
+    case ColumnKind::Text:
+        return Format(ADODB::Cell::text(column, cell), mask);
+    }
+    Q_UNREACHABLE();
+}
+
+Qt::Alignment RecordsetModel::alignment(int column) const
+{
+    const Qt::Alignment given = shown_[std::size_t(column)].alignment;
+    if (given)
+        return given | Qt::AlignVCenter;
+    if (places_.empty())
+        return Qt::AlignLeft | Qt::AlignVCenter;
+    const ColumnKind kind = recordset_->columns()[std::size_t(places_[std::size_t(column)])].kind;
+    const bool isNumber =
+        kind == ColumnKind::Integer || kind == ColumnKind::Decimal || kind == ColumnKind::Real;
+    return (isNumber ? Qt::AlignRight : Qt::AlignLeft) | Qt::AlignVCenter;
+}
+
+void RecordsetModel::rowsReset()
+{
+    beginResetModel();
+    rows_ = 0;
+    places_.clear();
+    shown_ = given_;
+    const bool isOpen = recordset_ && recordset_->State() == 1;
+    if (isOpen && given_.empty())
+        for (const ADODB::Column& column : recordset_->columns())
+            shown_.push_back({QString::fromUtf8(column.name), QString::fromUtf8(column.name)});
+    QString unknown;
+    for (std::size_t i = 0; isOpen && i < shown_.size() && unknown.isNull(); ++i) {
+        // A second column of one name is shown by itself where all are.
+        places_.push_back(given_.empty() ? qsizetype(i)
+                                         : columnPlace(recordset_->columns(), shown_[i].field));
+        if (places_.back() < 0)
+            unknown = shown_[i].field;
+    }
+    if (!unknown.isNull())
+        places_.clear();
+    else if (isOpen)
+        rows_ = int(std::max<qsizetype>(recordset_->RecordCount(), 0));
+    endResetModel();
+    if (!unknown.isNull())
+        throw ADODB::Error(ADODB::Error::UnknownField,
+                           QStringLiteral("O campo \"%1\" da grade não existe no resultado.").arg(unknown));
+    Q_EMIT currentChanged();
+}
+
+void RecordsetModel::rowInserted(qsizetype position)
+{
+    beginInsertRows({}, int(position), int(position));
+    ++rows_;
+    endInsertRows();
+}
+
+void RecordsetModel::rowRemoved(qsizetype position)
+{
+    beginRemoveRows({}, int(position), int(position));
+    --rows_;
+    endRemoveRows();
+}
+
+void RecordsetModel::rowChanged(qsizetype position)
+{
+    Q_EMIT dataChanged(index(int(position), 0), index(int(position), columnCount() - 1));
+}
+
+void RecordsetModel::recordsetGone()
+{
+    recordset_ = nullptr;
+    rowsReset();
+}

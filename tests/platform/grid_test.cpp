@@ -1,0 +1,238 @@
+#include "platform/data/adodc.h"
+#include "platform/data/datagrid.h"
+#include "platform/data/error.h"
+#include "platform/datafixture.h"
+
+#include <QHeaderView>
+#include <QScrollBar>
+#include <QSignalSpy>
+#include <QTest>
+
+namespace {
+
+class Grid : public DataFixture
+{
+protected:
+    void SetUp() override
+    {
+        DataFixture::SetUp();
+        database().execute(
+            u"insert into plano (nmplano, pdesc, inicio) select concat('PLANO ', seq), seq / 2,"
+            " '2026-01-31' from seq_1_to_200"_qs);
+        source.setConnectionString(database().connectionString());
+        source.setCommandType(1);
+        source.setCursorLocation(ADODB::Recordset::ClientSide);
+        source.setRecordSource(u"select * from plano order by idplano"_qs);
+        grid.setColumns({{u"idplano"_qs, u"CÓDIGO"_qs, 20},
+                         {u"NMPLANO"_qs, u"NOME"_qs, 50},
+                         {u"pdesc"_qs, u"% DESC."_qs, 15, u"##0.000"_qs},
+                         {u"inicio"_qs, u"INÍCIO"_qs, 15, {}, Qt::AlignHCenter}});
+        grid.setDataSource(&source);
+        grid.resize(600, 300);
+        grid.show();
+        grid.setFocus();
+    }
+
+    ADODB::Recordset& rs() { return source.Recordset(); }
+
+    QString shown(int row, int column) { return grid.model()->index(row, column).data().toString(); }
+
+    /// The row that the grid shows as its current one; -1 for none.
+    int currentRow()
+    {
+        const QModelIndexList rows = grid.selectionModel()->selectedRows();
+        EXPECT_EQ(grid.currentIndex().row(), rows.isEmpty() ? -1 : rows.first().row());
+        return grid.currentIndex().row();
+    }
+
+    void press(int key) { QTest::keyClick(&grid, Qt::Key(key)); }
+
+    QPoint middleOf(int row) { return grid.visualRect(grid.model()->index(row, 1)).center(); }
+
+    Adodc source;
+    DataGrid grid;
+};
+
+TEST_F(Grid, ShowsTheRowsWithCaptionsMasksAndAlignment)
+{
+    EXPECT_EQ(grid.model()->rowCount(), 0);
+    EXPECT_EQ(grid.model()->headerData(1, Qt::Horizontal).toString(), u"NOME");
+    QSignalSpy refreshed(&source, &Adodc::refreshed);
+    source.Refresh();
+    EXPECT_EQ(refreshed.size(), 1);
+    EXPECT_EQ(grid.model()->rowCount(), 200);
+    EXPECT_EQ(shown(4, 0), u"5");
+    EXPECT_EQ(shown(4, 1), u"PLANO 5");
+    EXPECT_EQ(shown(4, 2), u"2,500");
+    EXPECT_EQ(shown(4, 3), u"31/01/2026");
+    const Qt::Alignment expected[] = {Qt::AlignRight, Qt::AlignLeft, Qt::AlignRight, Qt::AlignHCenter};
+    for (int column = 0; column < 4; ++column)
+        EXPECT_EQ(grid.model()->index(0, column).data(Qt::TextAlignmentRole).toInt(),
+                  int(expected[column] | Qt::AlignVCenter));
+    grid.setColumns({});
+    EXPECT_EQ(grid.model()->columnCount(), 9);
+    EXPECT_EQ(grid.model()->headerData(1, Qt::Horizontal).toString(), u"nmplano");
+    EXPECT_EQ(shown(0, 7), u""); // a null
+    EXPECT_FALSE(grid.model()->flags(grid.model()->index(0, 0)) & Qt::ItemIsEditable);
+}
+
+TEST_F(Grid, KeysAndClicksMoveTheRecordset)
+{
+    source.Refresh();
+    EXPECT_EQ(currentRow(), 0);
+    press(Qt::Key_Down);
+    press(Qt::Key_Down);
+    press(Qt::Key_Up);
+    press(Qt::Key_Down);
+    EXPECT_EQ(rs().Fields("idplano").integer(), 3);
+    QTest::mouseClick(grid.viewport(), Qt::LeftButton, {}, middleOf(5));
+    EXPECT_EQ(rs().Fields("idplano").integer(), 6);
+    press(Qt::Key_PageDown);
+    EXPECT_EQ(rs().AbsolutePosition(), currentRow() + 1);
+    EXPECT_GT(rs().AbsolutePosition(), 8);
+    QTest::keyClick(&grid, Qt::Key_End, Qt::ControlModifier);
+    EXPECT_EQ(rs().Fields("idplano").integer(), 200);
+    // A letter is not a search among the rows.
+    press(Qt::Key_P);
+    EXPECT_EQ(rs().AbsolutePosition(), 200);
+}
+
+TEST_F(Grid, TheRecordsetMovesTheGrid)
+{
+    source.Refresh();
+    const auto isSeen = [&](int row) {
+        return grid.viewport()->rect().contains(grid.visualRect(grid.model()->index(row, 0)));
+    };
+    rs().Find(u"nmplano = 'plano 150'"_qs);
+    EXPECT_EQ(currentRow(), 149);
+    EXPECT_TRUE(isSeen(149));
+    EXPECT_EQ(rs().AbsolutePosition(), 150);
+    rs().MoveNext();
+    EXPECT_EQ(currentRow(), 150);
+    rs().Find(u"idplano = 999"_qs);
+    EXPECT_EQ(currentRow(), -1);
+    EXPECT_TRUE(rs().Eof());
+    rs().Filter(u"idplano > 190"_qs);
+    EXPECT_EQ(grid.model()->rowCount(), 10);
+    EXPECT_EQ(currentRow(), 0);
+    press(Qt::Key_Down);
+    EXPECT_EQ(rs().Fields("idplano").integer(), 192);
+    rs().Filter({});
+    rs().setAbsolutePosition(150);
+    rs().Requery();
+    EXPECT_EQ(currentRow(), 149);
+    EXPECT_TRUE(isSeen(149));
+}
+
+TEST_F(Grid, ChangedRowsShowAtOnce)
+{
+    source.Refresh();
+    rs().MoveNext();
+    rs().Fields("nmplano") = u"NOVO NOME"_qs;
+    rs().Update();
+    EXPECT_EQ(shown(1, 1), u"NOVO NOME");
+    EXPECT_EQ(currentRow(), 1);
+    rs().Delete();
+    EXPECT_EQ(grid.model()->rowCount(), 199);
+    EXPECT_EQ(shown(1, 0), u"3");
+    EXPECT_EQ(currentRow(), 1);
+    EXPECT_EQ(rs().Fields("idplano").integer(), 3);
+    rs().AddNew();
+    rs().Fields("nmplano") = u"ÚLTIMO"_qs;
+    EXPECT_EQ(grid.model()->rowCount(), 199);
+    rs().Update();
+    EXPECT_EQ(grid.model()->rowCount(), 200);
+    EXPECT_EQ(shown(199, 1), u"ÚLTIMO");
+    EXPECT_EQ(currentRow(), 199);
+}
+
+TEST_F(Grid, ADoubleClickOnARowActivatesItAndNothingElseDoes)
+{
+    source.setRecordSource(u"select * from plano where idplano <= 3 order by idplano"_qs);
+    source.Refresh();
+    QList<qint64> activated;
+    QObject::connect(&grid, &DataGrid::rowActivated, [&] { activated << rs().Fields("idplano").integer(); });
+    const auto doubleClick = [&](Qt::MouseButton button, QPoint where) {
+        QTest::mouseClick(grid.viewport(), button, {}, where);
+        QTest::mouseDClick(grid.viewport(), button, {}, where);
+    };
+    doubleClick(Qt::LeftButton, middleOf(1));
+    EXPECT_EQ(activated, (QList<qint64>{2}));
+    doubleClick(Qt::RightButton, middleOf(2));
+    doubleClick(Qt::LeftButton, QPoint(50, grid.viewport()->height() - 5));
+    QTest::mouseClick(grid.viewport(), Qt::LeftButton, {}, middleOf(0));
+    press(Qt::Key_Return);
+    press(Qt::Key_Space);
+    EXPECT_EQ(activated.size(), 1);
+}
+
+TEST_F(Grid, WidthsAndHeightsFollowTheGridAndItsFont)
+{
+    source.Refresh();
+    const auto widths = [&] {
+        QList<double> shares;
+        for (int column = 0; column < 4; ++column)
+            shares << std::round(100.0 * grid.columnWidth(column) / grid.viewport()->width());
+        return shares;
+    };
+    for (const int width : {600, 317, 1200}) {
+        grid.resize(width, 300);
+        EXPECT_EQ(widths(), (QList<double>{20, 50, 15, 15}));
+        EXPECT_EQ(grid.horizontalHeader()->length(), grid.viewport()->width());
+    }
+    source.Refresh();
+    EXPECT_EQ(widths(), (QList<double>{20, 50, 15, 15}));
+    const int before = grid.rowHeight(0);
+    QFont font = grid.font();
+    font.setPointSizeF(font.pointSizeF() * 2);
+    grid.setFont(font);
+    EXPECT_GE(grid.rowHeight(0), before + before / 2);
+    EXPECT_GE(grid.rowHeight(0), grid.fontMetrics().height());
+}
+
+TEST_F(Grid, AClosedSourceIsAnEmptyGridThatRefreshFillsAgain)
+{
+    source.Refresh();
+    rs().MoveLast();
+    source.Close();
+    EXPECT_EQ(grid.model()->rowCount(), 0);
+    EXPECT_EQ(currentRow(), -1);
+    press(Qt::Key_Down);
+    EXPECT_EQ(rs().State(), 0);
+    source.Refresh();
+    EXPECT_EQ(rs().AbsolutePosition(), 1);
+    rs().Filter(u"idplano = 7"_qs);
+    rs().Close();
+    EXPECT_EQ(grid.model()->rowCount(), 0);
+    source.Refresh();
+    EXPECT_EQ(grid.model()->rowCount(), 200);
+}
+
+TEST_F(Grid, TheSourceMayGoBeforeTheGridAndTheGridBeforeTheSource)
+{
+    {
+        Adodc passing;
+        passing.setConnectionString(database().connectionString());
+        passing.setRecordSource(u"select * from plano"_qs);
+        passing.Refresh();
+        grid.setDataSource(&passing);
+        EXPECT_EQ(grid.model()->rowCount(), 200);
+    }
+    EXPECT_EQ(grid.model()->rowCount(), 0);
+    press(Qt::Key_Down);
+    auto second = std::make_unique<DataGrid>();
+    second->setDataSource(&source);
+    source.Refresh();
+    second.reset();
+    source.Refresh();
+    EXPECT_EQ(rs().RecordCount(), 200);
+}
+
+TEST_F(Grid, AColumnWithoutItsFieldIsAnError)
+{
+    source.setRecordSource(u"select idplano, nmplano from plano"_qs);
+    EXPECT_EQ(errorOf([&] { source.Refresh(); }), 3265);
+    EXPECT_EQ(grid.model()->rowCount(), 0);
+}
+
+} // namespace
