@@ -1,4 +1,4 @@
-/// Reading a table of 100,000 rows and 27 columns: the recordset against the bare interface.
+/// Reading the 100,000 rows and 27 columns of the patients: the recordset against the bare interface.
 #include "platform/data/recordset.h"
 #include "support/database.h"
 
@@ -13,7 +13,7 @@
 namespace {
 
 constexpr int rowCount = 100'000;
-constexpr const char* statementText = "select * from bench_pacientes";
+constexpr const char* statementText = "select * from pacientes";
 /// Read as text from every row, with their numbers in the table.
 constexpr std::array<std::pair<const char*, SQLUSMALLINT>, 4> readColumns{
     {{"idpac", 1}, {"nmPac", 7}, {"fonecel", 9}, {"cidade", 15}}};
@@ -21,23 +21,17 @@ constexpr std::array<std::pair<const char*, SQLUSMALLINT>, 4> readColumns{
 void fill(Database& database)
 {
     database.execute(QStringLiteral(
-        "drop table if exists bench_pacientes;"
-        "create table bench_pacientes (idpac int auto_increment primary key, idlic varchar(15), dtcad date, "
-        "cpf varchar(20),"
-        " rg varchar(20), dtnasc date, nmPac varchar(60), fonepac varchar(20), fonecel varchar(20), eMail "
-        "varchar(100),"
-        " cep varchar(10), rua varchar(60), nrrua varchar(10), bairro varchar(60), cidade varchar(60), uf "
-        "char(2),"
-        " nmresp varchar(60), foneresp varchar(20), idconv int, taler char(1), dsaler varchar(200), tmed "
-        "char(1),"
-        " dsmed varchar(200), tcir char(1), dscir varchar(200), obs longtext, evup varchar(60));"
-        "insert into bench_pacientes select seq, 'CLINICA', '2026-01-02', '123.456.789-09', '12.345.678-9',"
-        " date_add('1930-01-01', interval seq % 30000 day), concat('MARIA DA CONCEIÇÃO DE SOUZA ', seq),"
-        " '(11) 3456-7890', concat('(11) 9', seq), concat('paciente', seq, '@exemplo.com.br'), '01234-567',"
-        " 'RUA DAS LARANJEIRAS', seq % 2000, 'JARDIM SÃO PAULO', 'SÃO JOSÉ DOS CAMPOS', 'SP', 'JOSÉ DE "
-        "SOUZA',"
-        " '(11) 98765-4321', seq % 7, '0', null, '1', 'LOSARTANA 50MG', '0', '', 'SEM OBSERVAÇÕES',"
-        " 'RECEPCAO - 02/01/2026 10:11:12' from seq_1_to_100000;"));
+        "insert into pacientes "
+        "(idlic,dtcad,cpf,rg,dtnasc,nmPac,fonepac,fonecel,eMail,cep,rua,nrrua,bairro,cidade,uf,"
+        "nmresp,foneresp,idconv,taler,dsaler,tmed,dsmed,tcir,dscir,obs,evup) "
+        "select 'CLINICA', '2026-01-02', '123.456.789-09', '12.345.678-9', date_add('1930-01-01', interval "
+        "seq % 30000 "
+        "day), concat('MARIA DA CONCEIÇÃO DE SOUZA ', seq), '(11) 3456-7890', concat('(11) 9', seq), "
+        "concat('paciente', seq, '@exemplo.com.br'), '01234-567', 'RUA DAS LARANJEIRAS', seq % 2000, 'JARDIM "
+        "SÃO "
+        "PAULO', 'SÃO JOSÉ DOS CAMPOS', 'SP', 'JOSÉ DE SOUZA', '(11) 98765-4321', seq % 7, '0', null, '1', "
+        "'LOSARTANA "
+        "50MG', '0', '', 'SEM OBSERVAÇÕES', 'RECEPCAO - 02/01/2026 10:11:12' from seq_1_to_100000"));
 }
 
 /// A connection and a statement of the bare interface.

@@ -72,14 +72,14 @@ TEST(Cipher, WhatIsNoHexadecimalReadsAsFarAsItGoes)
 TEST_F(Configuration, TheFileIsWrittenAsOthersReadIt)
 {
     ArquivosINI::Grava({u"  srv "_qs, u"2"_qs, u""_qs, u"ab"_qs, u"7"_qs});
-    EXPECT_EQ(Files::read(folder.filePath(u"Tremosilva.ini"_qs)),
+    EXPECT_EQ(Files::read(folder.filePath(u"tremosilva.ini"_qs)),
               "[CONFIG]\r\nconexao=414546\r\nsenha=00\r\nbanco=\r\nuserbco=5355\r\nidlic=05\r\n");
     const auto values = read();
     EXPECT_EQ(values.conexao, u"srv");
     EXPECT_EQ(values.banco, u"") << "an empty value is no absent key";
     EXPECT_EQ(values.idlic, u"7");
 
-    QFile::rename(folder.filePath(u"Tremosilva.ini"_qs), folder.filePath(u"TREMOSILVA.INI"_qs));
+    QFile::rename(folder.filePath(u"tremosilva.ini"_qs), folder.filePath(u"TREMOSILVA.INI"_qs));
     EXPECT_EQ(read().senha, u"2");
     ArquivosINI::Grava({u"x"_qs, {}, {}, {}, {}});
     EXPECT_EQ(QDir(folder.path()).entryList(QDir::Files).size(), 1);

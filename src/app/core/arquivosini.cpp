@@ -51,7 +51,7 @@ void Grava(const Configuracao& valores)
     texto += linha.arg(QStringLiteral("banco"), Criptografa::Cifrar(aparado(valores.banco)));
     texto += linha.arg(QStringLiteral("userbco"), Criptografa::Cifrar(aparado(valores.userbco)));
     texto += linha.arg(QStringLiteral("idlic"), Criptografa::Cifrar(aparado(valores.idlic)));
-    Files::write(Files::inProgramFolder(QStringLiteral("\\Tremosilva.ini")), CodePage::encode(texto));
+    Files::write(Caminho(), CodePage::encode(texto));
 }
 
 } // namespace ArquivosINI

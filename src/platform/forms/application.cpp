@@ -57,10 +57,15 @@ void Application::end(int status)
     std::quick_exit(status);
 }
 
+void Application::tell(const std::exception& error)
+{
+    MsgBox(textOf(error), applicationName(), Icon::Critical);
+}
+
 void Application::fail(const std::exception& error)
 {
     failing = true;
-    MsgBox(textOf(error), applicationName(), Icon::Critical);
+    tell(error);
     end(1);
 }
 

@@ -16,7 +16,10 @@ public:
     /// the database server still holds open for this process it takes back.
     [[noreturn]] static void end(int status);
 
-    /// Shows what `error` tells and ends the program with status 1.
+    /// Shows the error's number, description and detail in one critical box.
+    static void tell(const std::exception& error);
+
+    /// Tells the error and ends the program with status 1.
     [[noreturn]] static void fail(const std::exception& error);
 
     /// Puts another action in the place of fail(); an empty one gives it back. The handler may return: the

@@ -6,6 +6,7 @@
 #include <QHash>
 #include <QIcon>
 #include <QInputDialog>
+#include <QLabel>
 #include <QLineEdit>
 #include <QMessageBox>
 #include <QPushButton>
@@ -33,6 +34,24 @@ QPixmap picture(Icon icon)
     return QIcon(QStringLiteral(":/theme/%1.svg").arg(names.value(icon))).pixmap(40);
 }
 
+/// Room for the text: a long line is broken between words, or behind a comma where a word is longer than the
+/// room.
+void fitText(QMessageBox& window, QString text)
+{
+    auto* label = window.findChild<QLabel*>(QStringLiteral("qt_msgbox_label"));
+    const QFontMetrics metrics(label->font());
+    const int widest = metrics.averageCharWidth() * 90;
+    int width = metrics.averageCharWidth() * 34;
+    for (const QString& line : text.split(QLatin1Char('\n')))
+        width = qMax(width, metrics.horizontalAdvance(line) + metrics.averageCharWidth() * 2);
+    if (width > widest)
+        text.replace(QLatin1Char(','), QStringLiteral(",\u200b"));
+    label->setText(text);
+    label->setWordWrap(true);
+    label->setFixedWidth(qMin(width, widest));
+    label->setTextInteractionFlags(Qt::TextSelectableByMouse);
+}
+
 Answer WindowDialogs::message(const MessageBox& box)
 {
     QMessageBox window(QApplication::activeWindow());
@@ -40,6 +59,7 @@ Answer WindowDialogs::message(const MessageBox& box)
     window.setTextFormat(Qt::PlainText);
     window.setText(box.text);
     window.setIconPixmap(picture(box.icon));
+    fitText(window, box.text);
     if (box.buttons == Buttons::Ok) {
         window.addButton(QStringLiteral("OK"), QMessageBox::AcceptRole);
         window.exec();

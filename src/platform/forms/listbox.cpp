@@ -7,20 +7,31 @@
 
 namespace {
 
-/// Draws a check box in front of each line, so that what is chosen is not told by colour alone.
-class CheckDelegate : public QStyledItemDelegate
+/// A little air between the lines; and in a list of several choices a check box in front of each line, so
+/// that what is chosen is not told by colour alone.
+class LineDelegate : public QStyledItemDelegate
 {
 public:
-    using QStyledItemDelegate::QStyledItemDelegate;
+    LineDelegate(QObject* parent, bool checks) : QStyledItemDelegate(parent), checks_(checks) {}
+
+    QSize sizeHint(const QStyleOptionViewItem& option, const QModelIndex& index) const override
+    {
+        return QStyledItemDelegate::sizeHint(option, index) + QSize(0, option.fontMetrics.height() / 4);
+    }
 
 protected:
     void initStyleOption(QStyleOptionViewItem* option, const QModelIndex& index) const override
     {
         QStyledItemDelegate::initStyleOption(option, index);
-        const auto* view = static_cast<const QAbstractItemView*>(option->widget);
+        const auto* view = qobject_cast<const QAbstractItemView*>(option->widget);
+        if (!checks_ || !view)
+            return;
         option->features |= QStyleOptionViewItem::HasCheckIndicator;
-        option->checkState = view && view->selectionModel()->isSelected(index) ? Qt::Checked : Qt::Unchecked;
+        option->checkState = view->selectionModel()->isSelected(index) ? Qt::Checked : Qt::Unchecked;
     }
+
+private:
+    bool checks_;
 };
 
 } // namespace
@@ -32,12 +43,13 @@ ListBox::ListBox(QWidget* parent) : QListWidget(parent)
     setAlternatingRowColors(true);
     setHorizontalScrollMode(QAbstractItemView::ScrollPerPixel);
     setTextElideMode(Qt::ElideNone);
+    setItemDelegate(new LineDelegate(this, false));
 }
 
 void ListBox::setMultiSelect(bool multiple)
 {
     setSelectionMode(multiple ? QAbstractItemView::MultiSelection : QAbstractItemView::SingleSelection);
-    setItemDelegate(multiple ? new CheckDelegate(this) : new QStyledItemDelegate(this));
+    setItemDelegate(new LineDelegate(this, multiple));
 }
 
 void ListBox::AddItem(const QString& line)

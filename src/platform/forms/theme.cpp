@@ -82,7 +82,6 @@ StatusBar { background: #e6edf1; border: none; border-top: 1px solid #c3ced6; }
 StatusBar QLabel { color: #33424e; padding: 1px 10px; }
 StatusBar QLabel[panel="next"] { border-left: 1px solid #b4c1ca; }
 
-QMessageBox QLabel#qt_msgbox_label { min-width: 240px; padding: 4px 12px 8px 4px; }
 QMessageBox QPushButton, QInputDialog QPushButton { min-width: 76px; }
 
 QProgressBar { background: #e3e9ed; border: none; border-radius: 5px; text-align: center; min-height: 10px; }
