@@ -237,6 +237,8 @@ TEST_F(Searched, FindAndFilterReadTheSameCriteria)
         {u"idplano = 2"_qs, {u"2"_qs}},
         {u"IDPLANO=2"_qs, {u"2"_qs}},
         {u"idplano like '2'"_qs, {u"2"_qs}},
+        {u"idplano like '02'"_qs, {}},
+        {u"idplano = '02'"_qs, {u"2"_qs}},
         {u"idplano = 99"_qs, {}},
         {u"idplano > 10"_qs, {}},
         {u"nmplano like 12"_qs, {u"1"_qs, u"2"_qs}},
