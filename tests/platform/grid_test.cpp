@@ -124,6 +124,26 @@ TEST_F(Grid, TheRecordsetMovesTheGrid)
     EXPECT_TRUE(isSeen(149));
 }
 
+TEST_F(Grid, ARefreshKeepsTheRow)
+{
+    source.Refresh();
+    rs().Find(u"idplano = 150"_qs);
+    database().execute(u"delete from plano where idplano between 10 and 19"_qs);
+    source.Refresh();
+    EXPECT_EQ(rs().Fields("idplano").integer(), 150);
+    EXPECT_EQ(currentRow(), 139);
+    rs().Filter(u"idplano > 198"_qs);
+    rs().MoveNext();
+    rs().Fields("nmplano") = u"half typed"_qs;
+    source.Refresh();
+    EXPECT_EQ(rs().RecordCount(), 190) << "the filter and the change are gone";
+    EXPECT_EQ(rs().Fields("nmplano").text(), u"PLANO 200");
+    EXPECT_EQ(currentRow(), 189);
+    source.setRecordSource(u"select * from plano where idplano > 5 order by idplano"_qs);
+    source.Refresh();
+    EXPECT_EQ(currentRow(), 0);
+}
+
 TEST_F(Grid, ChangedRowsShowAtOnce)
 {
     source.Refresh();

@@ -7,10 +7,16 @@ Adodc::Adodc(QObject* parent) : QObject(parent)
 
 void Adodc::Refresh()
 {
-    recordset_.Close();
-    if (connection_.State() == 0)
-        connection_.Open();
-    recordset_.Open(command_, ADODB::Recordset::Static, ADODB::Recordset::Optimistic);
+    if (recordset_.State() == 1 && recordset_.source() == command_.commandText()) {
+        recordset_.CancelUpdate();
+        recordset_.Requery();
+        recordset_.Filter({});
+    } else {
+        recordset_.Close();
+        if (connection_.State() == 0)
+            connection_.Open();
+        recordset_.Open(command_, ADODB::Recordset::Static, ADODB::Recordset::Optimistic);
+    }
     Q_EMIT refreshed();
 }
 

@@ -315,8 +315,13 @@ void Recordset::Filter(const QString& criteria)
 {
     requireRows();
     requireNoEdit();
-    filter_ = criteria.trimmed().isEmpty() ? nullptr : std::make_unique<Criteria>(criteria, columns_);
+    const bool all = criteria.trimmed().isEmpty();
+    if (all && !filter_)
+        return;
+    const qsizetype place = all && onRow() ? visible_[std::size_t(position_)] : 0;
+    filter_ = all ? nullptr : std::make_unique<Criteria>(criteria, columns_);
     showMatchingRows();
+    position_ = std::lower_bound(visible_.begin(), visible_.end(), place) - visible_.begin();
     tell([](RecordsetListener& listener) { listener.rowsReset(); });
 }
 

@@ -60,6 +60,8 @@ public:
     void Close();
     /// 1 open, 0 closed.
     int State() const;
+    /// The statement of the last Open.
+    const QString& source() const { return sql_; }
 
     /// Runs the statement again. The filter stays. The current row is the one with the same primary key (of
     /// the first column's table), else the one at the same position, else the first.
@@ -102,7 +104,8 @@ public:
 
     /// The first row that meets the criteria becomes the current one; none: Eof. See Criteria.
     void Find(const QString& criteria);
-    /// Leaves only the rows that meet the criteria and stands on their first; an empty text brings all back.
+    /// Leaves only the rows that meet the criteria and stands on their first; an empty text brings all back
+    /// and stays on the current row.
     void Filter(const QString& criteria);
 
     void addListener(RecordsetListener* listener) { listeners_.push_back(listener); }
