@@ -2,22 +2,11 @@
 
 #include "platform/data/recordset.h"
 #include "support/database.h"
+#include "support/errorof.h"
 
 #include <gtest/gtest.h>
 
 using Table = QList<QStringList>;
-
-/// The number of the RuntimeError that the call throws, 0 if it throws none.
-template <class Call>
-int errorOf(Call call)
-{
-    try {
-        call();
-    } catch (const RuntimeError& error) {
-        return error.number();
-    }
-    return 0;
-}
 
 /// A few tables that are no clinic's, and an open connection to them.
 class DataFixture : public testing::Test

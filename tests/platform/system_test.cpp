@@ -1,7 +1,7 @@
-#include "platform/system/error.h"
 #include "platform/system/files.h"
 #include "platform/system/http.h"
 #include "platform/system/shell.h"
+#include "support/errorof.h"
 #include "support/print.h"
 
 #include <QCoreApplication>
@@ -73,16 +73,6 @@ private:
     std::atomic<bool> done_{false};
 };
 
-int failureOf(const std::function<void()>& action)
-{
-    try {
-        action();
-    } catch (const RuntimeError& error) {
-        return error.number();
-    }
-    return 0;
-}
-
 } // namespace
 
 TEST_F(ProgramFolder, NamesAreFoundWhateverTheirCase)
@@ -100,12 +90,12 @@ TEST_F(ProgramFolder, NamesAreFoundWhateverTheirCase)
 TEST_F(ProgramFolder, FailuresOfFilesAreErrors)
 {
     const QString missing = Files::inProgramFolder(u"\\missing"_qs);
-    EXPECT_EQ(failureOf([&] { Files::read(missing); }), 53);
-    EXPECT_EQ(failureOf([&] { Files::removeFile(missing); }), 75);
-    EXPECT_EQ(failureOf([&] { Files::write(missing + u"/below"_qs, "x"); }), 75);
-    EXPECT_EQ(failureOf([&] { Shell::open(missing); }), 53);
+    EXPECT_EQ(errorOf([&] { Files::read(missing); }), 53);
+    EXPECT_EQ(errorOf([&] { Files::removeFile(missing); }), 75);
+    EXPECT_EQ(errorOf([&] { Files::write(missing + u"/below"_qs, "x"); }), 75);
+    EXPECT_EQ(errorOf([&] { Shell::open(missing); }), 53);
     Files::write(missing, "x");
-    EXPECT_EQ(failureOf([&] { Files::makeFolder(missing + u"/below"_qs); }), 75);
+    EXPECT_EQ(errorOf([&] { Files::makeFolder(missing + u"/below"_qs); }), 75);
     QFile::setPermissions(missing, QFile::ReadOwner);
     Files::removeFile(missing);
     EXPECT_FALSE(Files::exists(missing)) << "write-protected files go too";
@@ -170,16 +160,16 @@ TEST(HttpGet, FailuresHaveTheirNumbers)
 {
     {
         OneAnswer silent("");
-        EXPECT_EQ(failureOf([&] { Http::get(silent.url(), 200ms); }), 12002);
+        EXPECT_EQ(errorOf([&] { Http::get(silent.url(), 200ms); }), 12002);
     }
     OneAnswer broken("HTTP/1.1 200 OK\r\nContent-Length: 100\r\n\r\nab");
-    EXPECT_EQ(failureOf([&] { Http::get(broken.url(), 5s); }), 12030);
+    EXPECT_EQ(errorOf([&] { Http::get(broken.url(), 5s); }), 12030);
 
     QTcpServer closed;
     closed.listen(QHostAddress::LocalHost);
     const QString url = QStringLiteral("http://127.0.0.1:%1/").arg(closed.serverPort());
     closed.close();
-    EXPECT_EQ(failureOf([&] { Http::get(url, 5s); }), 12029);
-    EXPECT_EQ(failureOf([] { Http::get(u"ftp://127.0.0.1/"_qs, 5s); }), 12005);
-    EXPECT_EQ(failureOf([] { Http::get(u"http://"_qs, 5s); }), 12005);
+    EXPECT_EQ(errorOf([&] { Http::get(url, 5s); }), 12029);
+    EXPECT_EQ(errorOf([] { Http::get(u"ftp://127.0.0.1/"_qs, 5s); }), 12005);
+    EXPECT_EQ(errorOf([] { Http::get(u"http://"_qs, 5s); }), 12005);
 }

@@ -1,9 +1,9 @@
-#include "platform/system/error.h"
 #include "platform/values/codepage.h"
 #include "platform/values/date.h"
 #include "platform/values/format.h"
 #include "platform/values/number.h"
 #include "platform/values/text.h"
+#include "support/errorof.h"
 
 #include <gtest/gtest.h>
 
@@ -16,18 +16,6 @@ const bool Zone = qputenv("TZ", "America/Sao_Paulo");
 
 const double Infinity = std::numeric_limits<double>::infinity();
 const double NotANumber = std::numeric_limits<double>::quiet_NaN();
-
-/// The number of the RuntimeError that the call throws, 0 if it throws none.
-template <typename Call>
-int errorOf(Call call)
-{
-    try {
-        call();
-    } catch (const RuntimeError& error) {
-        return error.number();
-    }
-    return 0;
-}
 
 QDateTime moment(int year, int month, int day, int hour = 0, int minute = 0, int second = 0)
 {
