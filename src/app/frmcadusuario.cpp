@@ -4,6 +4,7 @@
 #include "app/core/sql.h"
 #include "app/core/variaveis.h"
 #include "platform/forms/dialogs.h"
+#include "platform/forms/hourglass.h"
 #include "platform/values/text.h"
 #include "ui_frmcadusuario.h"
 
@@ -76,6 +77,7 @@ void frmcadusuario::Combo1_LostFocus()
                QStringLiteral("ATENÇÃO"), Icon::Critical);
         return;
     }
+    const Hourglass ampulheta;
     AbreConexao();
     rs.Open("select * from usuarios where nmusuario = " + aspas(nome) + " and idlic = " + aspas(idlic),
             Conexao, 0, 1);
@@ -140,6 +142,14 @@ void frmcadusuario::Command1_Click()
         return;
     }
 
+    grava(nome, senhaNova);
+    MsgBox(QStringLiteral("Salvo com sucesso!"), QStringLiteral("Atenção"));
+    limpaTela();
+}
+
+void frmcadusuario::grava(const QString& nome, const QString& senhaNova)
+{
+    const Hourglass ampulheta;
     const QString quando = aspas(carimboRegistro());
     reabre();
     if (achado_)
@@ -158,8 +168,6 @@ void frmcadusuario::Command1_Click()
                 aspas(campoDaLinha(ui->List1->List(i))) + "," + aspas(valor) + "," +
                 aspas(carimboRegistro()) + ")");
     }
-    MsgBox(QStringLiteral("Salvo com sucesso!"), QStringLiteral("Atenção"));
-    limpaTela();
 }
 
 /// Deletes the account of this name from every tenant of the database.
@@ -215,10 +223,9 @@ void frmcadusuario::executa(const QString& comando)
     rs.Open(cmdGeral, 1, 2);
 }
 
-void frmcadusuario::Form_Escape()
+void frmcadusuario::Form_Unload()
 {
     if (rs.State() == 1)
         rs.Close();
     FechaConexao();
-    Unload();
 }

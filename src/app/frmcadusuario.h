@@ -22,7 +22,7 @@ public:
 
 protected:
     void Form_Load() override;
-    void Form_Escape() override;
+    void Form_Unload() override;
 
 private:
     void wire();
@@ -35,6 +35,7 @@ private:
 
     void montaLista();
     void marcaLista();
+    void grava(const QString& nome, const QString& senhaNova);
     void limpaTela();
     void reabre();
     void executa(const QString& comando);

@@ -10,6 +10,7 @@
 #include "platform/system/files.h"
 #include "ui_frmprincipal.h"
 
+#include <QIcon>
 #include <QMenuBar>
 
 using namespace Variaveis;
@@ -26,6 +27,8 @@ frmPrincipal::frmPrincipal() : ui(std::make_unique<Ui::frmPrincipal>())
 {
     ui->setupUi(this);
     setWindowTitle(Instalacao::nomePrograma());
+    ui->lMarca->setPixmap(
+        QIcon(QStringLiteral(":/shell/watermark.svg")).pixmap(QSize(360, 400), devicePixelRatio()));
     ui->sRodape->addPanel(StatusBar::Panel::Text);
     ui->sRodape->addPanel(StatusBar::Panel::Date);
     ui->sRodape->addPanel(StatusBar::Panel::Text, 1);

@@ -12,11 +12,16 @@
 #include "platform/system/error.h"
 #include "ui_frmtelainicial.h"
 
+#include <QIcon>
+
 using namespace Variaveis;
 
 frmtelainicial::frmtelainicial() : ui(std::make_unique<Ui::frmtelainicial>())
 {
     ui->setupUi(this);
+    // Drawn at the screen's own resolution.
+    ui->imgLogin->setPixmap(
+        QIcon(QStringLiteral(":/shell/login.svg")).pixmap(QSize(200, 200), devicePixelRatio()));
     wire();
 }
 
@@ -28,7 +33,7 @@ void frmtelainicial::wire()
     onClick(ui->Command2, &frmtelainicial::Command2_Click);
     onClick(ui->Label4, &frmtelainicial::Label4_Click);
     onKey(Qt::Key_F10, &frmtelainicial::Label4_Click);
-    onKeyPress(ui->txtSenha, [this](int& tecla) { txtSenha_KeyPress(tecla); });
+    onEnter(ui->txtSenha, &frmtelainicial::Command1_Click);
     connect(&Timer1, &QTimer::timeout, this, &frmtelainicial::Timer1_Timer);
 }
 
@@ -68,15 +73,6 @@ void frmtelainicial::Timer1_Timer()
     ui->Label1->setText(texto.sliced(1) + texto[0]);
 }
 
-void frmtelainicial::txtSenha_KeyPress(int& tecla)
-{
-    constexpr int enter = 13;
-    if (tecla == enter) {
-        tecla = 0;
-        Command1_Click();
-    }
-}
-
 void frmtelainicial::Command1_Click()
 {
     rs.Open("select * from usuarios where idlic = " + aspas(idlic) + " and nmusuario = " +
@@ -93,7 +89,6 @@ void frmtelainicial::Command1_Click()
         principal.mostraSituacao(QStringLiteral("Carregando perfil do usuário..."));
         principal.mostraUsuario(QStringLiteral("Usuário: ") + Usuario);
         AplicaPerfil();
-        FechaConexaoDaTela();
         Unload();
     }
     if (rs.State() == 1)
@@ -123,8 +118,12 @@ void frmtelainicial::AplicaPerfil()
 void frmtelainicial::Command2_Click()
 {
     RetornoFechamento = QStringLiteral("N");
-    FechaConexaoDaTela();
     Unload();
+}
+
+void frmtelainicial::Form_Unload()
+{
+    FechaConexaoDaTela();
 }
 
 void frmtelainicial::Label4_Click()

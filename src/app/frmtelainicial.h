@@ -26,6 +26,7 @@ protected:
     void Form_Load() override;
     void Form_Activate() override;
     void Form_Escape() override;
+    void Form_Unload() override;
 
 private:
     void wire();
@@ -33,7 +34,6 @@ private:
     void Command2_Click();
     void Label4_Click();
     void Timer1_Timer();
-    void txtSenha_KeyPress(int& tecla);
     void AplicaPerfil();
     void FechaConexaoDaTela();
 

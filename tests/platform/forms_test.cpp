@@ -166,6 +166,16 @@ TEST_F(Forms, AControlLosesTheFocusOnlyToAnotherOfItsForm)
     ScriptedDialogs dialogs;
     dialogs.expect(u"stop"_qs);
     screen.click(u"button"_qs);
+    EXPECT_EQ(form.log, QStringList{u"first lost"_qs}) << "the box was the answer to the click";
+    EXPECT_FALSE(form.button->isDown());
+    form.log.clear();
+    screen.click(u"button"_qs);
+    EXPECT_EQ(form.log, QStringList{u"click"_qs});
+
+    form.boxOnLostFocus = false;
+    screen.focus(u"first"_qs);
+    form.log.clear();
+    screen.click(u"button"_qs);
     EXPECT_EQ(form.log, (QStringList{u"first lost"_qs, u"click"_qs}))
         << "the loss comes before the click that causes it";
 }

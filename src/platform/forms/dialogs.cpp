@@ -43,12 +43,13 @@ void fitText(QMessageBox& window, QString text)
     const int widest = metrics.averageCharWidth() * 90;
     int width = metrics.averageCharWidth() * 34;
     for (const QString& line : text.split(QLatin1Char('\n')))
-        width = qMax(width, metrics.horizontalAdvance(line) + metrics.averageCharWidth() * 2);
+        width = qMax(width, metrics.horizontalAdvance(line) + metrics.averageCharWidth() * 4);
     if (width > widest)
         text.replace(QLatin1Char(','), QStringLiteral(",\u200b"));
     label->setText(text);
     label->setWordWrap(true);
     label->setFixedWidth(qMin(width, widest));
+    label->setContentsMargins(0, 4, metrics.averageCharWidth() * 2, 4);
     label->setTextInteractionFlags(Qt::TextSelectableByMouse);
 }
 
@@ -114,7 +115,26 @@ std::unique_ptr<Dialogs>& installed()
     return dialogs;
 }
 
+/// For a box that is about to open.
+Dialogs& opening()
+{
+    countModal();
+    return *installed();
+}
+
+int opened = 0;
+
 } // namespace
+
+int modalCount()
+{
+    return opened;
+}
+
+void countModal()
+{
+    ++opened;
+}
 
 std::unique_ptr<Dialogs> Dialogs::install(std::unique_ptr<Dialogs> dialogs)
 {
@@ -126,20 +146,20 @@ std::unique_ptr<Dialogs> Dialogs::install(std::unique_ptr<Dialogs> dialogs)
 
 Answer MsgBox(const QString& text, const QString& title, Icon icon)
 {
-    return installed()->message({text, title, icon, Buttons::Ok, Answer::Ok});
+    return opening().message({text, title, icon, Buttons::Ok, Answer::Ok});
 }
 
 bool MsgYesNo(const QString& text, const QString& title, Icon icon)
 {
-    return installed()->message({text, title, icon, Buttons::YesNo, Answer::No}) == Answer::Yes;
+    return opening().message({text, title, icon, Buttons::YesNo, Answer::No}) == Answer::Yes;
 }
 
 std::optional<QString> InputBox(const QString& prompt, const QString& title, const QString& proposal)
 {
-    return installed()->input(prompt, title, proposal);
+    return opening().input(prompt, title, proposal);
 }
 
 std::optional<QString> FileBox(const FileDialog& dialog)
 {
-    return installed()->file(dialog);
+    return opening().file(dialog);
 }

@@ -68,3 +68,8 @@ std::optional<QString> InputBox(const QString& prompt, const QString& title, con
 
 /// The chosen path; nothing where the user cancels.
 std::optional<QString> FileBox(const FileDialog& dialog);
+
+/// How many boxes and modal screens have been opened so far: whoever runs a handler can tell whether it
+/// opened one.
+int modalCount();
+void countModal();

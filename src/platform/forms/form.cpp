@@ -1,13 +1,14 @@
 #include "platform/forms/form.h"
 
+#include "platform/forms/dialogs.h"
 #include "platform/forms/formkeyboard.h"
-#include "platform/forms/listbox.h"
+#include "platform/system/error.h"
 
 #include <QAbstractItemView>
 #include <QApplication>
 #include <QCloseEvent>
 #include <QKeyEvent>
-#include <QLayout>
+#include <QMenuBar>
 #include <QMouseEvent>
 #include <QScopeGuard>
 #include <QScreen>
@@ -72,12 +73,15 @@ void Form::Show()
 
 void Form::ShowModal()
 {
+    if (modalLoop_)
+        throw RuntimeError(400, QStringLiteral("A tela já está aberta: %1").arg(windowTitle()));
     const QPointer<QWidget> owner = QApplication::activeWindow();
     setWindowModality(Qt::ApplicationModal);
     setWindowFlag(Qt::Dialog);
     Show();
     if (!loaded_)
         return;
+    countModal();
     QEventLoop loop;
     modalLoop_ = &loop;
     loop.exec();
@@ -115,18 +119,6 @@ void Form::Repaint()
             child->repaint();
 }
 
-void Form::selectOnFocus(QLineEdit* box)
-{
-    // Queued: the press of the mouse that gives the focus sets the caret afterwards.
-    const auto handler = gotFocus_.value(box);
-    gotFocus_[box] = [box, handler] {
-        QMetaObject::invokeMethod(box, &QLineEdit::selectAll, Qt::QueuedConnection);
-        box->selectAll();
-        if (handler)
-            handler();
-    };
-}
-
 void Form::showEvent(QShowEvent* event)
 {
     QWidget::showEvent(event);
@@ -146,7 +138,10 @@ void Form::closeEvent(QCloseEvent* event)
 
 bool Form::event(QEvent* event)
 {
-    if (event->type() == QEvent::WindowActivate && loaded_ && lastActive != this) {
+    // While a modal window stands in front of this one, a window system's activation means nothing.
+    const QWidget* modal = QApplication::activeModalWidget();
+    if (event->type() == QEvent::WindowActivate && loaded_ && lastActive != this &&
+        (!modal || modal == this)) {
         lastActive = this;
         // Behind the event: an activation may show a modal window, which must not happen inside the window
         // system's call.
@@ -173,7 +168,22 @@ void Form::focusMoved(QWidget* to)
     if (to == from || !loaded_)
         return;
     current_ = to;
-    // A copy each: the handler may unload and so delete this form.
+    if (auto* box = qobject_cast<QLineEdit*>(to); box && selecting_.contains(box)) {
+        box->selectAll();
+        // Again behind the mouse's press, which sets the caret.
+        if (focusReason_ == Qt::MouseFocusReason)
+            QMetaObject::invokeMethod(box, &QLineEdit::selectAll, Qt::QueuedConnection);
+    }
+    const QPointer<Form> self(this);
+    const int before = modalCount();
+    lostAndGot(from, to);
+    if (self && modalCount() != before && focusReason_ == Qt::MouseFocusReason)
+        swallowPress_ = true;
+}
+
+void Form::lostAndGot(QWidget* from, QWidget* to)
+{
+    // A copy each: a handler may unload and so delete this form.
     const auto lost = from ? lostFocus_.value(from) : nullptr;
     const auto got = gotFocus_.value(to);
     const QPointer<Form> self(this);
@@ -189,13 +199,17 @@ bool Form::keyPressed(QWidget* control, QKeyEvent* event)
         handler();
         return true;
     }
+    if (qobject_cast<QMenuBar*>(control))
+        return false;
     switch (event->key()) {
     case Qt::Key_Escape:
         Form_Escape();
         return true;
     case Qt::Key_Return:
     case Qt::Key_Enter:
-        if (auto* button = qobject_cast<QAbstractButton*>(control))
+        if (const auto enter = enter_.value(control))
+            enter();
+        else if (auto* button = qobject_cast<QAbstractButton*>(control))
             button->click();
         else if (qobject_cast<QPlainTextEdit*>(control))
             return false;

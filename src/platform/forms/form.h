@@ -8,6 +8,7 @@
 #include <QLineEdit>
 #include <QPlainTextEdit>
 #include <QPointer>
+#include <QSet>
 #include <QWidget>
 #include <functional>
 
@@ -15,17 +16,18 @@ class ListBox;
 
 /// The base of every screen.
 ///
-/// Life: the first showing runs Form_Load; Form_Activate runs each time the window gets the focus from another window
-/// of the program; Unload (or
-/// the window's closing) runs Form_Unload, hides the window and lets ShowModal return. A screen taken from
-/// Form::of is deleted at its unloading, so that the next use starts from fresh controls.
+/// Life: the first showing runs Form_Load; Form_Activate runs each time the window gets the focus from
+/// another window of the program; Unload (or the window's closing) runs Form_Unload, hides the window and
+/// lets ShowModal return. A screen taken from Form::of is deleted at its unloading, so that the next use
+/// starts from fresh controls.
 ///
 /// Keyboard: the form sees keys before its controls. Typed and pasted letters become upper case, Enter moves
 /// on as Tab does (it presses a button that has the focus, and breaks the line in a multi-line box), Esc runs
 /// Form_Escape, and the keys given to onKey run their handler.
 ///
 /// Focus: "got" and "lost" speak of the controls of this form. Another window in front changes nothing:
-/// a control loses the focus when another control of the form has got it.
+/// a control loses the focus when another control of the form has got it. Where the loss opens a box, the
+/// click that caused it does nothing more.
 class Form : public QWidget
 {
     Q_OBJECT
@@ -47,6 +49,7 @@ public:
     }
 
     void Show();
+    /// Throws RuntimeError 400 for a screen that stands open modally.
     void ShowModal();
     void Unload();
     bool isLoaded() const { return loaded_; }
@@ -74,8 +77,8 @@ protected:
     virtual void Form_Unload() {}
     virtual void Form_Escape() { Unload(); }
 
-    /// A typed character on its way to a control, as a Unicode code (8 for the backspace key, 13 for Enter). Setting it to
-    /// 0 swallows it.
+    /// A typed character on its way to a control, as a Unicode code (8 for the backspace key, 13 for Enter).
+    /// Setting it to 0 swallows it.
     using KeyPress = std::function<void(int& keyCode)>;
 
     template <class F>
@@ -128,9 +131,15 @@ protected:
         lostFocus_[control] = bound(handler);
     }
     void onKeyPress(QWidget* control, KeyPress handler) { keyPress_[control] = std::move(handler); }
+    /// Enter in this control runs the handler in the place of moving on.
+    template <class F>
+    void onEnter(QWidget* control, void (F::*handler)())
+    {
+        enter_[control] = bound(handler);
+    }
 
     /// On getting the focus the box selects its whole text.
-    void selectOnFocus(QLineEdit* box);
+    void selectOnFocus(QLineEdit* box) { selecting_ << box; }
 
     void showEvent(QShowEvent* event) override;
     void closeEvent(QCloseEvent* event) override;
@@ -148,6 +157,7 @@ private:
     void activate();
     void watchMouse(QWidget* widget, QEvent::Type type, std::function<void()> handler);
     void focusMoved(QWidget* to);
+    void lostAndGot(QWidget* from, QWidget* to);
     bool keyPressed(QWidget* control, QKeyEvent* event);
 
     std::function<void()> forget_;
@@ -155,6 +165,10 @@ private:
     QHash<QWidget*, std::function<void()>> gotFocus_;
     QHash<QWidget*, std::function<void()>> lostFocus_;
     QHash<QWidget*, KeyPress> keyPress_;
+    QHash<QWidget*, std::function<void()>> enter_;
+    QSet<QWidget*> selecting_;
+    Qt::FocusReason focusReason_ = Qt::OtherFocusReason; ///< of the last move
+    bool swallowPress_ = false; ///< the press that moved the focus has had its answer in a box
     QPointer<QWidget> current_; ///< The control of this form that got the focus last.
     QPointer<QEventLoop> modalLoop_;
     bool loaded_ = false;

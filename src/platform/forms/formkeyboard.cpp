@@ -8,7 +8,9 @@
 #include <QInputMethodEvent>
 #include <QKeyEvent>
 #include <QMenu>
-#include <QTextCursor>
+#include <QScopedValueRollback>
+#include <memory>
+#include <utility>
 
 namespace {
 
@@ -58,60 +60,78 @@ void FormKeyboard::install()
 
 bool FormKeyboard::eventFilter(QObject* receiver, QEvent* event)
 {
-    const QEvent::Type type = event->type();
-    if (event == own_ || (type != QEvent::KeyPress && type != QEvent::InputMethod &&
-                          type != QEvent::ContextMenu && type != QEvent::MouseButtonRelease))
+    if (event == own_)
         return false;
     auto* control = qobject_cast<QWidget*>(receiver);
     Form* form = formOf(control);
     if (!form || !form->isLoaded())
         return false;
 
-    switch (type) {
+    switch (event->type()) {
+    case QEvent::FocusIn:
+        form->focusReason_ = static_cast<QFocusEvent*>(event)->reason();
+        return false;
+    case QEvent::MouseButtonPress:
+        return std::exchange(form->swallowPress_, false);
     case QEvent::KeyPress:
+        form->swallowPress_ = false;
         // A key that a control leaves alone travels on to its parents: it has been seen already.
         if (control != form->focusWidget() && !(control == form && !form->focusWidget()))
             return false;
         return keyPress(*form, control, static_cast<QKeyEvent*>(event));
+    default:
+        return form->upperCase_ && textComesIn(control, event);
+    }
+}
+
+/// Text on its way into a box by other means than single keys.
+bool FormKeyboard::textComesIn(QWidget* control, QEvent* event)
+{
+    // The text of a multi-line box and of a combo is taken by an inner part.
+    QWidget* box = takesText(control) ? control : control->parentWidget();
+    if (!box || !takesText(box))
+        return false;
+    switch (event->type()) {
     case QEvent::InputMethod:
-        return form->upperCase_ && composed(control, static_cast<QInputMethodEvent*>(event));
+        return composed(control, static_cast<QInputMethodEvent*>(event));
     case QEvent::MouseButtonRelease:
         // The middle button pastes the selection of the X window system.
-        if (form->upperCase_ && static_cast<QMouseEvent*>(event)->button() == Qt::MiddleButton) {
-            if (QWidget* target = control->focusProxy() ? control->focusProxy() : control;
-                takesText(target) && QApplication::clipboard()->supportsSelection()) {
-                insertText(target, raised(QApplication::clipboard()->text(QClipboard::Selection)));
-                return true;
-            }
-        }
-        return false;
+        if (static_cast<QMouseEvent*>(event)->button() != Qt::MiddleButton ||
+            !QApplication::clipboard()->supportsSelection())
+            return false;
+        insertText(box, raised(QApplication::clipboard()->text(QClipboard::Selection)));
+        return true;
+    case QEvent::DragEnter:
+        return true; // what is dragged here would come in as it is
     case QEvent::ContextMenu:
-        if (auto* box = qobject_cast<QLineEdit*>(control); box && form->upperCase_) {
-            std::unique_ptr<QMenu> menu(box->createStandardContextMenu());
-            for (QAction* action : menu->actions())
-                if (action->objectName() == QLatin1String("edit-paste")) {
-                    action->disconnect();
-                    connect(action, &QAction::triggered, box,
-                            [box] { insertText(box, raised(QApplication::clipboard()->text())); });
-                }
-            menu->exec(static_cast<QContextMenuEvent*>(event)->globalPos());
-            return true;
-        }
-        return false;
+        return contextMenu(box, static_cast<QContextMenuEvent*>(event));
     default:
         return false;
     }
 }
 
+/// The box's own menu, whose "paste" raises the letters.
+bool FormKeyboard::contextMenu(QWidget* box, QContextMenuEvent* event)
+{
+    std::unique_ptr<QMenu> menu;
+    if (auto* line = qobject_cast<QLineEdit*>(box))
+        menu.reset(line->createStandardContextMenu());
+    else if (auto* memo = qobject_cast<QPlainTextEdit*>(box))
+        menu.reset(memo->createStandardContextMenu());
+    else if (auto* combo = qobject_cast<QComboBox*>(box))
+        menu.reset(combo->lineEdit()->createStandardContextMenu());
+    for (QAction* action : menu->actions())
+        if (action->objectName() == QLatin1String("edit-paste")) {
+            action->disconnect();
+            connect(action, &QAction::triggered, box,
+                    [box] { insertText(box, raised(QApplication::clipboard()->text())); });
+        }
+    menu->exec(event->globalPos());
+    return true;
+}
+
 bool FormKeyboard::keyPress(Form& form, QWidget* control, QKeyEvent* event)
 {
-    const auto handler = form.keyPress_.value(control);
-    if (handler && (event->key() == Qt::Key_Return || event->key() == Qt::Key_Enter)) {
-        int code = 13;
-        handler(code);
-        if (code == 0)
-            return true;
-    }
     if (form.keyPressed(control, event))
         return true;
     if (!control->isEnabled())
@@ -122,12 +142,13 @@ bool FormKeyboard::keyPress(Form& form, QWidget* control, QKeyEvent* event)
     }
 
     QString text = event->text();
-    if (text.isEmpty() || event->modifiers().testFlag(Qt::ControlModifier) ||
+    const bool isCharacter = !text.isEmpty() && (text[0].isPrint() || event->key() == Qt::Key_Backspace);
+    if (!isCharacter || event->modifiers().testFlag(Qt::ControlModifier) ||
         event->modifiers().testFlag(Qt::AltModifier))
         return false;
     if (form.upperCase_)
         text = raised(text);
-    if (handler) {
+    if (const auto handler = form.keyPress_.value(control)) {
         int code = text[0].unicode();
         handler(code);
         if (code == 0)
@@ -138,10 +159,14 @@ bool FormKeyboard::keyPress(Form& form, QWidget* control, QKeyEvent* event)
         return false;
     QKeyEvent changed(event->type(), event->key(), event->modifiers(), text, event->isAutoRepeat(),
                       static_cast<quint16>(event->count()));
-    own_ = &changed;
-    QApplication::sendEvent(control, &changed);
-    own_ = nullptr;
+    send(control, changed);
     return true;
+}
+
+void FormKeyboard::send(QWidget* control, QEvent& changed)
+{
+    const QScopedValueRollback<const QEvent*> own(own_, &changed);
+    QApplication::sendEvent(control, &changed);
 }
 
 /// Letters that come composed, such as an accent and a vowel.
@@ -152,9 +177,7 @@ bool FormKeyboard::composed(QWidget* control, QInputMethodEvent* event)
         return false;
     QInputMethodEvent changed(event->preeditString(), event->attributes());
     changed.setCommitString(text, event->replacementStart(), event->replacementLength());
-    own_ = &changed;
-    QApplication::sendEvent(control, &changed);
-    own_ = nullptr;
+    send(control, changed);
     return true;
 }
 

@@ -2,6 +2,7 @@
 
 #include <QObject>
 
+class QContextMenuEvent;
 class QInputMethodEvent;
 class QKeyEvent;
 class QWidget;
@@ -23,7 +24,10 @@ private:
     explicit FormKeyboard(QObject* parent) : QObject(parent) {}
 
     bool keyPress(Form& form, QWidget* control, QKeyEvent* event);
+    bool textComesIn(QWidget* control, QEvent* event);
+    bool contextMenu(QWidget* box, QContextMenuEvent* event);
     bool composed(QWidget* control, QInputMethodEvent* event);
+    void send(QWidget* control, QEvent& changed);
 
     const QEvent* own_ = nullptr; ///< The event that the filter sends itself.
 };

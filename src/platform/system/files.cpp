@@ -90,6 +90,7 @@ QByteArray read(const QString& path)
 void write(const QString& path, const QByteArray& content)
 {
     QSaveFile file(path);
+    file.setDirectWriteFallback(true); // a file that may be written in a folder that may not
     if (!file.open(QIODevice::WriteOnly) || file.write(content) != content.size() || !file.commit())
         Errors::fileAccess(path, file.errorString());
 }

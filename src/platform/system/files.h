@@ -28,7 +28,8 @@ void makeFolder(const QString& path);
 /// Throws RuntimeError 53 where the file does not exist, 75 where it cannot be read.
 QByteArray read(const QString& path);
 
-/// Replaces the file whole: a reader sees the old content or the new. Throws RuntimeError 75.
+/// Replaces the file whole: a reader sees the old content or the new, where the folder allows it. Throws
+/// RuntimeError 75.
 void write(const QString& path, const QByteArray& content);
 
 /// One value of an initialisation file ("[section]", lines "key=value", code page 1252): section and key are
