@@ -1,8 +1,11 @@
 #include "app/core/funcoes.h"
+#include "app/core/instalacao.h"
+#include "app/frmtelainicial.h"
 #include "shell_fixture.h"
 
 #include <QAction>
 #include <QProcess>
+#include <QTest>
 
 using namespace Variaveis;
 
@@ -35,6 +38,8 @@ protected:
 TEST_F(Shell, StartCleansUpReadsTheConfigurationAndLogsIn)
 {
     Files::write(Files::inProgramFolder(u"\\adm_atu.exe"_qs), "x");
+    dialogs.expect(u"\"F1 SUPORTE\" ainda não está disponível nesta versão."_qs);
+    dialogs.expect(u"\"F1 SUPORTE\" ainda não está disponível nesta versão."_qs);
     dialogs.expect(u"--- ERRO --- USUÁRIO E/OU SENHA NÃO CONFEREM!"_qs, u"ATENÇÃO"_qs, Icon::Information);
     modal.expect(u"frmtelainicial"_qs, [this](ScreenDriver& login) {
         ScreenDriver principal(Form::of<frmPrincipal>());
@@ -43,6 +48,16 @@ TEST_F(Shell, StartCleansUpReadsTheConfigurationAndLogsIn)
         EXPECT_TRUE(principal.visible(u"cmdST"_qs));
         EXPECT_EQ(Form::of<frmPrincipal>().findChild<StatusBar*>()->panel(3), u"Usuário: Não Logado");
         EXPECT_EQ(login.focused(), u"txtUsuario");
+        EXPECT_EQ(login.window().windowTitle(), u"Login");
+        const QString sentence = login.text(u"Label1"_qs);
+        QTest::qWait(600);
+        EXPECT_NE(login.text(u"Label1"_qs), sentence) << "it moves";
+        EXPECT_EQ(login.text(u"Label1"_qs).size(), sentence.size());
+        login.type(u"txtUsuario"_qs, u"12345678901"_qs);
+        EXPECT_EQ(login.text(u"txtUsuario"_qs), u"1234567890");
+        EXPECT_EQ(static_cast<QLineEdit*>(login.find(u"txtSenha"_qs))->echoMode(), QLineEdit::Password);
+        login.press(Qt::Key_F10);
+        login.click(u"Label4"_qs);
         typeLogin(login, u"maria"_qs, u"errada"_qs);
         EXPECT_EQ(login.text(u"txtUsuario"_qs), u"MARIA") << "the fields keep their text";
         EXPECT_EQ(login.text(u"txtSenha"_qs), u"ERRADA");
@@ -64,6 +79,7 @@ TEST_F(Shell, StartCleansUpReadsTheConfigurationAndLogsIn)
     EXPECT_FALSE(principal.visible(u"cmdST"_qs));
     EXPECT_FALSE(principal.visible(u"Image1"_qs));
     auto* bar = Form::of<frmPrincipal>().findChild<StatusBar*>();
+    EXPECT_EQ(bar->panel(1), Instalacao::site());
     EXPECT_EQ(bar->panel(2), u"16/03/2026");
     EXPECT_EQ(bar->panel(3), u"Usuário: MARIA");
 }
@@ -106,6 +122,8 @@ TEST_F(Shell, AfterALogOffOnlyTheNextUsersRowsCount)
     addRight(u"C1"_qs, u"ANA"_qs, u"mnurel              "_qs, u"0"_qs);
     start();
     EXPECT_EQ(enabledEntries(), (QStringList{u"cliAG"_qs} + always));
+    // What is configured from now on counts at the next start.
+    ArquivosINI::Grava({u"nowhere"_qs, {}, {}, {}, u"C2"_qs});
 
     modal.expect(u"frmtelainicial"_qs, [](ScreenDriver& login) {
         EXPECT_EQ(Usuario, u"");
@@ -114,11 +132,33 @@ TEST_F(Shell, AfterALogOffOnlyTheNextUsersRowsCount)
         typeLogin(login, u"ana"_qs, u"x"_qs);
     });
     ScreenDriver principal(Form::of<frmPrincipal>());
+    principal.press(Qt::Key_Escape);
+    EXPECT_TRUE(principal.isOpen());
     principal.press(Qt::Key_F10);
     settle();
+    EXPECT_EQ(idlic, u"C1");
     EXPECT_EQ(enabledEntries(), (QStringList{u"mnurel"_qs} + always));
     EXPECT_EQ(Form::of<frmPrincipal>().findChild<StatusBar*>()->panel(3), u"Usuário: ANA");
     EXPECT_FALSE(principal.visible(u"cmdST"_qs));
+}
+
+TEST_F(Shell, TheLoginIsLeftWithoutAUser)
+{
+    Usuario = u"OLD"_qs;
+    for (const bool byEsc : {false, true}) {
+        modal.expect(u"frmtelainicial"_qs, [byEsc](ScreenDriver& login) {
+            EXPECT_EQ(Conexao.State(), 1);
+            RetornoFechamento = u"x"_qs;
+            byEsc ? login.press(Qt::Key_Escape) : login.click(u"Command2"_qs);
+        });
+        idlic = u"C1"_qs;
+        StringConexao = Database::instance().connectionString();
+        Form::of<frmtelainicial>().ShowModal();
+        EXPECT_EQ(RetornoFechamento, u"N");
+        EXPECT_EQ(Conexao.State(), 0);
+        EXPECT_EQ(Usuario, byEsc ? u"" : u"OLD");
+        EXPECT_EQ(Logado, u"N");
+    }
 }
 
 TEST_F(Shell, ALogoFillsTheWindowBehindEverything)
@@ -142,7 +182,7 @@ TEST_F(Shell, TheConfigurationScreenKeepsTheFile)
     start();
     const QByteArray before = Files::read(ArquivosINI::Caminho());
     const QString connection = StringConexao;
-    dialogs.expectQuestion(u"Confirma os dados?"_qs, false, u"Atenção"_qs);
+    dialogs.expectQuestion(u"Confirma os dados?"_qs, false, u"Atenção"_qs, Icon::Question);
     dialogs.expectQuestion(u"Confirma os dados?"_qs, true, u"Atenção"_qs);
     dialogs.expect(u"Configuração salva com sucesso!"_qs, {}, Icon::Information);
     modal.expect(u"frmconfig"_qs, [&](ScreenDriver& screen) {

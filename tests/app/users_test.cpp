@@ -60,6 +60,8 @@ TEST_F(Users, ANewUserGetsARowForEveryEntry)
     dialogs.expect(u"Salvo com sucesso!"_qs, u"Atenção"_qs);
     on([&](ScreenDriver& screen) {
         EXPECT_EQ(screen.window().windowTitle(), u"Usuários - Manutenção");
+        EXPECT_EQ(screen.find(u"Command1"_qs)->toolTip(), u"Confirma os dados");
+        EXPECT_EQ(screen.find(u"Command3"_qs)->toolTip(), u"Exclui um usuário cadastrado");
         EXPECT_EQ(screen.list(u"List1"_qs), QStringList());
         EXPECT_FALSE(screen.enabled(u"Command1"_qs));
         name(screen, u"recepção"_qs);
@@ -133,6 +135,7 @@ TEST_F(Users, NamesOfTenAndElevenCharacters)
     on([](ScreenDriver& screen) {
         screen.focus(u"Combo1"_qs);
         screen.press(Qt::Key_Return);
+        EXPECT_FALSE(screen.enabled(u"Command1"_qs));
         name(screen, u"12345678901"_qs);
         EXPECT_TRUE(screen.list(u"List1"_qs).isEmpty());
         name(screen, u"1234567890"_qs);
@@ -146,16 +149,25 @@ TEST_F(Users, NamesOfTenAndElevenCharacters)
               (QList<QStringList>{{u"12345678901"_qs}}));
 }
 
-TEST_F(Users, PasswordsThatDifferAreRefused)
+TEST_F(Users, PasswordsThatDifferOrAreMissingAreRefused)
 {
+    dialogs.expect(u"Existem campos em branco que não podem ficar em branco."_qs, u"ATENÇÃO"_qs,
+                   Icon::Exclamation);
     dialogs.expect(u"--- ERRO --- Senhas não conferem!"_qs, u"Atenção"_qs);
     on([](ScreenDriver& screen) {
         name(screen, u"ana"_qs);
         passwords(screen, u"x"_qs, u"x"_qs);
-        screen.type(u"txtsenha"_qs,
-                    u"y"_qs); // the buttons look at the passwords only when the second box is used
+        // The buttons look at the passwords only when the second box is used.
+        screen.type(u"txtsenha"_qs, u""_qs);
+        screen.click(u"Command1"_qs);
+        screen.type(u"txtsenha"_qs, u"y"_qs);
         screen.click(u"Command1"_qs);
         EXPECT_EQ(screen.text(u"Combo1"_qs), u"ANA") << "nothing typed is lost";
+        screen.focus(u"txtoksenha"_qs);
+        EXPECT_FALSE(screen.enabled(u"Command1"_qs)) << "coming back to the second box compares as well";
+        name(screen, u"bia"_qs);
+        EXPECT_EQ(screen.text(u"txtsenha"_qs), u"") << "another name, other passwords";
+        EXPECT_EQ(screen.text(u"txtoksenha"_qs), u"");
     });
     EXPECT_EQ(Database::instance().value(u"select count(*) from usuarios"_qs), u"1");
 }
@@ -165,7 +177,7 @@ TEST_F(Users, DeletionReachesEveryTenant)
     addUser(u"C2"_qs, u"MARIA"_qs, u"Z"_qs);
     addUser(u"C2"_qs, u"JOSE"_qs, u"Z"_qs);
     addRight(u"C2"_qs, u"MARIA"_qs, u"cliAG"_qs, u"0"_qs);
-    dialogs.expectQuestion(u"Confirma a exclusão?"_qs, false, u"Exclusão de Usuário"_qs);
+    dialogs.expectQuestion(u"Confirma a exclusão?"_qs, false, u"Exclusão de Usuário"_qs, Icon::Question);
     dialogs.expectQuestion(u"Confirma a exclusão?"_qs, true, u"Exclusão de Usuário"_qs);
     dialogs.expect(u"Excluído com sucesso!"_qs, u"Atenção"_qs);
     on([](ScreenDriver& screen) {
@@ -178,6 +190,16 @@ TEST_F(Users, DeletionReachesEveryTenant)
     });
     EXPECT_EQ(rows(u"select idlic,nmusuario from usuarios"_qs), (QList<QStringList>{{u"C2"_qs, u"JOSE"_qs}}));
     EXPECT_EQ(Database::instance().value(u"select count(*) from perfilusuario"_qs), u"0");
+}
+
+TEST_F(Users, TheWindowsOwnClosingClosesTheConnectionToo)
+{
+    modal.expect(u"frmcadusuario"_qs, [](ScreenDriver& screen) {
+        EXPECT_EQ(Conexao.State(), 1);
+        screen.window().close();
+    });
+    Form::of<frmcadusuario>().ShowModal();
+    EXPECT_EQ(Conexao.State(), 0);
 }
 
 TEST_F(Users, AllAndNoneAreChosenButNotSaved)

@@ -3,7 +3,7 @@
 #include "platform/forms/form.h"
 #include "platform/forms/listbox.h"
 #include "platform/forms/statusbar.h"
-#include "platform/system/error.h"
+#include "support/errorof.h"
 #include "support/fixedclock.h"
 #include "support/modaldriver.h"
 #include "support/print.h"
@@ -11,6 +11,7 @@
 
 #include <QClipboard>
 #include <QInputMethodEvent>
+#include <QMenuBar>
 #include <QPushButton>
 #include <QTest>
 #include <QVBoxLayout>
@@ -41,9 +42,10 @@ public:
         onKey(Qt::Key_F2, &Sample::F2);
         onKeyPress(second, [this](int& code) {
             codes << code;
-            if (code == 'X')
+            if (code == 'X' || swallowAll)
                 code = 0;
         });
+        selectOnFocus(second);
     }
 
     QLineEdit* first = new QLineEdit;
@@ -54,6 +56,9 @@ public:
     QStringList log;
     QList<int> codes;
     bool boxOnLostFocus = false;
+    bool swallowAll = false;
+    using Form::onEnter;
+    void F2() { log << u"F2"_qs; }
 
 protected:
     void Form_Load() override { log << u"load"_qs; }
@@ -70,7 +75,6 @@ private:
     void second_GotFocus() { log << u"second got"_qs; }
     void button_Click() { log << u"click"_qs; }
     void list_DblClick() { log << u"double "_qs + list->List(list->ListIndex()); }
-    void F2() { log << u"F2"_qs; }
 };
 
 class Forms : public testing::Test
@@ -132,6 +136,59 @@ TEST_F(Forms, EnterMovesOnButPressesAButtonAndBreaksALine)
     EXPECT_EQ(form.log, QStringList{u"click"_qs});
 }
 
+TEST_F(Forms, ADateBoxLetsTheKeysThroughThatAreNoCharacters)
+{
+    screen.focus(u"second"_qs);
+    form.swallowAll = true;
+    screen.typeOn(u"a1"_qs);
+    EXPECT_EQ(form.second->text(), u"");
+    form.second->setText(u"12"_qs);
+    form.second->setCursorPosition(0);
+    screen.press(Qt::Key_Delete);
+    EXPECT_EQ(form.second->text(), u"2");
+    screen.press(Qt::Key_Return);
+    EXPECT_EQ(screen.focused(), u"memo");
+    screen.focus(u"second"_qs);
+    screen.press(Qt::Key_Tab);
+    EXPECT_EQ(screen.focused(), u"memo");
+}
+
+TEST_F(Forms, TheMenuBarKeepsItsKeys)
+{
+    auto* bar = new QMenuBar(&form);
+    int runs = 0;
+    QObject::connect(bar->addAction(u"Agenda"_qs), &QAction::triggered, &form, [&] { ++runs; });
+    form.layout()->setMenuBar(bar);
+    bar->show();
+    bar->setFocus();
+    ASSERT_EQ(form.focusWidget(), bar);
+    bar->setActiveAction(bar->actions().first());
+    screen.press(Qt::Key_Return);
+    EXPECT_EQ(runs, 1);
+    bar->setFocus();
+    screen.press(Qt::Key_Escape);
+    EXPECT_TRUE(form.isLoaded());
+}
+
+TEST_F(Forms, SelectsOnFocusBesideAnotherHandler)
+{
+    form.second->setText(u"abc"_qs);
+    form.log.clear();
+    screen.click(u"second"_qs);
+    EXPECT_EQ(form.second->selectedText(), u"abc");
+    EXPECT_EQ(form.log.last(), u"second got");
+}
+
+TEST_F(Forms, EnterMayHaveItsOwnHandler)
+{
+    form.onEnter(form.first, &Sample::F2);
+    screen.focus(u"first"_qs);
+    form.log.clear();
+    screen.press(Qt::Key_Return);
+    EXPECT_EQ(form.log, QStringList{u"F2"_qs});
+    EXPECT_EQ(screen.focused(), u"first");
+}
+
 TEST_F(Forms, FunctionKeysAndKeyHandlersComeBeforeTheControl)
 {
     screen.focus(u"second"_qs);
@@ -182,14 +239,20 @@ TEST_F(Forms, AControlLosesTheFocusOnlyToAnotherOfItsForm)
 
 TEST_F(Forms, LoadsOnceActivatesAndUnloads)
 {
+    form.log.clear();
     Sample* modal = new Sample;
     ModalDriver driver;
     driver.expect(u"Form"_qs, [&](ScreenDriver& opened) {
         EXPECT_EQ(modal->log, (QStringList{u"load"_qs, u"activate"_qs}));
+        EXPECT_EQ(errorOf([&] { modal->ShowModal(); }), 400) << "it stands open already";
+        // A window behind a modal one is not activated, whatever the window system says.
+        form.activateWindow();
+        settle();
+        EXPECT_EQ(form.log, QStringList());
         opened.press(Qt::Key_Escape);
     });
     modal->ShowModal();
-    EXPECT_EQ(modal->log.last(), u"unload");
+    EXPECT_EQ(modal->log, (QStringList{u"load"_qs, u"activate"_qs, u"unload"_qs}));
     EXPECT_FALSE(modal->isLoaded());
     delete modal;
 

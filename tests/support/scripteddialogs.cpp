@@ -13,8 +13,10 @@ public:
             script_.watcher_(box);
         const bool question = box.buttons == Buttons::YesNo;
         const auto found = script_.next(question ? Kind::Question : Kind::Message, box.text, box.title);
+        if (found && found->icon && *found->icon != box.icon)
+            Report::fail(QStringLiteral("the box \"%1\" has another icon").arg(box.text));
         if (!question)
-            return checkedIcon(found, box);
+            return Answer::Ok;
         if (box.standard != Answer::No)
             Report::fail(QStringLiteral("the question \"%1\" does not default to No").arg(box.text));
         return found && found->yes ? Answer::Yes : Answer::No;
@@ -33,13 +35,6 @@ public:
     }
 
 private:
-    static Answer checkedIcon(const std::optional<Expected>& found, const MessageBox& box)
-    {
-        if (found && found->icon && *found->icon != box.icon)
-            Report::fail(QStringLiteral("the box \"%1\" has another icon").arg(box.text));
-        return Answer::Ok;
-    }
-
     ScriptedDialogs& script_;
 };
 
@@ -56,9 +51,10 @@ void ScriptedDialogs::expect(const QString& text, const QString& title, std::opt
     expected_ << Expected{Kind::Message, text, title, icon, false, {}};
 }
 
-void ScriptedDialogs::expectQuestion(const QString& text, bool yes, const QString& title)
+void ScriptedDialogs::expectQuestion(const QString& text, bool yes, const QString& title,
+                                     std::optional<Icon> icon)
 {
-    expected_ << Expected{Kind::Question, text, title, {}, yes, {}};
+    expected_ << Expected{Kind::Question, text, title, icon, yes, {}};
 }
 
 void ScriptedDialogs::expectInput(const QString& prompt, const std::optional<QString>& answer,

@@ -18,7 +18,8 @@ public:
     /// A box of exactly this text, answered with its only button.
     void expect(const QString& text, const QString& title = {}, std::optional<Icon> icon = {});
     /// A question of exactly this text.
-    void expectQuestion(const QString& text, bool yes, const QString& title = {});
+    void expectQuestion(const QString& text, bool yes, const QString& title = {},
+                        std::optional<Icon> icon = {});
     /// An input box with exactly this prompt; nothing cancels it.
     void expectInput(const QString& prompt, const std::optional<QString>& answer, const QString& title = {});
     void expectFile(const std::optional<QString>& path, const QString& title = {});

@@ -8,11 +8,25 @@
 #include <QMessageBox>
 #include <QPainter>
 
+namespace {
+
+/// The pictures of a walk, a line each.
+QString listName()
+{
+    return QStringLiteral("tour.txt");
+}
+
+} // namespace
+
 Tour::Tour(const QString& pictures) : pictures_(pictures)
 {
-    // The pictures of an earlier walk may have had other numbers.
-    for (const QString& old : pictures_.entryList({QStringLiteral("[0-9][0-9]_*.png")}))
-        pictures_.remove(old);
+    // The pictures of an earlier walk may have had other names; what else lies in the folder is not ours.
+    QFile list(pictures_.filePath(listName()));
+    if (list.open(QIODevice::ReadOnly))
+        for (const QByteArray& old : list.readAll().split('\n'))
+            if (!old.isEmpty())
+                pictures_.remove(QString::fromUtf8(old));
+    list.remove();
     connect(&timer_, &QTimer::timeout, this, &Tour::look);
     timer_.start(20);
 }
@@ -51,6 +65,9 @@ void Tour::picture(const QString& name, const QImage& image)
     const QString file = QStringLiteral("%1_%2.png").arg(++count_, 2, 10, QLatin1Char('0')).arg(name);
     if (image.isNull() || !image.save(pictures_.filePath(file)))
         Report::fail(QStringLiteral("the picture %1 cannot be kept").arg(pictures_.filePath(file)));
+    QFile list(pictures_.filePath(listName()));
+    if (!list.open(QIODevice::Append) || list.write(file.toUtf8() + '\n') < 0)
+        Report::fail(QStringLiteral("%1 cannot be written").arg(list.fileName()));
 }
 
 void Tour::pictureWithMenu(const QString& name, const ScreenDriver& screen, QMenu& menu)

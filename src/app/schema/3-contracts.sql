@@ -51,7 +51,8 @@ CREATE TABLE contrato_procedimentos (
 
 -- Visits. idlan is the procedure, "_" and the first moment planned: it repeats between contracts, and a visit
 -- that is moved keeps it. idprof and status are left to their defaults when a schedule is generated: no
--- professional yet, visit pending; status 1 is a visit done.
+-- professional yet, visit pending; status 1 is a visit done. The screen that moves a visit does not look at the day
+-- that is typed: the server does.
 CREATE TABLE contrato_agenda (
     idlic      VARCHAR(20) NOT NULL,
     idcontrato VARCHAR(40) NOT NULL,
