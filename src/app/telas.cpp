@@ -3,6 +3,7 @@
 #include "app/core/menu.h"
 #include "app/frmcadusuario.h"
 #include "app/frmconfig.h"
+#include "registers/cadastrossimples.h"
 
 namespace {
 
@@ -16,6 +17,12 @@ void abre(const char* entrada)
 
 void ligaMenu()
 {
+    abre<frmCadConvenios>("cadConv");
+    abre<frmCadEspecialidade>("cadEsp");
+    abre<frmCadGrupoEstoque>("cadgru");
+    abre<frmCadProcedimentos>("cadproc");
     abre<frmcadusuario>("cadUsu");
+    abre<frmCadCentroCusto>("ctpgcadcen");
+    abre<frmCadSubCentro>("ctpgcadscen");
     abre<frmconfig>("mnupram");
 }

@@ -92,3 +92,32 @@ protected:
     ScriptedDialogs dialogs;
     ModalDriver modal;
 };
+
+/// MARIA is in, as after a login; every menu entry is open to her.
+class LoggedIn : public Shell
+{
+protected:
+    LoggedIn()
+    {
+        Variaveis::idlic = u"C1"_qs;
+        Variaveis::Usuario = u"MARIA"_qs;
+        Variaveis::StringConexao = Database::instance().connectionString();
+        for (const Menu::Entry& entry : Menu::principal().entries())
+            Menu::principal().setEnabled(entry.name, true);
+    }
+
+    /// Opens a screen modally and works on it; the steps must leave it.
+    template <class Screen>
+    void open(std::function<void(ScreenDriver&)> steps)
+    {
+        modal.expect(QString::fromLatin1(Screen::staticMetaObject.className()), std::move(steps));
+        Form::of<Screen>().ShowModal();
+    }
+
+    static QString value(const QString& query) { return Database::instance().value(query); }
+    static void execute(const QString& statements) { Database::instance().execute(statements); }
+
+    /// The stamps of this user at this clock, behind a bound save and in a statement.
+    const QString boundStamp = u"MARIA - 16/03/2026 08:30:15"_qs;
+    const QString stamp = u"MARIA 16/03/2026 08:30:15"_qs;
+};

@@ -5,24 +5,16 @@ using namespace Variaveis;
 
 namespace {
 
-class Users : public Shell
+class Users : public LoggedIn
 {
 protected:
-    Users()
-    {
-        idlic = u"C1"_qs;
-        Usuario = u"MARIA"_qs;
-        StringConexao = Database::instance().connectionString();
-    }
-
     /// Opens the screen, works on it, and leaves it by Esc.
     void on(std::function<void(ScreenDriver&)> steps)
     {
-        modal.expect(u"frmcadusuario"_qs, [steps](ScreenDriver& screen) {
+        open<frmcadusuario>([steps](ScreenDriver& screen) {
             steps(screen);
             screen.press(Qt::Key_Escape);
         });
-        Form::of<frmcadusuario>().ShowModal();
         EXPECT_EQ(Conexao.State(), 0);
     }
 
@@ -49,8 +41,6 @@ protected:
         names.sort();
         return names;
     }
-
-    const QString stamp = u"MARIA - 16/03/2026 08:30:15"_qs;
 };
 
 } // namespace
@@ -91,11 +81,11 @@ TEST_F(Users, ANewUserGetsARowForEveryEntry)
     EXPECT_EQ(RetornoCodigo, u"N");
     EXPECT_EQ(
         rows(u"select idlic,nmusuario,ususenha,evcad,evup from usuarios where nmusuario = 'RECEPÇÃO'"_qs),
-        (QList<QStringList>{{u"C1"_qs, u"RECEPÇÃO"_qs, u"ABC"_qs, stamp, stamp}}));
+        (QList<QStringList>{{u"C1"_qs, u"RECEPÇÃO"_qs, u"ABC"_qs, boundStamp, boundStamp}}));
     EXPECT_EQ(
         rows(
             u"select count(*), min(length(campo)), max(length(campo)), min(ususenha), min(evcad) from perfilusuario"_qs),
-        (QList<QStringList>{{u"30"_qs, u"20"_qs, u"20"_qs, u"ABC"_qs, stamp}}));
+        (QList<QStringList>{{u"30"_qs, u"20"_qs, u"20"_qs, u"ABC"_qs, boundStamp}}));
     EXPECT_EQ(granted(u"RECEPÇÃO"_qs), (QStringList{u"cadConv"_qs, u"cliAG"_qs, u"mnuCad"_qs}));
 }
 
@@ -119,7 +109,7 @@ TEST_F(Users, AKnownUserIsShownAndItsPasswordChanged)
         screen.click(u"Command1"_qs);
     });
     EXPECT_EQ(rows(u"select ususenha,evcad,evup from usuarios where nmusuario = 'MARIA'"_qs),
-              (QList<QStringList>{{u"NOVA"_qs, QString(), stamp}}));
+              (QList<QStringList>{{u"NOVA"_qs, QString(), boundStamp}}));
     EXPECT_EQ(rows(u"select count(*), count(distinct ususenha), min(ususenha) from perfilusuario"_qs),
               (QList<QStringList>{{u"30"_qs, u"1"_qs, u"NOVA"_qs}}));
     EXPECT_EQ(granted(u"MARIA"_qs), QStringList{u"cadUsu"_qs});

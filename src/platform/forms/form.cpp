@@ -211,7 +211,7 @@ bool Form::keyPressed(QWidget* control, QKeyEvent* event)
             enter();
         else if (auto* button = qobject_cast<QAbstractButton*>(control))
             button->click();
-        else if (qobject_cast<QPlainTextEdit*>(control))
+        else if (!enterMovesOn_ || qobject_cast<QPlainTextEdit*>(control))
             return false;
         else
             focusNextPrevChild(true);

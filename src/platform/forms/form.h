@@ -65,6 +65,7 @@ public:
     virtual QSize openingSize() const { return sizeHint(); }
 
     void setUpperCase(bool on) { upperCase_ = on; }
+    void setEnterMovesOn(bool on) { enterMovesOn_ = on; }
 
 Q_SIGNALS:
     /// The screen's own loading is done and its controls have their first geometry; emitted once a loading,
@@ -86,6 +87,7 @@ protected:
     {
         keys_[key] = bound(handler);
     }
+    void onKey(Qt::Key key, std::function<void()> handler) { keys_[key] = std::move(handler); }
     template <class F>
     void onClick(QAbstractButton* button, void (F::*handler)())
     {
@@ -175,6 +177,7 @@ private:
     bool laidOut_ = false;
     bool activating_ = false;
     bool upperCase_ = true;
+    bool enterMovesOn_ = true;
 };
 
 /// Sends a key string to the control that has the focus: plain characters, and the names {TAB}, {ENTER},
