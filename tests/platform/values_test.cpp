@@ -11,9 +11,6 @@
 
 namespace {
 
-/// Brazil's summer time, set before anything asks for the zone.
-const bool Zone = qputenv("TZ", "America/Sao_Paulo");
-
 const double Infinity = std::numeric_limits<double>::infinity();
 const double NotANumber = std::numeric_limits<double>::quiet_NaN();
 
