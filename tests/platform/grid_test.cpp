@@ -241,9 +241,11 @@ TEST_F(Grid, EveryChangeOfTheCurrentRowIsToldOnce)
          {u"151"_qs}},
         {"filter with it first", [&] { rs().Filter(u"idplano > 150"_qs); }, {}},
         {"filter", [&] { rs().Filter(u"idplano > 190"_qs); }, {u"191"_qs}},
-        {"columns",
+        {"columns, a change not being saved",
          [&] {
+             rs().Fields("nmplano") = u"half typed"_qs;
              grid.setColumns({{u"idplano"_qs, u"CÓDIGO"_qs, 100}});
+             rs().CancelUpdate();
          },
          {}},
         {"delete", [&] { rs().Delete(); }, {u"192"_qs}},
@@ -366,6 +368,7 @@ TEST_F(Grid, AColumnWithoutItsFieldIsAnError)
 {
     source.setRecordSource(u"select idplano, nmplano from plano"_qs);
     EXPECT_EQ(errorOf([&] { source.Refresh(); }), 3265);
+    EXPECT_EQ(rs().State(), 0);
     EXPECT_EQ(grid.model()->rowCount(), 0);
 }
 
