@@ -197,7 +197,7 @@ TEST(Date, refusesWhatIsNone)
 
 TEST(Date, keepsTheDayWhoseMidnightSummerTimeSkipped)
 {
-    ASSERT_TRUE(Zone && !moment(2018, 11, 4).isValid()) << "the zone has no summer time";
+    ASSERT_FALSE(moment(2018, 11, 4).isValid()) << "the zone has no summer time";
     const QDateTime first = toDate(u"04/11/2018");
     EXPECT_EQ(first.date(), QDate(2018, 11, 4));
     EXPECT_EQ(first.time(), QTime(0, 0));
