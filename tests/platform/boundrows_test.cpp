@@ -5,9 +5,20 @@ using namespace ADODB;
 
 namespace {
 
-using BoundRows = DataFixture;
+/// The same over rows held whole and over rows read by pages so small that every test crosses their edges.
+class EitherStore : public DataFixture, public testing::WithParamInterface<bool>
+{
+protected:
+    void SetUp() override
+    {
+        DataFixture::SetUp();
+        pageSize = GetParam() ? 3 : 0;
+    }
+};
 
-TEST_F(BoundRows, ANewRowIsSentWithWhatWasSetAndReadBack)
+using BoundRows = EitherStore;
+
+TEST_P(BoundRows, ANewRowIsSentWithWhatWasSetAndReadBack)
 {
     Recordset rs;
     open(rs, u"select * from plano order by nmplano"_qs);
@@ -34,7 +45,7 @@ TEST_F(BoundRows, ANewRowIsSentWithWhatWasSetAndReadBack)
     EXPECT_EQ(rs.Fields("nmplano").text(), u"AMIL");
 }
 
-TEST_F(BoundRows, WhatIsAssignedArrivesAsTheColumnStoresIt)
+TEST_P(BoundRows, WhatIsAssignedArrivesAsTheColumnStoresIt)
 {
     using Assign = std::function<void(Field)>;
     const auto text = [](const QString& value) { return Assign([value](Field field) { field = value; }); };
@@ -98,7 +109,7 @@ TEST_F(BoundRows, WhatIsAssignedArrivesAsTheColumnStoresIt)
     EXPECT_EQ(errorOf([&] { rs.Fields("idplano") = QDate(2026, 1, 31); }), 13);
 }
 
-TEST_F(BoundRows, ANumberThatIsLeftBlankIsTheServersAndAnyOtherStays)
+TEST_P(BoundRows, ANumberThatIsLeftBlankIsTheServersAndAnyOtherStays)
 {
     using Assign = std::function<void(Field)>;
     const std::pair<Assign, int> cases[] = {
@@ -116,7 +127,7 @@ TEST_F(BoundRows, ANumberThatIsLeftBlankIsTheServersAndAnyOtherStays)
     }
 }
 
-TEST_F(BoundRows, ARecordsetUsedAgainKnowsNothingOfItsLastResult)
+TEST_P(BoundRows, ARecordsetUsedAgainKnowsNothingOfItsLastResult)
 {
     database().execute(u"insert into plano (nmplano) select concat('P', seq) from seq_1_to_200;"
                        "insert into produto values ('A', '1', 'luva'), ('A', '2', 'gaze')"_qs);
@@ -149,7 +160,7 @@ TEST_F(BoundRows, ARecordsetUsedAgainKnowsNothingOfItsLastResult)
         (Table{{u"121"_qs, u"200"_qs, u"80"_qs, u"0"_qs}}));
 }
 
-TEST_F(BoundRows, AnUpdateTouchesOneRowAndOnlyWhatWasSet)
+TEST_P(BoundRows, AnUpdateTouchesOneRowAndOnlyWhatWasSet)
 {
     database().execute(
         u"insert into produto values ('A', '0012', 'luva'), ('A', '12', 'gaze'), ('B', '0012', 'soro')"_qs);
@@ -174,7 +185,7 @@ TEST_F(BoundRows, AnUpdateTouchesOneRowAndOnlyWhatWasSet)
     EXPECT_EQ(database().rows(all).first().last(), u"LUVA G");
 }
 
-TEST_F(BoundRows, DeletingLeavesTheNextRowCurrent)
+TEST_P(BoundRows, DeletingLeavesTheNextRowCurrent)
 {
     database().execute(u"insert into plano (nmplano) values ('A'), ('B'), ('C')"_qs);
     Recordset rs;
@@ -191,7 +202,7 @@ TEST_F(BoundRows, DeletingLeavesTheNextRowCurrent)
     EXPECT_EQ(rs.RecordCount(), 1);
 }
 
-TEST_F(BoundRows, ARowThatIsGoneIsAnError)
+TEST_P(BoundRows, ARowThatIsGoneIsAnError)
 {
     database().execute(u"insert into plano (nmplano) values ('A'), ('B')"_qs);
     Recordset rs;
@@ -207,7 +218,7 @@ TEST_F(BoundRows, ARowThatIsGoneIsAnError)
     EXPECT_EQ(planos(), (Table{{u"2"_qs, u"B"_qs}}));
 }
 
-TEST_F(BoundRows, AnUnsavedChangeStandsInTheWayUntilItIsSavedOrCancelled)
+TEST_P(BoundRows, AnUnsavedChangeStandsInTheWayUntilItIsSavedOrCancelled)
 {
     database().execute(u"insert into produto values ('A', '1', 'luva'), ('A', '2', 'gaze')"_qs);
     Recordset rs;
@@ -234,7 +245,7 @@ TEST_F(BoundRows, AnUnsavedChangeStandsInTheWayUntilItIsSavedOrCancelled)
         u"1luva,2gaze,3-");
 }
 
-TEST_F(BoundRows, WhatHasNoOneTableAndKeyIsReadOnly)
+TEST_P(BoundRows, WhatHasNoOneTableAndKeyIsReadOnly)
 {
     database().execute(u"insert into plano (nmplano) values ('A'); insert into solto values (1, 'x')"_qs);
     for (const QString& sql : {u"select * from solto"_qs,
@@ -263,12 +274,12 @@ TEST_F(BoundRows, WhatHasNoOneTableAndKeyIsReadOnly)
 }
 
 /// Rows that the searches below run over.
-class Searched : public DataFixture
+class Searched : public EitherStore
 {
 protected:
     void SetUp() override
     {
-        DataFixture::SetUp();
+        EitherStore::SetUp();
         fill();
         open(rs, u"select * from plano order by idplano"_qs);
     }
@@ -286,7 +297,7 @@ protected:
     Recordset rs;
 };
 
-TEST_F(Searched, FindAndFilterReadTheSameCriteria)
+TEST_P(Searched, FindAndFilterReadTheSameCriteria)
 {
     const std::pair<QString, QStringList> cases[] = {
         {u"idplano = 2"_qs, {u"2"_qs}},
@@ -344,7 +355,7 @@ TEST_F(Searched, FindAndFilterReadTheSameCriteria)
     EXPECT_EQ(rs.RecordCount(), 4);
 }
 
-TEST_F(Searched, WhatIsNoCriterionIsRefusedByNumber)
+TEST_P(Searched, WhatIsNoCriterionIsRefusedByNumber)
 {
     for (const QString& criteria :
          {u"nmplano like ABC"_qs, u"nmplano = "_qs, u"nmplano"_qs, u"= 2"_qs, u"nmplano = 'a"_qs,
@@ -363,7 +374,7 @@ TEST_F(Searched, WhatIsNoCriterionIsRefusedByNumber)
     EXPECT_TRUE(none.Eof());
 }
 
-TEST_F(Searched, RowsAreAddedAndDeletedUnderAFilter)
+TEST_P(Searched, RowsAreAddedAndDeletedUnderAFilter)
 {
     rs.Filter(u"pdesc like 77"_qs);
     EXPECT_TRUE(rs.Eof());
@@ -380,7 +391,7 @@ TEST_F(Searched, RowsAreAddedAndDeletedUnderAFilter)
     EXPECT_EQ(database().value(u"select group_concat(idplano order by idplano) from plano"_qs), u"1,2,4,5");
 }
 
-TEST_F(Searched, APositionIsGoneBackTo)
+TEST_P(Searched, APositionIsGoneBackTo)
 {
     rs.MoveLast();
     const qsizetype mark = rs.Bookmark();
@@ -398,7 +409,7 @@ TEST_F(Searched, APositionIsGoneBackTo)
     EXPECT_EQ(errorOf([&] { rs.setBookmark(mark); }), 3001);
 }
 
-TEST_F(Searched, RequeryKeepsTheRow)
+TEST_P(Searched, RequeryKeepsTheRow)
 {
     struct Case
     {
@@ -442,5 +453,13 @@ TEST_F(Searched, RequeryKeepsTheRow)
     own.Requery();
     EXPECT_EQ(own.AbsolutePosition(), 5);
 }
+
+std::string storeName(const testing::TestParamInfo<bool>& info)
+{
+    return info.param ? "Paged" : "Whole";
+}
+
+INSTANTIATE_TEST_SUITE_P(Stores, BoundRows, testing::Bool(), storeName);
+INSTANTIATE_TEST_SUITE_P(Stores, Searched, testing::Bool(), storeName);
 
 } // namespace

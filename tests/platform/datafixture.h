@@ -57,6 +57,8 @@ protected:
     void open(ADODB::Recordset& rs, const QString& sql)
     {
         rs.setCursorLocation(ADODB::Recordset::ClientSide);
+        rs.setPaged(pageSize > 0);
+        rs.setPageSize(pageSize);
         rs.Open(sql, connection, ADODB::Recordset::Static, ADODB::Recordset::Optimistic);
     }
 
@@ -66,4 +68,5 @@ protected:
     }
 
     ADODB::Connection connection;
+    qsizetype pageSize = 0; ///< of the results opened; 0 for results held whole
 };

@@ -3,6 +3,7 @@
 Adodc::Adodc(QObject* parent) : QObject(parent)
 {
     command_.setActiveConnection(&connection_);
+    recordset_.setPaged(true);
 }
 
 void Adodc::Refresh()

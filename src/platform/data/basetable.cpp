@@ -25,6 +25,11 @@ bool sameName(const QByteArray& a, const QByteArray& b)
 
 } // namespace
 
+QString quotedName(const QByteArray& name)
+{
+    return QString::fromUtf8(quoted(name));
+}
+
 BaseTable::BaseTable(const std::vector<Column>& columns, const std::vector<QByteArray>& key)
     : columns_(columns)
 {

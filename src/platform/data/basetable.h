@@ -13,6 +13,9 @@ struct ParameterisedStatement
     std::vector<WireValue> parameters;
 };
 
+/// A name as it stands in a statement, whatever signs it has.
+QString quotedName(const QByteArray& name);
+
 /// Values by the number of their column in the result.
 using Changes = std::map<qsizetype, WireValue>;
 

@@ -5,6 +5,7 @@
 
 #include <QRegularExpression>
 #include <algorithm>
+#include <cmath>
 #include <compare>
 
 namespace ADODB {
@@ -121,6 +122,75 @@ bool Criteria::Condition::matches(QByteArrayView cell) const
     }
     const QString mine = Cell::text(column, cell).toCaseFolded();
     return op == Operator::Like ? isLike(mine, text) : holds(mine.compare(text) <=> 0);
+}
+
+/// The one value of a column of whole numbers that meets the condition; an empty text where none does.
+std::optional<QByteArray> Criteria::Condition::wholeNumber() const
+{
+    constexpr double mostExact = 1e15;
+    if (column.kind != ColumnKind::Integer || (op != Operator::Equal && op != Operator::Like))
+        return std::nullopt;
+    if (number) {
+        const bool isWhole = std::abs(*number) < mostExact && *number == std::floor(*number);
+        return isWhole ? std::optional(QByteArray::number(qint64(*number))) : std::nullopt;
+    }
+    if (op != Operator::Like || text.contains(u'%'))
+        return std::nullopt;
+    bool ok = false;
+    const QString plain = QString::number(text.toLongLong(&ok));
+    return ok && plain == text ? text.toUtf8() : QByteArray("");
+}
+
+ParameterisedStatement Criteria::Condition::serverCondition() const
+{
+    static const std::map<Operator, QString> signs{
+        {Operator::Equal, QStringLiteral("=")},   {Operator::NotEqual, QStringLiteral("<>")},
+        {Operator::Less, QStringLiteral("<")},    {Operator::LessOrEqual, QStringLiteral("<=")},
+        {Operator::Greater, QStringLiteral(">")}, {Operator::GreaterOrEqual, QStringLiteral(">=")},
+        {Operator::Like, QStringLiteral("=")},
+    };
+    const QString name = quotedName(column.baseName);
+    if (const auto whole = wholeNumber())
+        return whole->isEmpty() ? ParameterisedStatement{QStringLiteral("false"), {}}
+                                : ParameterisedStatement{name + QStringLiteral(" = ?"), {*whole}};
+    if (number && (column.kind == ColumnKind::Integer || column.kind == ColumnKind::Decimal)) {
+        // With more digits the server's exact number and the rounded one compare differently.
+        const QByteArray digits = QByteArray::number(*number, 'g', 15);
+        if (digits.toDouble() == *number)
+            return {QStringLiteral("%1 %2 ?").arg(name, signs.at(op)), {digits}};
+        return {};
+    }
+    if (number || date || column.kind != ColumnKind::Text || (op != Operator::Equal && op != Operator::Like))
+        return {};
+    QString pattern = text;
+    for (const QChar special : {u'!', u'_'})
+        pattern.replace(special, QString(u'!') + special);
+    if (op == Operator::Equal)
+        pattern.replace(u'%', QStringLiteral("!%"));
+    // Under this collation letters of any case are the same, whatever the column's own says.
+    return {
+        QStringLiteral("convert(%1 using utf8mb4) collate utf8mb4_unicode_ci like ? escape '!'").arg(name),
+        {pattern.toUtf8()}};
+}
+
+ParameterisedStatement Criteria::serverCondition() const
+{
+    ParameterisedStatement result;
+    for (const Condition& condition : conditions_) {
+        const ParameterisedStatement term = condition.serverCondition();
+        if (term.sql.isEmpty())
+            continue;
+        result.sql += (result.sql.isEmpty() ? QString() : QStringLiteral(" and ")) + term.sql;
+        result.parameters.insert(result.parameters.end(), term.parameters.begin(), term.parameters.end());
+    }
+    return result;
+}
+
+bool Criteria::namesNumber(qsizetype column) const
+{
+    return std::any_of(conditions_.begin(), conditions_.end(), [&](const Condition& condition) {
+        return condition.place == column && condition.wholeNumber().has_value();
+    });
 }
 
 bool Criteria::Condition::holds(std::partial_ordering result) const

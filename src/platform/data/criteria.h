@@ -1,6 +1,6 @@
 #pragma once
 
-#include "platform/data/column.h"
+#include "platform/data/basetable.h"
 
 #include <QStringView>
 
@@ -21,6 +21,12 @@ public:
     Criteria(const QString& text, const std::vector<Column>& columns);
 
     bool matches(const Row& row) const;
+
+    /// What the server can tell of it: a condition that every row meets which matches() accepts, and maybe
+    /// others do, for the server compares texts more loosely. Empty where it can tell nothing.
+    ParameterisedStatement serverCondition() const;
+    /// It is met only where this column of whole numbers has one certain value.
+    bool namesNumber(qsizetype column) const;
 
 private:
     enum class Operator
@@ -44,6 +50,8 @@ private:
         std::optional<QDateTime> date;
 
         bool matches(QByteArrayView cell) const;
+        std::optional<QByteArray> wholeNumber() const;
+        ParameterisedStatement serverCondition() const;
         bool holds(std::partial_ordering order) const;
     };
 

@@ -4,6 +4,7 @@
 
 #include <QHeaderView>
 #include <QScopedValueRollback>
+#include <QScrollBar>
 #include <cmath>
 
 DataGrid::DataGrid(QWidget* parent) : QTableView(parent), model_(new RecordsetModel(this))
@@ -15,12 +16,18 @@ DataGrid::DataGrid(QWidget* parent) : QTableView(parent), model_(new RecordsetMo
     setAlternatingRowColors(true);
     setTabKeyNavigation(false);
     setWordWrap(false);
+    setVerticalScrollMode(ScrollPerItem);
     horizontalHeader()->setSectionsClickable(false);
     horizontalHeader()->setHighlightSections(false);
     verticalHeader()->setSectionResizeMode(QHeaderView::Fixed);
     verticalHeader()->hide();
     fitRows();
     connect(model_, &RecordsetModel::currentChanged, this, &DataGrid::showCurrentRow);
+    connect(model_, &RecordsetModel::rowsInserted, this,
+            [this](const QModelIndex&, int first, int last) { shiftRows(first, last - first + 1); });
+    connect(model_, &RecordsetModel::rowsRemoved, this,
+            [this](const QModelIndex&, int first, int last) { shiftRows(last, first - last - 1); });
+    connect(verticalScrollBar(), &QScrollBar::valueChanged, this, &DataGrid::readNear);
 }
 
 void DataGrid::setDataSource(Adodc* source)
@@ -44,14 +51,46 @@ void DataGrid::showCurrentRow()
 {
     const ADODB::Recordset* recordset = model_->recordset();
     const bool isOpen = recordset && recordset->State() == 1;
-    const QModelIndex current =
-        isOpen ? model_->index(int(recordset->AbsolutePosition()) - 1, 0) : QModelIndex();
-    setCurrentIndex(current);
-    if (current.isValid())
-        scrollTo(current);
-    else
-        clearSelection();
+    const QModelIndex current = isOpen ? model_->index(int(recordset->heldPosition()), 0) : QModelIndex();
+    {
+        // Rows read in front would move the row while it is gone to.
+        const QScopedValueRollback guard(reading_, true);
+        setCurrentIndex(current);
+        if (current.isValid())
+            scrollTo(current);
+        else
+            clearSelection();
+    }
     tellCurrentRow();
+    readNear();
+}
+
+/// Has a view's height of rows in memory above what is seen and below, as far as there are any.
+void DataGrid::readNear()
+{
+    ADODB::Recordset* recordset = model_->recordset();
+    if (reading_ || !recordset || recordset->State() == 0)
+        return;
+    using Side = ADODB::Recordset::Side;
+    const QScopedValueRollback guard(reading_, true);
+    const int seen = viewport()->height() / verticalHeader()->defaultSectionSize() + 1;
+    while (verticalScrollBar()->value() + 2 * seen > model_->rowCount() && recordset->readOn(Side::End)) {
+    }
+    while (verticalScrollBar()->value() < seen && recordset->readOn(Side::Front)) {
+    }
+}
+
+/// Keeps in place what is seen, when rows came in front of row `from` or (a negative count) went up to it.
+void DataGrid::shiftRows(int from, int count)
+{
+    if (told_.position - 1 > from || (count > 0 && told_.position - 1 == from))
+        told_.position += count;
+    const int top = verticalScrollBar()->value();
+    if (from > top)
+        return;
+    const QScopedValueRollback guard(reading_, true);
+    updateGeometries();
+    verticalScrollBar()->setValue(top + count);
 }
 
 void DataGrid::tellCurrentRow()
@@ -64,7 +103,7 @@ void DataGrid::tellCurrentRow()
     }
     ToldRow now;
     if (recordset->State() == 1)
-        now.position = recordset->AbsolutePosition();
+        now.position = recordset->heldPosition() + 1;
     if (now.position > 0) {
         std::vector<QByteArrayView> cells;
         for (std::size_t column = 0; column < recordset->columns().size(); ++column)
@@ -102,17 +141,35 @@ void DataGrid::rowsAboutToBeRemoved(const QModelIndex& parent, int first, int la
 
 void DataGrid::currentChanged(const QModelIndex& current, const QModelIndex& previous)
 {
-    QTableView::currentChanged(current, previous);
+    {
+        const QScopedValueRollback guard(reading_, true);
+        QTableView::currentChanged(current, previous);
+    }
     ADODB::Recordset* recordset = model_->recordset();
     if (!removing_ && current.isValid() && recordset && recordset->State() == 1 &&
-        recordset->AbsolutePosition() != current.row() + 1)
-        recordset->setAbsolutePosition(current.row() + 1);
+        recordset->heldPosition() != current.row())
+        recordset->moveToHeld(current.row());
+}
+
+QModelIndex DataGrid::moveCursor(CursorAction action, Qt::KeyboardModifiers modifiers)
+{
+    ADODB::Recordset* recordset = model_->recordset();
+    const bool isHome = action == MoveHome;
+    if ((!isHome && action != MoveEnd) || !modifiers.testFlag(Qt::ControlModifier) || !recordset ||
+        recordset->State() == 0)
+        return QTableView::moveCursor(action, modifiers);
+    if (isHome)
+        recordset->MoveFirst();
+    else
+        recordset->MoveLast();
+    return currentIndex();
 }
 
 void DataGrid::resizeEvent(QResizeEvent* event)
 {
     QTableView::resizeEvent(event);
     fitColumns();
+    readNear();
 }
 
 void DataGrid::changeEvent(QEvent* event)

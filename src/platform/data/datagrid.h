@@ -7,7 +7,8 @@
 class Adodc;
 
 /// A read-only grid over a recordset that is held in memory. The grid's current row is the recordset's:
-/// whoever moves one moves the other.
+/// whoever moves one moves the other. Of a paged recordset it has the rows held, and reads on when the view
+/// comes near their ends.
 class DataGrid : public QTableView
 {
     Q_OBJECT
@@ -32,6 +33,7 @@ Q_SIGNALS:
 
 protected:
     void rowsAboutToBeRemoved(const QModelIndex& parent, int first, int last) override;
+    QModelIndex moveCursor(CursorAction action, Qt::KeyboardModifiers modifiers) override;
     void currentChanged(const QModelIndex& current, const QModelIndex& previous) override;
     void reset() override;
     void dataChanged(const QModelIndex& topLeft, const QModelIndex& bottomRight,
@@ -51,6 +53,8 @@ private:
 
     void showCurrentRow();
     void tellCurrentRow();
+    void readNear();
+    void shiftRows(int from, int count);
     void fitColumns();
     void fitRows();
 
@@ -58,5 +62,6 @@ private:
     std::vector<GridColumn> columns_;
     ToldRow told_;
     bool wasReset_ = false; ///< since the row was told: positions mean nothing
+    bool reading_ = false;  ///< further rows, or not to read any now
     bool removing_ = false; ///< a row that the recordset has left already
 };

@@ -2,6 +2,7 @@
 
 #include "platform/data/criteria.h"
 #include "platform/data/error.h"
+#include "platform/data/pagedrows.h"
 
 namespace ADODB {
 
@@ -24,20 +25,6 @@ std::vector<QByteArray> fieldNames(const std::vector<Column>& columns)
         names.push_back(isSecond ? QByteArray() : column.name);
     }
     return names;
-}
-
-std::unique_ptr<RowStore> allRows(Odbc::Statement& statement)
-{
-    auto rows = std::make_unique<MemoryRows>();
-    std::vector<QByteArrayView> cells(statement.columns().size());
-    while (const qsizetype count = statement.fetchBlock()) {
-        for (qsizetype row = 0; row < count; ++row) {
-            for (std::size_t column = 0; column < cells.size(); ++column)
-                cells[column] = statement.cell(row, qsizetype(column));
-            rows->append(Row(cells));
-        }
-    }
-    return rows;
 }
 
 } // namespace
@@ -82,7 +69,9 @@ void Recordset::Close()
     CancelUpdate();
     statement_.reset();
     session_.reset();
+    paged_ = nullptr;
     rows_.reset();
+    marks_.clear();
     filter_.reset();
     table_.reset();
     columns_.clear();
@@ -99,19 +88,26 @@ int Recordset::State() const
 }
 
 /// Runs the statement and takes its result, if it gives one, with the first row as the current one.
-void Recordset::run()
+void Recordset::run(const Row* around)
 {
-    auto statement = connection_->run(sql_);
+    const auto plain = wantsPages_ && !forwardOnly_ ? plainSelect(sql_) : std::nullopt;
+    auto statement = connection_->run(plain ? PageQuery::columnsOnly(sql_) : sql_);
     if (statement->columns().empty())
         return;
     // The members change when nothing can fail any more.
     std::vector<Column> columns = statement->columns();
     qsizetype blockRows = 0;
     std::unique_ptr<RowStore> rows;
+    std::unique_ptr<PagedRows> paged = plain ? pagedRows(*plain, columns) : nullptr;
+    qsizetype place = 0;
     if (forwardOnly_) {
         blockRows = statement->fetchBlock();
     } else {
-        rows = allRows(*statement);
+        if (paged)
+            place = readAround(*paged, around);
+        else
+            rows = std::make_unique<MemoryRows>(
+                allRows(plain ? *(statement = connection_->run(sql_)) : *statement));
         statement.reset();
     }
     session_ = connection_->session();
@@ -121,20 +117,32 @@ void Recordset::run()
     blockRow_ = 0;
     blockRows_ = blockRows;
     hasRows_ = blockRows > 0;
-    rows_ = std::move(rows);
+    paged_ = paged.get();
+    rows_ = paged ? std::move(paged) : std::move(rows);
+    marks_.clear();
+    deleted_.clear();
     if (rows_) {
-        deleted_.assign(std::size_t(rows_->count()), false);
         showMatchingRows();
+        position_ = around ? positionOf(place) : 0;
+        if (position_ == rowsHeld())
+            position_ = 0;
     }
 }
 
 void Recordset::showMatchingRows()
 {
     visible_.clear();
-    for (qsizetype place = 0; place < rows_->count(); ++place)
-        if (!deleted_[std::size_t(place)] && (!filter_ || filter_->matches(rows_->row(place))))
+    const qsizetype end = rows_->first() + rows_->count();
+    for (qsizetype place = rows_->first(); place < end; ++place)
+        if (!deleted_.contains(place) && (!filter_ || filter_->matches(rows_->row(place))))
             visible_.push_back(place);
     position_ = 0;
+}
+
+/// The position of a place, or of the next one that is shown.
+qsizetype Recordset::positionOf(qsizetype place) const
+{
+    return std::lower_bound(visible_.begin(), visible_.end(), place) - visible_.begin();
 }
 
 void Recordset::Requery()
@@ -150,6 +158,17 @@ void Recordset::Requery()
         }
         return;
     }
+    if (paged_) {
+        const Row current = onRow() ? rowAt(position_) : Row();
+        run(onRow() ? &current : nullptr);
+    } else {
+        requeryInMemory();
+    }
+    tell([](RecordsetListener& listener) { listener.rowsReset(); });
+}
+
+void Recordset::requeryInMemory()
+{
     std::vector<qsizetype> keyColumns;
     if (const Column* first = BaseTable::firstColumn(columns_))
         keyColumns = BaseTable::keyColumns(columns_, first->tableAlias, primaryKey(*first));
@@ -168,7 +187,6 @@ void Recordset::Requery()
         if (position_ == count)
             position_ = position < count ? position : 0;
     }
-    tell([](RecordsetListener& listener) { listener.rowsReset(); });
 }
 
 bool Recordset::onRow() const
@@ -198,8 +216,11 @@ void Recordset::MoveNext()
     requireNoEdit();
     if (Eof())
         requireRow();
-    if (!forwardOnly_)
+    if (!forwardOnly_) {
+        if (position_ + 1 == rowsHeld())
+            readOn(Side::End);
         return moveTo(position_ + 1);
+    }
     if (++blockRow_ == blockRows_) {
         blockRow_ = blockRows_ = 0; // no row to read from if the fetch fails
         blockRows_ = statement_->fetchBlock();
@@ -212,6 +233,10 @@ void Recordset::MovePrevious()
     requireNoEdit();
     if (Bof())
         requireRow();
+    if (Eof() && !atEnd())
+        return MoveLast();
+    if (position_ == 0)
+        readOn(Side::Front);
     moveTo(position_ - 1);
 }
 
@@ -219,14 +244,20 @@ void Recordset::MoveFirst()
 {
     requireRows();
     requireNoEdit();
-    moveTo(0);
+    if (atFront())
+        return moveTo(0);
+    paged_->readFirst();
+    showRun(paged_->first());
 }
 
 void Recordset::MoveLast()
 {
     requireRows();
     requireNoEdit();
-    moveTo(std::max<qsizetype>(RecordCount() - 1, 0));
+    if (atEnd())
+        return moveTo(std::max<qsizetype>(rowsHeld() - 1, 0));
+    paged_->readLast();
+    showRun(paged_->first() + paged_->count() - 1);
 }
 
 void Recordset::moveTo(qsizetype position)
@@ -238,13 +269,17 @@ void Recordset::moveTo(qsizetype position)
 qsizetype Recordset::RecordCount() const
 {
     requireOpen();
-    return forwardOnly_ ? -1 : qsizetype(visible_.size());
+    if (!atFront() || !atEnd())
+        return paged_->countAll();
+    return forwardOnly_ ? -1 : rowsHeld();
 }
 
 qsizetype Recordset::AbsolutePosition() const
 {
     requireRows();
-    return onRow() && !adding_ ? position_ + 1 : 0;
+    if (heldPosition() < 0)
+        return 0;
+    return position_ + 1 + (atFront() ? 0 : paged_->countBeforeTheRun());
 }
 
 void Recordset::setAbsolutePosition(qsizetype position)
@@ -253,7 +288,11 @@ void Recordset::setAbsolutePosition(qsizetype position)
     requireNoEdit();
     if (position < 1 || position > RecordCount())
         throw Error(Error::InvalidArgument, QStringLiteral("Posição inválida: %1").arg(position));
-    moveTo(position - 1);
+    if (!atFront())
+        MoveFirst();
+    while (position > rowsHeld() && readOn(Side::End)) {
+    }
+    moveTo(std::min(position, rowsHeld()) - 1);
 }
 
 qsizetype Recordset::Bookmark() const
@@ -261,17 +300,22 @@ qsizetype Recordset::Bookmark() const
     requireRows();
     requireNoEdit();
     requireRow();
-    return visible_[std::size_t(position_)];
+    const qsizetype place = visible_[std::size_t(position_)];
+    if (paged_)
+        marks_[place] = paged_->keyOf(place);
+    return place;
 }
 
 void Recordset::setBookmark(qsizetype mark)
 {
     requireRows();
     requireNoEdit();
-    const auto found = std::lower_bound(visible_.begin(), visible_.end(), mark);
-    if (found == visible_.end() || *found != mark)
+    if (goToMarkedRow(mark))
+        return;
+    const qsizetype position = positionOf(mark);
+    if (paged_ || position == rowsHeld() || visible_[std::size_t(position)] != mark)
         throw Error(Error::InvalidArgument, QStringLiteral("Marca inválida: %1").arg(mark));
-    moveTo(found - visible_.begin());
+    moveTo(position);
 }
 
 Field Recordset::Fields(QAnyStringView name)
@@ -336,7 +380,11 @@ void Recordset::Find(const QString& criteria)
     const Criteria wanted(criteria, columns_);
     const auto found = std::find_if(visible_.begin(), visible_.end(),
                                     [&](qsizetype place) { return wanted.matches(rows_->row(place)); });
-    moveTo(found - visible_.begin());
+    const qsizetype position = found - visible_.begin();
+    const bool isFirst = position < rowsHeld() && (atFront() || paged_->namesOneRow(wanted));
+    if (isFirst || (atFront() && atEnd()))
+        return moveTo(position);
+    findBeyond(wanted);
 }
 
 void Recordset::Filter(const QString& criteria)
@@ -346,10 +394,13 @@ void Recordset::Filter(const QString& criteria)
     const bool all = criteria.trimmed().isEmpty();
     if (all && !filter_)
         return;
-    const qsizetype place = all && onRow() ? visible_[std::size_t(position_)] : 0;
-    filter_ = all ? nullptr : std::make_unique<Criteria>(criteria, columns_);
+    auto filter = all ? nullptr : std::make_unique<Criteria>(criteria, columns_);
+    if (paged_)
+        paged_->readWhole();
+    const qsizetype place = all && onRow() ? visible_[std::size_t(position_)] : rows_->first();
+    filter_ = std::move(filter);
     showMatchingRows();
-    position_ = std::lower_bound(visible_.begin(), visible_.end(), place) - visible_.begin();
+    position_ = positionOf(place);
     tell([](RecordsetListener& listener) { listener.rowsReset(); });
 }
 

@@ -8,13 +8,16 @@
 #include <QAnyStringView>
 #include <algorithm>
 #include <exception>
+#include <set>
 
 namespace ADODB {
 
 class Criteria;
+class PagedRows;
+struct PlainSelect;
 
 /// Who shows a recordset's rows is told what happens to them, right after it happened. Positions count the
-/// rows that the filter leaves, from 0.
+/// rows in memory that the filter leaves, from 0.
 class RecordsetListener
 {
 public:
@@ -26,6 +29,10 @@ public:
     virtual void rowInserted(qsizetype position) = 0;
     virtual void rowRemoved(qsizetype position) = 0;
     virtual void rowChanged(qsizetype position) = 0;
+    /// Rows of a paged result came into memory, or were let go from it, at one of its ends: the position of
+    /// the first and their number. The current row is none of them.
+    virtual void rowsRead(qsizetype, qsizetype) {}
+    virtual void rowsDropped(qsizetype, qsizetype) {}
     /// The recordset is being destroyed.
     virtual void recordsetGone() = 0;
 };
@@ -35,7 +42,9 @@ public:
 /// A forward-only, read-only, server-side result (the default) is read block by block and once, from the
 /// first row to the last. Every other one is held in memory: it has positions, can be searched and filtered,
 /// and, with a lock other than read-only and if it comes from one table with its primary key, its rows can be
-/// changed. Closing the connection closes its recordsets.
+/// changed. A paged one (setPaged) holds a run of its rows around the place that is looked at and reads on
+/// where its edges are come near; it behaves as if all were there. Closing the connection closes its
+/// recordsets.
 ///
 /// Failures are ADODB::Error: 3704 on a closed recordset, 3021 where there is no current row, 3219 where the
 /// kind of result or a change not yet saved stands in the way, 3251 where rows cannot be changed.
@@ -54,6 +63,16 @@ public:
     /// Where the rows of the next Open are kept.
     void setCursorLocation(int location) { cursorLocation_ = location; }
 
+    /// Pages for the next Open that keeps its rows in memory, if the statement has the form "select * from
+    /// table [where conditions] [order by columns]" and the table has a primary key; another statement is
+    /// read whole as ever. Rows that the order leaves equal follow each other by the key; no row is counted
+    /// and none skipped to open the result. Update and Delete are as ever, and a row stays where it stands.
+    /// What costs a reading or counting of the whole table: Filter, RecordCount, AbsolutePosition, and a Find
+    /// that the server cannot answer by an index.
+    void setPaged(bool on) { wantsPages_ = on; }
+    /// Rows of a page, from 1, for the next Open.
+    void setPageSize(qsizetype rows) { pageSize_ = rows; }
+
     /// Runs the statement and stands on the first row. A statement without a result leaves the recordset
     /// closed, and so does a failure. Error 3705 where it is open.
     void Open(const QString& sql, Connection& connection, int cursor = ForwardOnly, int lock = ReadOnly);
@@ -66,8 +85,8 @@ public:
     const QString& source() const { return sql_; }
 
     /// Runs the statement again. The filter stays. The current row is the one with the same primary key (of
-    /// the first column's table), else the one at the same position, else the first. A failure leaves a
-    /// result in memory as it was and closes a forward-only one.
+    /// the first column's table), else the one at the same position (paged: the one that followed it), else
+    /// the first. A failure leaves a result in memory as it was and closes a forward-only one.
     void Requery();
 
     bool Eof() const;
@@ -82,7 +101,7 @@ public:
     /// From 1; 0 where there is no current row.
     qsizetype AbsolutePosition() const;
     void setAbsolutePosition(qsizetype position);
-    /// A mark of the current row, good until Requery or Close.
+    /// A mark of the current row, good until Requery or Close. (Paged: it finds the row by its key.)
     qsizetype Bookmark() const;
     void setBookmark(qsizetype mark);
 
@@ -92,7 +111,24 @@ public:
     Field Fields(QAnyStringView name);
     /// By its place, from 0.
     Field Fields(qsizetype column);
-    /// A cell of any row, for who shows them; isNull() where it is NULL.
+
+    // For who shows the rows: those in memory that the filter leaves, by their position from 0.
+    qsizetype rowsHeld() const { return qsizetype(visible_.size()); }
+    /// Of the current row; -1 where there is none.
+    qsizetype heldPosition() const
+    {
+        return State() == 1 && !forwardOnly_ && !adding_ && onRow() ? position_ : -1;
+    }
+    void moveToHeld(qsizetype position);
+    enum class Side
+    {
+        Front,
+        End
+    };
+    /// Reads a further page at this end of the rows held and tells of it; false where there is none, as in
+    /// any result that is held whole.
+    bool readOn(Side side);
+    /// A cell; isNull() where it is NULL.
     QByteArrayView cellAt(qsizetype position, qsizetype column) const;
 
     /// Begins a new row; it becomes a row of the result with Update. Its fields are null until they are set.
@@ -124,8 +160,19 @@ private:
     void requireChangeable();
     bool editing() const { return adding_ || !changes_.empty(); }
 
-    void run();
+    /// `around` is where to stand, else it is the first row.
+    void run(const Row* around = nullptr);
+    void requeryInMemory();
+    std::unique_ptr<PagedRows> pagedRows(const PlainSelect& select, const std::vector<Column>& columns) const;
+    qsizetype readAround(PagedRows& rows, const Row* around) const;
     void showMatchingRows();
+    void showRun(qsizetype place);
+    void findBeyond(const Criteria& wanted);
+    bool goToMarkedRow(qsizetype mark);
+    bool atFront() const;
+    bool atEnd() const;
+    qsizetype positionOf(qsizetype place) const;
+    void trim(Side side);
     void moveTo(qsizetype position);
     bool onRow() const;
     const std::vector<QByteArray>& primaryKey(const Column& column) const;
@@ -176,7 +223,12 @@ private:
     // A result in memory.
     std::unique_ptr<RowStore> rows_;
     std::vector<qsizetype> visible_; ///< places in the store
-    std::vector<bool> deleted_;      ///< by place
+    std::set<qsizetype> deleted_;    ///< places
+    bool wantsPages_ = false;
+    qsizetype pageSize_ = 200;
+    PagedRows* paged_ = nullptr; ///< the store, where it is a paged one
+    mutable std::map<qsizetype, std::vector<WireValue>>
+        marks_; ///< keys of the places marked in a paged store
     std::unique_ptr<Criteria> filter_;
     qsizetype position_ = 0; ///< in visible_; -1 in front of the first
 

@@ -1,4 +1,5 @@
 #include "platform/data/error.h"
+#include "platform/data/pagedrows.h"
 #include "platform/data/recordset.h"
 
 namespace ADODB {
@@ -70,10 +71,12 @@ void Recordset::insertRow()
         answer->fetchBlock();
         number = answer->cell(0, 0).toByteArray();
     }
+    const bool isOtherRun = !atEnd();
     rows_->append(rowFromServer(table_->key(changes_, number), nullptr));
-    deleted_.push_back(false);
-    visible_.push_back(rows_->count() - 1);
     CancelUpdate();
+    if (isOtherRun)
+        return showRun(rows_->first() + rows_->count() - 1);
+    visible_.push_back(rows_->first() + rows_->count() - 1);
     const auto position = qsizetype(visible_.size()) - 1;
     tell([&](RecordsetListener& listener) { listener.rowInserted(position); });
     moveTo(position);
@@ -118,9 +121,11 @@ void Recordset::Delete()
     requireRow();
     const ParameterisedStatement deletion = table_->deletion(rowAt(position_));
     requireFound(*connection_->run(deletion.sql, deletion.parameters));
-    deleted_[std::size_t(visible_[std::size_t(position_)])] = true;
+    deleted_.insert(visible_[std::size_t(position_)]);
     visible_.erase(visible_.begin() + position_);
     tell([&](RecordsetListener& listener) { listener.rowRemoved(position_); });
+    if (position_ == rowsHeld() && !readOn(Side::End) && visible_.empty())
+        readOn(Side::Front);
     moveTo(position_);
 }
 

@@ -103,7 +103,7 @@ void RecordsetModel::rowsReset()
     if (!unknown.isNull())
         places_.clear();
     else if (isOpen)
-        rows_ = int(std::max<qsizetype>(recordset_->RecordCount(), 0));
+        rows_ = int(recordset_->rowsHeld());
     endResetModel();
     if (!unknown.isNull())
         throw ADODB::Error(ADODB::Error::UnknownField,
@@ -113,15 +113,25 @@ void RecordsetModel::rowsReset()
 
 void RecordsetModel::rowInserted(qsizetype position)
 {
-    beginInsertRows({}, int(position), int(position));
-    ++rows_;
-    endInsertRows();
+    rowsRead(position, 1);
 }
 
 void RecordsetModel::rowRemoved(qsizetype position)
 {
-    beginRemoveRows({}, int(position), int(position));
-    --rows_;
+    rowsDropped(position, 1);
+}
+
+void RecordsetModel::rowsRead(qsizetype position, qsizetype count)
+{
+    beginInsertRows({}, int(position), int(position + count) - 1);
+    rows_ += int(count);
+    endInsertRows();
+}
+
+void RecordsetModel::rowsDropped(qsizetype position, qsizetype count)
+{
+    beginRemoveRows({}, int(position), int(position + count) - 1);
+    rows_ -= int(count);
     endRemoveRows();
 }
 

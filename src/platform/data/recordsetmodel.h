@@ -48,6 +48,8 @@ private:
     void rowInserted(qsizetype position) override;
     void rowRemoved(qsizetype position) override;
     void rowChanged(qsizetype position) override;
+    void rowsRead(qsizetype position, qsizetype count) override;
+    void rowsDropped(qsizetype position, qsizetype count) override;
     void recordsetGone() override;
 
     QString text(const ADODB::Column& column, QByteArrayView cell, const QString& mask) const;

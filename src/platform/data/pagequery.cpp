@@ -1,0 +1,226 @@
+#include "platform/data/pagequery.h"
+
+#include "platform/data/criteria.h"
+
+#include <QRegularExpression>
+#include <QStringList>
+#include <algorithm>
+
+namespace ADODB {
+
+namespace {
+
+/// The statement with the insides of its texts blanked, character by character; null where a text stays open.
+QString withoutTexts(QString sql)
+{
+    QChar quote;
+    for (qsizetype i = 0; i < sql.size(); ++i) {
+        const QChar sign = sql[i];
+        if (quote.isNull()) {
+            if (sign == u'\'' || sign == u'"')
+                quote = sign;
+        } else if (sign == u'\\' && i + 1 < sql.size()) {
+            sql[i] = sql[i + 1] = u'x';
+            ++i;
+        } else if (sign == quote) {
+            quote = QChar();
+        } else {
+            sql[i] = u'x';
+        }
+    }
+    return quote.isNull() ? sql : QString();
+}
+
+bool bracketsMatch(const QString& text)
+{
+    int depth = 0;
+    for (const QChar sign : text) {
+        depth += sign == u'(' ? 1 : sign == u')' ? -1 : 0;
+        if (depth < 0)
+            return false;
+    }
+    return depth == 0;
+}
+
+void append(ParameterisedStatement& statement, const ParameterisedStatement& more)
+{
+    statement.sql += more.sql;
+    statement.parameters.insert(statement.parameters.end(), more.parameters.begin(), more.parameters.end());
+}
+
+ParameterisedStatement joined(const std::vector<ParameterisedStatement>& terms, const QString& word)
+{
+    ParameterisedStatement result{QStringLiteral("("), {}};
+    for (std::size_t i = 0; i < terms.size(); ++i) {
+        if (i > 0)
+            result.sql += word;
+        append(result, terms[i]);
+    }
+    result.sql += u')';
+    return result;
+}
+
+} // namespace
+
+std::optional<PlainSelect> plainSelect(const QString& sql)
+{
+    static const QRegularExpression form(QStringLiteral("^\\s*select\\s+\\*\\s+from\\s+(\\w+)(?:\\s+where\\s+"
+                                                        "(.+?))?(?:\\s+order\\s+by\\s+([\\w\\s,]+))?\\s*$"),
+                                         QRegularExpression::CaseInsensitiveOption |
+                                             QRegularExpression::DotMatchesEverythingOption);
+    static const QRegularExpression foreign(
+        QStringLiteral(
+            "[?;#`]|--|/\\*|\\b(select|where|group|having|window|order|limit|offset|fetch|procedure|"
+            "into|for|lock|union|except|intersect)\\b"),
+        QRegularExpression::CaseInsensitiveOption);
+    static const QRegularExpression orderForm(QStringLiteral("^\\s*(\\w+)(?:\\s+(asc|desc))?\\s*$"),
+                                              QRegularExpression::CaseInsensitiveOption);
+    const QRegularExpressionMatch match = form.match(withoutTexts(sql));
+    if (!match.hasMatch() || match.captured(2).contains(foreign) || !bracketsMatch(match.captured(2)))
+        return std::nullopt;
+    PlainSelect result{match.captured(1), sql.mid(match.capturedStart(2), match.capturedLength(2)), {}};
+    if (match.hasCaptured(3))
+        for (const QString& item : match.captured(3).split(u',')) {
+            const QRegularExpressionMatch order = orderForm.match(item);
+            if (!order.hasMatch())
+                return std::nullopt;
+            result.order.push_back(
+                {order.captured(1), order.captured(2).compare(u"desc", Qt::CaseInsensitive) == 0});
+        }
+    return result;
+}
+
+std::optional<PageQuery> PageQuery::make(const PlainSelect& select, const std::vector<Column>& columns,
+                                         const std::vector<QByteArray>& primaryKey)
+{
+    const Column* first = BaseTable::firstColumn(columns);
+    if (!first)
+        return std::nullopt;
+    PageQuery result;
+    result.table_ = select.table;
+    result.conditions_ = select.conditions;
+    result.key_ = BaseTable::keyColumns(columns, first->tableAlias, primaryKey);
+    if (result.key_.empty())
+        return std::nullopt;
+    const auto add = [&](qsizetype column, bool descending) {
+        const bool isKey = std::find(result.key_.begin(), result.key_.end(), column) != result.key_.end();
+        result.order_.push_back(
+            {column, quotedName(columns[std::size_t(column)].baseName), descending, !isKey});
+    };
+    for (const PlainSelect::Order& order : select.order) {
+        const qsizetype column = columnPlace(columns, order.column);
+        if (column < 0)
+            return std::nullopt;
+        add(column, order.descending);
+    }
+    for (const qsizetype column : result.key_)
+        if (std::none_of(result.order_.begin(), result.order_.end(),
+                         [&](const Order& order) { return order.column == column; }))
+            add(column, false);
+    if (std::any_of(result.order_.begin(), result.order_.end(), [&](const Order& order) {
+            return columns[std::size_t(order.column)].kind == ColumnKind::Real;
+        }))
+        return std::nullopt;
+    return result;
+}
+
+PageQuery::Place PageQuery::place(const Row& row) const
+{
+    Place place;
+    for (const Order& order : order_)
+        place.push_back(row.value(order.column));
+    return place;
+}
+
+std::vector<WireValue> PageQuery::key(const Row& row) const
+{
+    std::vector<WireValue> key;
+    for (const qsizetype column : key_)
+        key.push_back(row.value(column));
+    return key;
+}
+
+ParameterisedStatement PageQuery::page(Direction direction, const std::optional<Place>& from, qsizetype limit,
+                                       const ParameterisedStatement& filter) const
+{
+    ParameterisedStatement statement =
+        restricted(QStringLiteral("*"), from ? behind(direction, *from) : ParameterisedStatement(), filter);
+    QStringList order;
+    for (const Order& column : order_)
+        order << column.name + (column.descending == (direction == Direction::Forward)
+                                    ? QStringLiteral(" desc")
+                                    : QString());
+    statement.sql +=
+        QStringLiteral(" order by ") + order.join(u',') + QStringLiteral(" limit ") + QString::number(limit);
+    return statement;
+}
+
+ParameterisedStatement PageQuery::rowWithKey(const std::vector<WireValue>& key) const
+{
+    std::vector<ParameterisedStatement> terms;
+    for (std::size_t i = 0; i < key_.size(); ++i) {
+        const auto column = std::find_if(order_.begin(), order_.end(),
+                                         [&](const Order& order) { return order.column == key_[i]; });
+        terms.push_back({column->name + QStringLiteral(" = ?"), {key[i]}});
+    }
+    return restricted(QStringLiteral("*"), {}, joined(terms, QStringLiteral(" and ")));
+}
+
+ParameterisedStatement PageQuery::count() const
+{
+    return restricted(QStringLiteral("count(*)"), {}, {});
+}
+
+ParameterisedStatement PageQuery::countBefore(const Place& place) const
+{
+    return restricted(QStringLiteral("count(*)"), behind(Direction::Backward, place), {});
+}
+
+ParameterisedStatement PageQuery::restricted(const QString& what, const ParameterisedStatement& seek,
+                                             const ParameterisedStatement& filter) const
+{
+    std::vector<ParameterisedStatement> terms;
+    if (!conditions_.isEmpty())
+        terms.push_back({u'(' + conditions_ + u')', {}});
+    for (const ParameterisedStatement& term : {seek, filter})
+        if (!term.sql.isEmpty())
+            terms.push_back(term);
+    ParameterisedStatement result{QStringLiteral("select %1 from %2").arg(what, table_), {}};
+    if (!terms.empty()) {
+        result.sql += QStringLiteral(" where ");
+        append(result, joined(terms, QStringLiteral(" and ")));
+    }
+    return result;
+}
+
+/// One term for each column: equal in those before it and further on in this one. Told so, and not as a
+/// comparison of rows, the server finds the place in an index over the columns.
+ParameterisedStatement PageQuery::behind(Direction direction, const Place& place) const
+{
+    std::vector<ParameterisedStatement> terms;
+    std::vector<ParameterisedStatement> equal;
+    for (std::size_t i = 0; i < order_.size(); ++i) {
+        const Order& column = order_[i];
+        const WireValue& value = place[i];
+        const bool isUpwards = column.descending == (direction == Direction::Backward);
+        ParameterisedStatement further;
+        if (value && isUpwards)
+            further = {column.name + QStringLiteral(" > ?"), {value}};
+        else if (value && column.nullable)
+            further = {QStringLiteral("(%1 < ? or %1 is null)").arg(column.name), {value}};
+        else if (value)
+            further = {column.name + QStringLiteral(" < ?"), {value}};
+        else if (isUpwards)
+            further = {column.name + QStringLiteral(" is not null"), {}};
+        if (!further.sql.isEmpty()) {
+            std::vector<ParameterisedStatement> term = equal;
+            term.push_back(further);
+            terms.push_back(joined(term, QStringLiteral(" and ")));
+        }
+        equal.push_back(value ? ParameterisedStatement{column.name + QStringLiteral(" = ?"), {value}}
+                              : ParameterisedStatement{column.name + QStringLiteral(" is null"), {}});
+    }
+    return joined(terms, QStringLiteral(" or "));
+}
+
+} // namespace ADODB

@@ -1,0 +1,84 @@
+#pragma once
+
+#include "platform/data/basetable.h"
+
+namespace ADODB {
+
+/// The parts of a statement of the form "select * from table [where conditions] [order by columns]".
+struct PlainSelect
+{
+    struct Order
+    {
+        QString column;
+        bool descending = false;
+    };
+
+    QString table;
+    QString conditions; ///< empty for all rows
+    std::vector<Order> order;
+};
+
+/// None for a statement of any other form: with a join, a subselect, a grouping, a limit, a comment, an order
+/// by expressions; and where quotes or brackets do not match.
+std::optional<PlainSelect> plainSelect(const QString& sql);
+
+/// The statements that read a plain result page by page, from a row on, in its order. Rows that are equal by
+/// the columns of the order follow each other by the primary key, so every row has one place. Null is less
+/// than any value, as the server sorts it.
+///
+/// The order is meant to be by columns that the server sorts as it compares them: not by an enumeration, nor
+/// by texts that differ behind their first 1024 bytes only.
+class PageQuery
+{
+public:
+    enum class Direction
+    {
+        Forward,
+        Backward
+    };
+
+    /// A row's values of the columns of the order, the primary key among them.
+    using Place = std::vector<WireValue>;
+
+    /// None where the result lacks a column of the order or of the key `primaryKey`, or is ordered by a
+    /// floating-point number, whose text form is not exact.
+    static std::optional<PageQuery> make(const PlainSelect& select, const std::vector<Column>& columns,
+                                         const std::vector<QByteArray>& primaryKey);
+    /// The statement that has the result's columns and none of its rows.
+    static QString columnsOnly(const QString& sql) { return sql + QStringLiteral(" limit 0"); }
+
+    Place place(const Row& row) const;
+    /// The primary key.
+    std::vector<WireValue> key(const Row& row) const;
+    const std::vector<qsizetype>& keyColumns() const { return key_; }
+
+    /// The next `limit` rows behind `from` in the direction, the nearest first; from that end of the result
+    /// where there is none. `filter` is a further condition, an empty one is none.
+    ParameterisedStatement page(Direction direction, const std::optional<Place>& from, qsizetype limit,
+                                const ParameterisedStatement& filter = {}) const;
+    ParameterisedStatement rowWithKey(const std::vector<WireValue>& key) const;
+    ParameterisedStatement count() const;
+    /// Counts the rows in front of a place.
+    ParameterisedStatement countBefore(const Place& place) const;
+
+private:
+    struct Order
+    {
+        qsizetype column;
+        QString name; ///< quoted
+        bool descending;
+        bool nullable;
+    };
+
+    PageQuery() = default;
+    ParameterisedStatement restricted(const QString& what, const ParameterisedStatement& seek,
+                                      const ParameterisedStatement& filter) const;
+    ParameterisedStatement behind(Direction direction, const Place& place) const;
+
+    QString table_;
+    QString conditions_;
+    std::vector<Order> order_;
+    std::vector<qsizetype> key_;
+};
+
+} // namespace ADODB
