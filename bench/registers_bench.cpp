@@ -1,0 +1,202 @@
+/// A register's grid over the patients of one clinic: opening it, finding a code, searching a name; its rows
+/// read by pages against the same with all rows held in memory.
+#include "platform/data/datagrid.h"
+#include "support/database.h"
+
+#include <QApplication>
+#include <QElapsedTimer>
+#include <QFile>
+#include <benchmark/benchmark.h>
+#include <map>
+
+namespace {
+
+constexpr int few = 1'000;
+constexpr int many = 100'000;
+
+/// The clinic's patients, and as many of another one's as the smaller number; does nothing where they are
+/// there.
+void fill(int patients)
+{
+    static int present = 0;
+    if (present == patients)
+        return;
+    Database& database = Database::instance();
+    database.clear();
+    const QString insertion = QStringLiteral(
+        "insert into pacientes (idlic, dtcad, cpf, dtnasc, nmPac, fonecel, eMail, cep, rua, bairro, cidade, "
+        "uf, "
+        "idconv, obs, evup) select '%1', '2026-01-02', '123.456.789-09', date_add('1930-01-01', interval seq "
+        "% "
+        "30000 day), concat(elt(1 + seq % 10, 'ANA', 'JOÃO', 'MARIA', 'PEDRO', 'LUÍS', 'RITA', 'CARLOS', "
+        "'SÔNIA', "
+        "'BRUNO', 'TEREZA'), ' DE SOUZA ', md5(seq), if(seq % %3 = 0, ' ZULMIRA', '')), concat('(11) 9', "
+        "seq), "
+        "concat('paciente', seq, '@exemplo.com.br'), '01234-567', 'RUA DAS LARANJEIRAS', 'JARDIM SÃO PAULO', "
+        "'SÃO JOSÉ DOS CAMPOS', 'SP', seq % 7, 'SEM OBSERVAÇÕES', 'RECEPCAO - 02/01/2026 10:11:12' from "
+        "seq_1_to_%2;");
+    database.execute(insertion.arg(QStringLiteral("C1")).arg(patients).arg(patients / 10) +
+                     insertion.arg(QStringLiteral("C2")).arg(few).arg(few) +
+                     QStringLiteral("analyze table pacientes"));
+    present = patients;
+}
+
+double residentMegabytes()
+{
+    QFile file(QStringLiteral("/proc/self/status"));
+    if (!file.open(QIODevice::ReadOnly))
+        return 0;
+    for (const QByteArray& line : file.readAll().split('\n'))
+        if (line.startsWith("VmRSS:"))
+            return line.mid(6).chopped(2).trimmed().toDouble() / 1024;
+    return 0;
+}
+
+const QString everyPatient = QStringLiteral("select * from pacientes where idlic = 'C1' order by nmpac");
+QString withName(const char* part)
+{
+    return QStringLiteral("select * from pacientes where idlic = 'C1' AND nmpac like '%%1%' order by nmpac")
+        .arg(QLatin1String(part));
+}
+
+/// The rows and the grid of a register.
+class Register
+{
+public:
+    explicit Register(bool paged)
+    {
+        rows_.setPaged(paged);
+        rows_.setCursorLocation(ADODB::Recordset::ClientSide);
+        connection_.setConnectionString(Database::instance().connectionString());
+        connection_.Open();
+        grid_.setColumns({{QStringLiteral("idpac"), QStringLiteral("CÓDIGO"), 15},
+                          {QStringLiteral("nmpac"), QStringLiteral("NOME"), 60},
+                          {QStringLiteral("fonecel"), QStringLiteral("CELULAR"), 25}});
+        grid_.setDataSource(&rows_);
+        grid_.resize(900, 500);
+    }
+
+    void show(const QString& sql)
+    {
+        rows_.Close();
+        rows_.Open(sql, connection_, ADODB::Recordset::Static, ADODB::Recordset::Optimistic);
+        grid_.show();
+        paint();
+    }
+
+    /// As a register does with a code that was typed: the rows anew, then the one.
+    bool find(int code)
+    {
+        rows_.Requery();
+        rows_.Find(QStringLiteral("idpac = %1").arg(code));
+        paint();
+        return !rows_.Eof() && rows_.Fields("idpac").integer() == code;
+    }
+
+    bool hasRows() const { return rows_.rowsHeld() > 0; }
+
+private:
+    void paint() { benchmark::DoNotOptimize(grid_.grab().cacheKey()); }
+
+    ADODB::Connection connection_;
+    ADODB::Recordset rows_;
+    DataGrid grid_;
+};
+
+/// Runs `step` on a register with so many patients until there are iterations enough. Beside the time: its
+/// ratio to the one with few patients, the longest run, and what the process grew by at the first.
+template <class Step>
+void measure(benchmark::State& state, const std::string& name, int patients, Step step)
+{
+    static std::map<std::string, double> secondsWithFew;
+    double total = 0, longest = 0;
+    const double before = residentMegabytes();
+    for (auto _ : state) {
+        QElapsedTimer timer;
+        timer.start();
+        if (!step())
+            state.SkipWithError("not the rows that were asked for");
+        const double seconds = double(timer.nsecsElapsed()) / 1e9;
+        state.SetIterationTime(seconds);
+        if (total == 0)
+            state.counters["grown_MB"] = residentMegabytes() - before;
+        total += seconds;
+        longest = std::max(longest, seconds);
+    }
+    const double mean = total / double(state.iterations());
+    state.counters["longest_ms"] = longest * 1e3;
+    if (patients == few)
+        secondsWithFew[name] = mean;
+    else if (secondsWithFew.contains(name))
+        state.counters["ratio_to_few"] = mean / secondsWithFew[name];
+}
+
+void opening(benchmark::State& state, const std::string& name, bool paged, int patients)
+{
+    fill(patients);
+    measure(state, name, patients, [&] {
+        Register patientRegister(paged);
+        patientRegister.show(everyPatient);
+        return patientRegister.hasRows();
+    });
+}
+
+void finding(benchmark::State& state, const std::string& name, bool paged, int patients)
+{
+    fill(patients);
+    Register patientRegister(paged);
+    patientRegister.show(everyPatient);
+    int code = 0;
+    measure(state, name, patients, [&] {
+        // Far from the last one each time.
+        code = (code + patients * 3 / 8) % patients + 1;
+        return patientRegister.find(code);
+    });
+}
+
+template <const char* part>
+void searching(benchmark::State& state, const std::string& name, bool paged, int patients)
+{
+    fill(patients);
+    Register patientRegister(paged);
+    patientRegister.show(everyPatient);
+    measure(state, name, patients, [&] {
+        patientRegister.show(withName(part));
+        return patientRegister.hasRows();
+    });
+}
+
+constexpr char frequentName[] = "ANA"; // a tenth of the patients
+constexpr char rareName[] = "ZULMIRA"; // ten patients
+
+void registerAll()
+{
+    using Measured = void (*)(benchmark::State&, const std::string&, bool, int);
+    const std::pair<const char*, Measured> measured[] = {{"open", opening},
+                                                         {"find_code", finding},
+                                                         {"frequent_name", searching<frequentName>},
+                                                         {"rare_name", searching<rareName>}};
+    for (const int patients : {few, many})
+        for (const bool paged : {true, false})
+            for (const auto& [what, function] : measured) {
+                const std::string name = std::string(what) + (paged ? "/paged" : "/in_memory");
+                benchmark::RegisterBenchmark((name + "/" + std::to_string(patients)).c_str(), function, name,
+                                             paged, patients)
+                    ->UseManualTime()
+                    ->Iterations(paged || patients == few ? 30 : 3)
+                    ->Unit(benchmark::kMillisecond);
+            }
+}
+
+} // namespace
+
+int main(int argc, char** argv)
+{
+    qputenv("QT_QPA_PLATFORM", "offscreen");
+    QApplication application(argc, argv);
+    benchmark::Initialize(&argc, argv);
+    Database::instance().create();
+    registerAll();
+    benchmark::RunSpecifiedBenchmarks();
+    Database::instance().drop();
+}
