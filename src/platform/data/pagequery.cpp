@@ -3,7 +3,6 @@
 #include "platform/data/criteria.h"
 
 #include <QRegularExpression>
-#include <QStringList>
 #include <algorithm>
 
 namespace ADODB {
@@ -124,6 +123,55 @@ std::optional<PageQuery> PageQuery::make(const PlainSelect& select, const std::v
     return result;
 }
 
+void PageQuery::chooseIndex(const std::vector<Row>& indexes)
+{
+    // As SHOW INDEX gives them, a row for each column of each index.
+    constexpr qsizetype keyName = 2, columnName = 4, prefixLength = 7, type = 10;
+    for (auto row = indexes.begin(); row != indexes.end() && index_.isEmpty();) {
+        const QString quoted = quotedName(row->cell(keyName).toByteArray());
+        QStringList columns;
+        bool isUsable = true;
+        for (; row != indexes.end() && quotedName(row->cell(keyName).toByteArray()) == quoted; ++row) {
+            columns << QString::fromUtf8(row->cell(columnName));
+            isUsable = isUsable && row->cell(prefixLength).isNull() && row->cell(type) == "BTREE";
+        }
+        if (isUsable && isInOrder(columns))
+            index_ = quoted;
+    }
+}
+
+/// Behind the columns that are fixed come those of the order and nothing else. The primary key follows in
+/// every index by itself.
+bool PageQuery::isInOrder(const QStringList& indexColumns) const
+{
+    const auto isSame = [&](std::size_t i, const QString& column) {
+        return i < order_.size() && order_[i].descending == order_[0].descending &&
+               order_[i].name.compare(quotedName(column.toUtf8()), Qt::CaseInsensitive) == 0;
+    };
+    qsizetype fixed = 0;
+    while (fixed < indexColumns.size() && !isSame(0, indexColumns[fixed]) && isFixed(indexColumns[fixed]))
+        ++fixed;
+    // Not by the order alone where there are conditions: most of what it passes may be others' rows.
+    if (fixed == indexColumns.size() || (fixed == 0 && !conditions_.isEmpty()))
+        return false;
+    std::size_t ordered = 0;
+    for (const QString& column : indexColumns.mid(fixed))
+        if (!isSame(ordered++, column))
+            return false;
+    for (std::size_t i = 0; ordered < order_.size(); ++i, ++ordered)
+        if (i >= key_.size() || order_[ordered].column != key_[i] ||
+            order_[ordered].descending != order_[0].descending)
+            return false;
+    return true;
+}
+
+bool PageQuery::isFixed(const QString& column) const
+{
+    const QRegularExpression comparison(QStringLiteral("\\b%1\\s*=").arg(QRegularExpression::escape(column)),
+                                        QRegularExpression::CaseInsensitiveOption);
+    return withoutTexts(conditions_).contains(comparison);
+}
+
 PageQuery::Place PageQuery::place(const Row& row) const
 {
     Place place;
@@ -143,8 +191,10 @@ std::vector<WireValue> PageQuery::key(const Row& row) const
 ParameterisedStatement PageQuery::page(Direction direction, const std::optional<Place>& from, qsizetype limit,
                                        const ParameterisedStatement& filter) const
 {
-    ParameterisedStatement statement =
-        restricted(QStringLiteral("*"), from ? behind(direction, *from) : ParameterisedStatement(), filter);
+    const bool isByIndex = from && filter.sql.isEmpty() && !index_.isEmpty();
+    const QString table = isByIndex ? table_ + QStringLiteral(" force index (%1)").arg(index_) : table_;
+    ParameterisedStatement statement = restricted(
+        QStringLiteral("*"), table, from ? behind(direction, *from) : ParameterisedStatement(), filter);
     QStringList order;
     for (const Order& column : order_)
         order << column.name + (column.descending == (direction == Direction::Forward)
@@ -163,20 +213,21 @@ ParameterisedStatement PageQuery::rowWithKey(const std::vector<WireValue>& key) 
                                          [&](const Order& order) { return order.column == key_[i]; });
         terms.push_back({column->name + QStringLiteral(" = ?"), {key[i]}});
     }
-    return restricted(QStringLiteral("*"), {}, joined(terms, QStringLiteral(" and ")));
+    return restricted(QStringLiteral("*"), table_, {}, joined(terms, QStringLiteral(" and ")));
 }
 
 ParameterisedStatement PageQuery::count() const
 {
-    return restricted(QStringLiteral("count(*)"), {}, {});
+    return restricted(QStringLiteral("count(*)"), table_, {}, {});
 }
 
 ParameterisedStatement PageQuery::countBefore(const Place& place) const
 {
-    return restricted(QStringLiteral("count(*)"), behind(Direction::Backward, place), {});
+    return restricted(QStringLiteral("count(*)"), table_, behind(Direction::Backward, place), {});
 }
 
-ParameterisedStatement PageQuery::restricted(const QString& what, const ParameterisedStatement& seek,
+ParameterisedStatement PageQuery::restricted(const QString& what, const QString& table,
+                                             const ParameterisedStatement& seek,
                                              const ParameterisedStatement& filter) const
 {
     std::vector<ParameterisedStatement> terms;
@@ -185,7 +236,7 @@ ParameterisedStatement PageQuery::restricted(const QString& what, const Paramete
     for (const ParameterisedStatement& term : {seek, filter})
         if (!term.sql.isEmpty())
             terms.push_back(term);
-    ParameterisedStatement result{QStringLiteral("select %1 from %2").arg(what, table_), {}};
+    ParameterisedStatement result{QStringLiteral("select %1 from %2").arg(what, table), {}};
     if (!terms.empty()) {
         result.sql += QStringLiteral(" where ");
         append(result, joined(terms, QStringLiteral(" and ")));

@@ -2,6 +2,8 @@
 
 #include "platform/data/basetable.h"
 
+#include <QStringList>
+
 namespace ADODB {
 
 /// The parts of a statement of the form "select * from table [where conditions] [order by columns]".
@@ -47,6 +49,13 @@ public:
     /// The statement that has the result's columns and none of its rows.
     static QString columnsOnly(const QString& sql) { return sql + QStringLiteral(" limit 0"); }
 
+    /// Asks for the table's indexes.
+    QString indexes() const { return QStringLiteral("show index from ") + table_; }
+    /// Takes the answer, and has pages read by an index that holds the rows in the result's order behind
+    /// columns that the conditions fix, if there is one. Left alone, the server looks for the page among all
+    /// the rows that meet the conditions.
+    void chooseIndex(const std::vector<Row>& indexes);
+
     Place place(const Row& row) const;
     /// The primary key.
     std::vector<WireValue> key(const Row& row) const;
@@ -71,12 +80,16 @@ private:
     };
 
     PageQuery() = default;
-    ParameterisedStatement restricted(const QString& what, const ParameterisedStatement& seek,
+    bool isInOrder(const QStringList& indexColumns) const;
+    bool isFixed(const QString& column) const;
+    ParameterisedStatement restricted(const QString& what, const QString& table,
+                                      const ParameterisedStatement& seek,
                                       const ParameterisedStatement& filter) const;
     ParameterisedStatement behind(Direction direction, const Place& place) const;
 
     QString table_;
     QString conditions_;
+    QString index_; ///< quoted; empty for none
     std::vector<Order> order_;
     std::vector<qsizetype> key_;
 };

@@ -23,6 +23,7 @@ std::unique_ptr<PagedRows> Recordset::pagedRows(const PlainSelect& select,
     const auto run = [connection = connection_](const ParameterisedStatement& statement) {
         return connection->run(statement.sql, statement.parameters);
     };
+    query->chooseIndex(allRows(*connection_->run(query->indexes())));
     return std::make_unique<PagedRows>(std::move(*query), run, pageSize_);
 }
 
