@@ -124,8 +124,13 @@ void Recordset::Delete()
     deleted_.insert(visible_[std::size_t(position_)]);
     visible_.erase(visible_.begin() + position_);
     tell([&](RecordsetListener& listener) { listener.rowRemoved(position_); });
-    if (position_ == rowsHeld() && !readOn(Side::End) && visible_.empty())
-        readOn(Side::Front);
+    if (position_ == rowsHeld()) {
+        // In front of the rows that may come, not behind them.
+        --position_;
+        if (!readOn(Side::End) && visible_.empty())
+            readOn(Side::Front);
+        ++position_;
+    }
     moveTo(position_);
 }
 

@@ -1,0 +1,304 @@
+#include "platform/data/connection.h"
+#include "platform/data/datagrid.h"
+#include "platform/data/error.h"
+#include "platform/datafixture.h"
+
+#include <QScrollBar>
+#include <QTest>
+
+using namespace ADODB;
+
+namespace {
+
+/// A thousand rows of two owners (sit), many of the same name or of none.
+class Paging : public DataFixture
+{
+protected:
+    void SetUp() override
+    {
+        DataFixture::SetUp();
+        fill();
+        pageSize = 20;
+    }
+
+    static void fill()
+    {
+        database().clear();
+        database().execute(
+            u"insert into plano (idplano, nmplano, pdesc, inicio, sit) select 1 + seq * 387 % 1000,"
+            " if(seq % 7 = 0, null, concat(elt(1 + seq % 5, 'ANA', 'ána', 'JOSÉ', 'Jose', 'É'), seq % 13)),"
+            " if(seq % 11 = 0, null, (seq % 4) / 4 - 0.25), if(seq % 3, date_add('2026-01-01', interval seq "
+            "% 9 "
+            "day), null),"
+            " if(seq % 2, 'N', 'X') from seq_1_to_1000"_qs);
+    }
+
+    static QStringList codes(const QString& rest)
+    {
+        QStringList result;
+        for (const QStringList& row : database().rows(u"select idplano from plano "_qs + rest))
+            result << row.first();
+        return result;
+    }
+
+    static QString code(Recordset& rs)
+    {
+        return rs.Eof() || rs.Bof() ? QString() : rs.Fields("idplano").text();
+    }
+
+    static QStringList walk(Recordset& rs)
+    {
+        QStringList result;
+        for (; !rs.Eof(); rs.MoveNext())
+            result << code(rs);
+        return result;
+    }
+
+    static QStringList walkBack(Recordset& rs)
+    {
+        QStringList result;
+        for (; !rs.Bof(); rs.MovePrevious())
+            result.prepend(code(rs));
+        return result;
+    }
+
+    const QString ownersRows = u"where sit = 'N' order by nmplano"_qs;
+    const QString inOrder = ownersRows + u", idplano"_qs;
+};
+
+TEST_F(Paging, RowsComeInTheServersOrderBothWays)
+{
+    // As it stands in the statement, and with what the key decides.
+    const std::pair<QString, QString> orders[] = {
+        {u"where sit = 'N' order by nmplano"_qs, u", idplano"_qs},
+        {u"where sit = 'N' order by nmplano desc"_qs, u", idplano"_qs},
+        {u"WHERE sit = 'N' ORDER BY pdesc DESC, NMPLANO"_qs, u", idplano"_qs},
+        {u"where sit = 'N' or (sit = 'X' and pdesc > 0) order by inicio asc, nmplano desc, idplano desc"_qs,
+         {}},
+        {u"order by idplano"_qs, {}},
+        {u"where sit = 'N'"_qs, u" order by idplano"_qs},
+    };
+    for (const auto& [rest, tie] : orders)
+        for (const int size : {3, 50, 500}) {
+            SCOPED_TRACE(rest.toStdString() + " / " + std::to_string(size));
+            pageSize = size;
+            const QStringList expected = codes(rest + tie);
+            Recordset rs;
+            open(rs, u"select * from plano "_qs + rest);
+            ASSERT_EQ(rs.rowsHeld(), size);
+            EXPECT_EQ(walk(rs), expected);
+            EXPECT_LE(rs.rowsHeld(), 27 * size) << "what lies far behind is let go";
+            rs.MovePrevious();
+            EXPECT_EQ(walkBack(rs), expected);
+            rs.MoveLast();
+            EXPECT_EQ(rs.AbsolutePosition(), expected.size());
+            EXPECT_EQ(rs.RecordCount(), expected.size());
+            EXPECT_EQ(walkBack(rs), expected);
+            rs.setAbsolutePosition(expected.size() / 2);
+            EXPECT_EQ(code(rs), expected[expected.size() / 2 - 1]);
+        }
+}
+
+TEST_F(Paging, OnlyAPlainStatementOfATableWithAKeyIsReadByPages)
+{
+    database().execute(u"insert into solto select seq, seq from seq_1_to_30;"
+                       "update plano set nmplano = 'a) order by (limit 1' where idplano <= 30"_qs);
+    const std::pair<QString, bool> cases[] = {
+        {u" SELECT * FROM plano WHERE (nmplano <> ')' ) Order By nmplano "_qs, true},
+        {u"select * from plano where nmplano = 'a) order by (limit 1' order by nmplano"_qs, true},
+        {u"select * from plano where nmplano <> 'it''s \\' --' order by nmplano"_qs, true},
+        {u"select * from plano where idplano <= 30 limit 25"_qs, false},
+        {u"select * from plano where idplano <= 30 order by 1"_qs, false},
+        {u"select * from plano where idplano <= 30 order by qtde"_qs, false},
+        {u"select * from plano where idplano <= 30 order by length(nmplano)"_qs, false},
+        {u"select * from plano where idplano in (select a from solto)"_qs, false},
+        {u"select idplano, nmplano from plano where idplano <= 30"_qs, false},
+        {u"select * from plano p where idplano <= 30"_qs, false},
+        {u"select * from plano where idplano <= 30 -- order by nmplano"_qs, false},
+        {u"select * from solto order by a"_qs, false},
+    };
+    for (const auto& [sql, isPaged] : cases) {
+        SCOPED_TRACE(sql.toStdString());
+        Recordset rs;
+        open(rs, sql);
+        EXPECT_EQ(rs.rowsHeld() == pageSize, isPaged);
+        EXPECT_GE(rs.RecordCount(), 25);
+    }
+    Recordset rs;
+    EXPECT_EQ(errorOf([&] { open(rs, u"select * from plano where nmplano = 'D'Á' order by nmplano"_qs); }),
+              1064);
+    EXPECT_EQ(errorOf([&] { open(rs, u"select * from plano where true) or (true order by nmplano"_qs); }),
+              1064);
+    EXPECT_EQ(errorOf([&] { open(rs, u"select * from plano where nada = 1 order by nmplano"_qs); }), 1054);
+}
+
+TEST_F(Paging, ARowIsFoundNearFarAndNotAtAll)
+{
+    database().execute(u"update plano set nmplano = 'Zoé_1' where idplano = 777;"
+                       "update plano set nmplano = 'ZOE_1' where idplano = 11"_qs);
+    const QStringList expected = codes(u"order by nmplano, idplano"_qs);
+    Recordset rs;
+    open(rs, u"select * from plano order by nmplano"_qs);
+    QStringList statements;
+    Connection::setObserver([&](const StatementEvent& event) { statements << event.statement; });
+    const auto firstOf = [&](const QString& condition) {
+        return codes(u"where "_qs + condition + u" order by nmplano, idplano limit 1"_qs).value(0);
+    };
+    const std::pair<QString, QString> cases[] = {
+        {u"idplano = "_qs + expected[2], expected[2]},
+        {u"idplano = "_qs + expected[600], expected[600]},
+        {u"idplano = "_qs + expected[610], expected[610]},
+        {u"idplano like '"_qs + expected[100] + u"'"_qs, expected[100]},
+        {u"idplano like '0100'"_qs, {}},
+        {u"idplano = 12.5"_qs, {}},
+        {u"idplano = 5000"_qs, {}},
+        {u"idplano > 990"_qs, firstOf(u"idplano > 990"_qs)},
+        {u"pdesc = 0.25"_qs, firstOf(u"pdesc = 0.25"_qs)},
+        {u"nmplano = 'zoé_1'"_qs, u"777"_qs},
+        {u"nmplano like 'zo%_1'"_qs, firstOf(u"nmplano like 'zo%'"_qs)},
+        {u"nmplano like 'zo%%'"_qs, firstOf(u"nmplano like 'zo%'"_qs)},
+        {u"nmplano = 'zo%'"_qs, {}},
+        {u"nmplano like 'É5' and idplano > 500"_qs,
+         firstOf(u"nmplano like binary 'É5' and idplano > 500"_qs)},
+        {u"inicio = '03/01/2026'"_qs, firstOf(u"inicio = '2026-01-03'"_qs)},
+    };
+    for (const auto& [criteria, found] : cases) {
+        SCOPED_TRACE(criteria.toStdString());
+        statements.clear();
+        rs.Find(criteria);
+        EXPECT_EQ(code(rs), found);
+        EXPECT_EQ(rs.Eof(), found.isEmpty());
+        EXPECT_LE(rs.rowsHeld(), 2 * pageSize + 1);
+        EXPECT_LE(statements.size(), criteria.startsWith(u"idplano") ? 3 : 60);
+        EXPECT_TRUE(statements.filter(u"count("_qs).isEmpty());
+        EXPECT_EQ(walk(rs), found.isEmpty() ? QStringList() : expected.mid(expected.indexOf(found)));
+        rs.MovePrevious();
+        EXPECT_EQ(code(rs), expected.last());
+        rs.MoveFirst();
+    }
+    Connection::setObserver({});
+}
+
+TEST_F(Paging, RequeryStandsOnTheRowWhereverItIsNow)
+{
+    const QString sql = u"select * from plano "_qs + ownersRows;
+    const QStringList before = codes(inOrder);
+    const QString mine = before[250];
+    struct Case
+    {
+        const char* what;
+        QString statement;
+        QString after;
+    };
+    const Case cases[] = {
+        {"rows in front went", u"delete from plano where nmplano is null"_qs, mine},
+        {"it was renamed", u"update plano set nmplano = 'zz' where idplano = "_qs + mine, mine},
+        {"it came to the front", u"update plano set nmplano = null where idplano = "_qs + mine, mine},
+        {"it went", u"delete from plano where idplano = "_qs + mine, before[251]},
+        {"it became another owner's", u"update plano set sit = 'X' where idplano = "_qs + mine, before[251]},
+        {"all behind went too",
+         u"delete from plano where sit = 'N' and idplano not in (%1)"_qs.arg(before.mid(0, 250).join(u',')),
+         before[0]},
+        {"all went", u"delete from plano"_qs, {}},
+    };
+    for (const Case& given : cases) {
+        SCOPED_TRACE(given.what);
+        fill();
+        Recordset rs;
+        open(rs, sql);
+        rs.Find(u"idplano = "_qs + mine);
+        database().execute(given.statement);
+        rs.Requery();
+        EXPECT_EQ(code(rs), given.after);
+        const QStringList now = codes(inOrder);
+        EXPECT_EQ(walk(rs), now.mid(std::max<qsizetype>(now.indexOf(given.after), 0)));
+    }
+}
+
+TEST_F(Paging, ChangedRowsAtTheEdgesLoseAndRepeatNone)
+{
+    Recordset rs;
+    open(rs, u"select * from plano "_qs + ownersRows);
+    const QStringList before = codes(inOrder);
+    // The last row held goes to the end of the order, and stays where it stands until a requery.
+    rs.moveToHeld(rs.rowsHeld() - 1);
+    rs.Fields("nmplano") = u"zzz"_qs;
+    rs.Update();
+    rs.MoveFirst();
+    EXPECT_EQ(walk(rs), before);
+    rs.Requery();
+    // All the rows held are deleted: the next ones take their place.
+    for (int i = 0; i < 30; ++i)
+        rs.Delete();
+    EXPECT_EQ(code(rs), before[31]) << "the renamed row was among the first 31";
+    const qsizetype mark = rs.Bookmark();
+    rs.AddNew();
+    rs.Fields("nmplano") = u"AAA"_qs;
+    rs.Update();
+    EXPECT_TRUE(rs.Fields("idplano").integer() > 1000);
+    rs.MovePrevious();
+    EXPECT_EQ(rs.Fields("nmplano").text(), u"zzz") << "the new row stands behind the last one";
+    rs.setBookmark(mark);
+    EXPECT_EQ(code(rs), before[31]);
+    rs.Requery();
+    rs.MoveFirst();
+    EXPECT_EQ(walk(rs), codes(inOrder));
+    EXPECT_EQ(database().value(u"select count(*) from plano where sit = 'X'"_qs), u"500");
+    // What was deleted stays away when the front is read again.
+    rs.Filter(u"nmplano like 'AAA'"_qs);
+    EXPECT_EQ(rs.RecordCount(), 1);
+    rs.Filter({});
+    EXPECT_EQ(rs.RecordCount(), 471);
+}
+
+TEST_F(Paging, AGridReadsOnAsItIsLookedThrough)
+{
+    pageSize = 10;
+    const QStringList expected = codes(inOrder);
+    Recordset rs;
+    DataGrid grid;
+    grid.setColumns({{u"idplano"_qs, u"CÓDIGO"_qs, 100}});
+    grid.setDataSource(&rs);
+    grid.resize(300, 200);
+    grid.show();
+    open(rs, u"select * from plano "_qs + ownersRows);
+    QScrollBar* bar = grid.verticalScrollBar();
+    const auto seenAt = [&](int line) {
+        return grid.model()->index(bar->value() + line, 0).data().toString();
+    };
+    EXPECT_LE(grid.model()->rowCount(), 30);
+
+    // By keys to the end and back: no row is missed, the grid's row is the recordset's.
+    QStringList passed{code(rs)};
+    while (code(rs) != expected.last() && passed.size() < 600) {
+        QTest::keyClick(&grid, Qt::Key_Down);
+        passed << code(rs);
+        ASSERT_EQ(grid.currentIndex().data().toString(), code(rs));
+    }
+    EXPECT_EQ(passed, expected);
+    for (int pages = 0; code(rs) != expected.first() && pages < 500; ++pages)
+        QTest::keyClick(&grid, Qt::Key_PageUp);
+    EXPECT_EQ(code(rs), expected.first());
+    QTest::keyClick(&grid, Qt::Key_End, Qt::ControlModifier);
+    EXPECT_EQ(code(rs), expected.last());
+    EXPECT_LE(grid.model()->rowCount(), 30);
+
+    // Scrolling upwards reads in front, and what is seen goes up line by line.
+    int at = int(expected.indexOf(seenAt(0)));
+    int told = 0;
+    QObject::connect(&grid, &DataGrid::rowChanged, [&] { ++told; });
+    for (; at > 0; --at) {
+        ASSERT_EQ(seenAt(0), expected[at]);
+        ASSERT_EQ(seenAt(3), expected[at + 3]);
+        bar->setValue(bar->value() - 1);
+    }
+    EXPECT_EQ(seenAt(0), expected.first());
+    EXPECT_EQ(code(rs), expected.last()) << "scrolling moves no row";
+    EXPECT_EQ(grid.currentIndex().data().toString(), expected.last());
+    EXPECT_EQ(told, 0);
+    QTest::keyClick(&grid, Qt::Key_Home, Qt::ControlModifier);
+    EXPECT_EQ(code(rs), expected.first());
+    EXPECT_EQ(told, 1);
+}
+
+} // namespace
