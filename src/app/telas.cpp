@@ -4,6 +4,10 @@
 #include "app/frmcadusuario.h"
 #include "app/frmconfig.h"
 #include "registers/cadastrossimples.h"
+#include "registers/frmcadferiados.h"
+#include "registers/frmcadfor.h"
+#include "registers/frmcadhorarios.h"
+#include "registers/frmcadproduto.h"
 
 namespace {
 
@@ -19,7 +23,11 @@ void ligaMenu()
 {
     abre<frmCadConvenios>("cadConv");
     abre<frmCadEspecialidade>("cadEsp");
+    abre<frmCadFeriados>("cadFer");
+    abre<frmCadFor>("cadfor");
     abre<frmCadGrupoEstoque>("cadgru");
+    abre<frmCadHorarios>("cadHor");
+    abre<frmCadProduto>("cadinsi");
     abre<frmCadProcedimentos>("cadproc");
     abre<frmcadusuario>("cadUsu");
     abre<frmCadCentroCusto>("ctpgcadcen");

@@ -55,7 +55,8 @@ void frmCadFeriados::Command1_Click()
     }
     const QStringList mes = ui->cboMes->currentText().split(QLatin1Char(','));
     const QString numero = mes[0].trimmed();
-    // A holiday has no year, but this year's calendar must have the day: 29 of February waits for a leap year.
+    // A holiday has no year, but this year's calendar must have the day: 29 of February waits for a leap
+    // year.
     const QString ano = QString::number(Clock::today().year());
     if (!isDate(QStringList{dia, numero, ano}.join(QLatin1Char('/')))) {
         MsgBox(QStringLiteral("--- ERRO --- DIA / MÊS INVÁLIDO!"), QStringLiteral("ATENÇÃO"));

@@ -76,8 +76,7 @@ void frmCadProduto::Limpa()
 {
     ui->cmdsalva->setEnabled(true);
     ui->cboLote->setCurrentIndex(0);
-    for (QLineEdit* caixa :
-         {ui->txtDsPro, ui->txtUN, ui->txtCdGrupo, ui->txtFator, ui->txtDtUA, ui->txtQtde})
+    for (QLineEdit* caixa : {ui->txtDsPro, ui->txtUN, ui->txtCdGrupo, ui->txtFator, ui->txtDtUA, ui->txtQtde})
         caixa->clear();
     ui->txtmemo->clear();
     ui->txtDtUC->setText(QStringLiteral("SR"));
