@@ -65,10 +65,10 @@ frmCadHorarios::frmCadHorarios() : ui(std::make_unique<Ui::frmCadHorarios>())
     for (QWidget* daEscolha : std::initializer_list<QWidget*>{ui->cboCH, ui->cboDia, ui->txtHR, ui->Command1})
         daEscolha->setEnabled(false);
     ui->DataGrid2->setColumns(
-        {{QStringLiteral("dia"), QStringLiteral("DIA"), 20},
-         {QStringLiteral("hr"), QStringLiteral("HORÁRIOS"), 38},
+        {{QStringLiteral("dia"), QStringLiteral("DIA"), 17},
+         {QStringLiteral("hr"), QStringLiteral("HORÁRIOS"), 36},
          {QStringLiteral("ondeatd"), QStringLiteral("0 CLÍNICA / 1 HOME"), 17, {}, Qt::AlignHCenter},
-         {QStringLiteral("evcad"), QStringLiteral("CADASTRADO POR"), 25}});
+         {QStringLiteral("evcad"), QStringLiteral("CADASTRADO POR"), 30}});
     ui->DataGrid2->setDataSource(&Adodc2);
     wire();
 }
