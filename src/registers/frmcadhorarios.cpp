@@ -13,6 +13,7 @@
 #include "ui_frmcadhorarios.h"
 
 #include <QSignalBlocker>
+#include <algorithm>
 #include <cmath>
 
 using namespace Variaveis;

@@ -91,11 +91,11 @@ void frmCadProduto::cmdretorna_Click()
 
 void frmCadProduto::Command2_Click()
 {
+    ui->txtCdGrupo->setFocus(); // before the choice: leaving the code box may empty the screen
     RetornoCodigo.clear();
     Form::of<frmBuscaGrupo>().ShowModal();
     if (isNumeric(RetornoCodigo))
         ui->txtCdGrupo->setText(RetornoCodigo);
-    ui->txtCdGrupo->setFocus();
 }
 
 /// The user who gives up gets all rows.
