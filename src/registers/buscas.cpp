@@ -39,21 +39,22 @@ std::vector<GridColumn> codigoENome(const QString& codigo, const QString& nome, 
 } // namespace
 
 frmBuscaConvenios::frmBuscaConvenios()
-    : Busca({.titulo = QStringLiteral("Convênios - Pesquisa"),
-             .consulta =
-                 [] { return "select * from convenios where idlic = " + aspas(idlic) + " order by nmconv"; },
-             .pesquisas = {peloNome([](const QString& t) {
-                 return "select * from convenios where idlic = " + aspas(idlic) + " and nmconv like " +
-                        contem(t) + " order by nmconv";
-             })},
-             .codigo = QStringLiteral("idconv"),
-             .nome = QStringLiteral("nmconv"),
-             .direito = QStringLiteral("cadConv"),
-             .recusa = semPermissao,
-             .cadastro = abre<frmCadConvenios>(),
-             .colunas = {{QStringLiteral("idconv"), QStringLiteral("CÓDIGO"), 15},
-                         {QStringLiteral("nmconv"), QStringLiteral("CONVÊNIO"), 67},
-                         {QStringLiteral("pdesc"), QStringLiteral("% DESC."), 18}}})
+    : Busca(
+          {.titulo = QStringLiteral("Convênios - Pesquisa"),
+           .consulta =
+               [] { return "select * from convenios where idlic = " + aspas(idlic) + " order by nmconv"; },
+           .pesquisas = {peloNome([](const QString& t) {
+               return "select * from convenios where idlic = " + aspas(idlic) + " and nmconv like " +
+                      contem(t) + " order by nmconv";
+           })},
+           .codigo = QStringLiteral("idconv"),
+           .nome = QStringLiteral("nmconv"),
+           .direito = QStringLiteral("cadConv"),
+           .recusa = semPermissao,
+           .cadastro = abre<frmCadConvenios>(),
+           .colunas = {{QStringLiteral("idconv"), QStringLiteral("CÓDIGO"), 15},
+                       {QStringLiteral("nmconv"), QStringLiteral("CONVÊNIO"), 67},
+                       {QStringLiteral("pdesc"), QStringLiteral("% DESC."), 18, QStringLiteral("#,##0.00")}}})
 {
 }
 

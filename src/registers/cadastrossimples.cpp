@@ -35,7 +35,7 @@ frmCadConvenios::frmCadConvenios()
                [] { return "select * from convenios where idlic = " + aspas(idlic) + " order by nmconv"; },
            .colunas = {{QStringLiteral("idconv"), QStringLiteral("CÓDIGO"), 12},
                        {QStringLiteral("nmconv"), QStringLiteral("CONVÊNIO"), 41},
-                       {QStringLiteral("pdesc"), QStringLiteral("% DESC."), 12},
+                       {QStringLiteral("pdesc"), QStringLiteral("% DESC."), 12, QStringLiteral("#,##0.00")},
                        {QStringLiteral("evup"), QStringLiteral("ÚLTIMA ALTERAÇÃO"), 35}}})
 {
     ui->Label3->show();
@@ -105,11 +105,10 @@ frmCadProcedimentos::frmCadProcedimentos()
                [] {
                    return "select * from procedimentos where idlic = " + aspas(idlic) + " order by nmproc";
                },
-           .colunas = {
-               {QStringLiteral("idproc"), QStringLiteral("CÓDIGO"), 12},
-               {QStringLiteral("nmproc"), QStringLiteral("NOME"), 38},
-               {QStringLiteral("ondeatd"), QStringLiteral("0 CLÍNICA / 1 HOME"), 18, {}, Qt::AlignHCenter},
-               {QStringLiteral("evup"), QStringLiteral("ÚLTIMA ALTERAÇÃO"), 32}}})
+           .colunas = {{QStringLiteral("idproc"), QStringLiteral("CÓDIGO"), 12},
+                       {QStringLiteral("nmproc"), QStringLiteral("NOME"), 44},
+                       {QStringLiteral("ondeatd"), QStringLiteral("LOCAL"), 12, {}, Qt::AlignHCenter},
+                       {QStringLiteral("evup"), QStringLiteral("ÚLTIMA ALTERAÇÃO"), 32}}})
 {
     ui->Label4->show();
     ui->cboCH->show();

@@ -52,6 +52,7 @@ TEST_F(BoundRows, WhatIsAssignedArrivesAsTheColumnStoresIt)
         {"nmplano", text(u""_qs), u""_qs},
         {"nmplano", text(QString()), u""_qs},
         {"nmplano", [](Field f) { f = nullptr; }, null},
+        {"pdesc", [](Field f) { f = 1234567.89; }, u"1234567.89"_qs},
         {"nmplano", [](Field f) { f = 12.5; }, u"12.5"_qs},
         {"nmplano", [](Field f) { f = 7; }, u"7"_qs},
         {"nmplano", [](Field f) { f = QDate(2026, 1, 31); }, u"2026/01/31"_qs},
@@ -67,6 +68,8 @@ TEST_F(BoundRows, WhatIsAssignedArrivesAsTheColumnStoresIt)
         {"qtde", [](Field f) { f = -1.5; }, u"-1.5"_qs},
         {"inicio", text(u"31/01/2026"_qs), u"2026-01-31"_qs},
         {"inicio", text(u"2026/01/31"_qs), u"2026-01-31"_qs},
+        {"inicio", text(u"04/11/2018"_qs), u"2018-11-04"_qs}, // summer time began at midnight
+        {"visto", text(u"04/11/2018 0:30"_qs), u"2018-11-04 00:30:00"_qs},
         {"inicio", text(u"31/02/2026"_qs), null},
         {"inicio", text(u""_qs), null},
         {"inicio", [](Field f) { f = QDate(1899, 12, 30); }, u"1899-12-30"_qs},
@@ -82,6 +85,7 @@ TEST_F(BoundRows, WhatIsAssignedArrivesAsTheColumnStoresIt)
         Recordset rs;
         open(rs, u"select * from plano"_qs);
         given.assign(rs.Fields(given.column));
+        EXPECT_EQ(rs.Fields(given.column).isNull(), given.stored.isNull()) << given.column;
         rs.Update();
         const QString stored = planos(QString::fromLatin1(given.column)).first().first();
         EXPECT_EQ(stored, given.stored) << given.column;
@@ -92,6 +96,57 @@ TEST_F(BoundRows, WhatIsAssignedArrivesAsTheColumnStoresIt)
     open(rs, u"select * from plano"_qs);
     EXPECT_EQ(errorOf([&] { rs.Fields("pdesc") = u"doze"_qs; }), 13);
     EXPECT_EQ(errorOf([&] { rs.Fields("idplano") = QDate(2026, 1, 31); }), 13);
+}
+
+TEST_F(BoundRows, ANumberThatIsLeftBlankIsTheServersAndAnyOtherStays)
+{
+    using Assign = std::function<void(Field)>;
+    const std::pair<Assign, int> cases[] = {
+        {[](Field f) { f = nullptr; }, 1},  {[](Field f) { f = u""_qs; }, 2}, {[](Field f) { f = 0; }, 3},
+        {[](Field f) { f = u"00"_qs; }, 4}, {[](Field f) { f = 77; }, 77},
+    };
+    Recordset rs;
+    open(rs, u"select * from plano"_qs);
+    for (const auto& [assign, number] : cases) {
+        rs.AddNew();
+        assign(rs.Fields("idplano"));
+        rs.Update();
+        EXPECT_EQ(rs.Fields("idplano").integer(), number);
+        EXPECT_EQ(rs.Fields("sit").text(), u"N") << "read back";
+    }
+}
+
+TEST_F(BoundRows, ARecordsetUsedAgainKnowsNothingOfItsLastResult)
+{
+    database().execute(u"insert into plano (nmplano) select concat('P', seq) from seq_1_to_200;"
+                       "insert into produto values ('A', '1', 'luva'), ('A', '2', 'gaze')"_qs);
+    for (const bool reconnect : {false, true}) {
+        SCOPED_TRACE(reconnect);
+        Recordset rs;
+        open(rs, u"select * from plano order by idplano"_qs);
+        rs.Filter(u"idplano > 100"_qs);
+        for (int i = 0; i < 10; ++i)
+            rs.Delete();
+        rs.Fields("nmplano") = u"half typed"_qs;
+        if (reconnect) {
+            connection.Close();
+            connection.Open();
+        } else {
+            rs.Close();
+        }
+        open(rs, u"select * from produto order by cdpro"_qs);
+        EXPECT_EQ(rs.RecordCount(), 2);
+        EXPECT_EQ(rs.AbsolutePosition(), 1);
+        rs.MoveNext();
+        rs.Fields("dspro") = reconnect ? u"soro"_qs : u"fio"_qs;
+        rs.Update();
+        EXPECT_EQ(database().value(u"select group_concat(dspro order by cdpro) from produto"_qs),
+                  reconnect ? u"luva,soro" : u"luva,fio");
+    }
+    EXPECT_EQ(
+        database().rows(u"select min(idplano), max(idplano), count(*), sum(nmplano = 'half typed') from plano"
+                        " where idplano > 100"_qs),
+        (Table{{u"121"_qs, u"200"_qs, u"80"_qs, u"0"_qs}}));
 }
 
 TEST_F(BoundRows, AnUpdateTouchesOneRowAndOnlyWhatWasSet)
@@ -225,7 +280,7 @@ protected:
                            " ('0012', 12.50, '2026-01-31', '2026-01-31 10:00:00', 'ANDRÉ'),"
                            " ('12', -1, '2026-02-01', '2026-02-01 00:00:00', 'a and b'),"
                            " ('20260101', 0, null, null, 'd''água'),"
-                           " ('X12', 100, '1999-12-31', null, null)"_qs);
+                           " ('X12', 100, '2018-11-04', '2018-11-04 00:30:00', null)"_qs);
     }
 
     Recordset rs;
@@ -243,6 +298,7 @@ TEST_F(Searched, FindAndFilterReadTheSameCriteria)
         {u"idplano > 10"_qs, {}},
         {u"nmplano like 12"_qs, {u"1"_qs, u"2"_qs}},
         {u"nmplano = 12"_qs, {u"1"_qs, u"2"_qs}},
+        {u"nmplano <> 12"_qs, {u"3"_qs, u"4"_qs}},
         {u"nmplano like '12'"_qs, {u"2"_qs}},
         {u"nmplano like '%12'"_qs, {u"1"_qs, u"2"_qs, u"4"_qs}},
         {u"nmplano like 'x%'"_qs, {u"4"_qs}},
@@ -260,6 +316,10 @@ TEST_F(Searched, FindAndFilterReadTheSameCriteria)
         {u"inicio like '31/01/2026'"_qs, {u"1"_qs}},
         {u"inicio < '2026/02/01'"_qs, {u"1"_qs, u"4"_qs}},
         {u"inicio <> '2026/02/01'"_qs, {u"1"_qs, u"4"_qs}},
+        {u"inicio = '04/11/2018'"_qs, {u"4"_qs}}, // summer time began at midnight
+        {u"inicio > '2018/11/04'"_qs, {u"1"_qs, u"2"_qs}},
+        {u"visto < '04/11/2018 00:31'"_qs, {u"4"_qs}},
+        {u"visto <= '04/11/2018 00:30'"_qs, {u"4"_qs}},
         {u"visto > '31/01/2026 09:59'"_qs, {u"1"_qs, u"2"_qs}},
         {u"obs = 'andré'"_qs, {u"1"_qs}},
         {u"obs = 'd''água'"_qs, {u"3"_qs}},
@@ -373,6 +433,14 @@ TEST_F(Searched, RequeryKeepsTheRow)
             own.Requery();
             EXPECT_EQ(own.Eof() ? QString() : own.Fields("idplano").text(), given.after);
         }
+    // Where a join repeats the key, the row at the same position is meant.
+    fill();
+    database().execute(u"insert into solto values (1, 'a'), (1, 'b'), (1, 'c')"_qs);
+    Recordset own;
+    open(own, u"select p.idplano, s.b from plano p, solto s order by p.idplano, s.b"_qs);
+    own.setAbsolutePosition(5);
+    own.Requery();
+    EXPECT_EQ(own.AbsolutePosition(), 5);
 }
 
 } // namespace

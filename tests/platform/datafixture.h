@@ -3,7 +3,11 @@
 #include "platform/data/recordset.h"
 #include "support/database.h"
 #include "support/errorof.h"
+#include "support/print.h"
 
+#include <QList>
+#include <QString>
+#include <QStringList>
 #include <gtest/gtest.h>
 
 using Table = QList<QStringList>;
@@ -39,6 +43,14 @@ protected:
     {
         target.setConnectionString(database().connectionString());
         target.Open();
+    }
+
+    /// Ends the session on the server's side.
+    static void kill(ADODB::Connection& target)
+    {
+        ADODB::Recordset id;
+        id.Open(QStringLiteral("select connection_id() as id"), target);
+        database().execute(QStringLiteral("kill ") + id.Fields("id").text());
     }
 
     /// Opens a result that can be searched and changed.

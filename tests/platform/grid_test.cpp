@@ -2,6 +2,7 @@
 #include "platform/data/datagrid.h"
 #include "platform/data/error.h"
 #include "platform/datafixture.h"
+#include "platform/forms/form.h"
 
 #include <QHeaderView>
 #include <QScrollBar>
@@ -166,24 +167,111 @@ TEST_F(Grid, ChangedRowsShowAtOnce)
     EXPECT_EQ(currentRow(), 199);
 }
 
-TEST_F(Grid, ADoubleClickOnARowActivatesItAndNothingElseDoes)
+/// A screen that writes down the rows which it was asked to open.
+class Screen : public Form
+{
+public:
+    Screen(DataGrid& grid, ADODB::Recordset& rows) : rows_(rows)
+    {
+        onDblClick(&grid, &Screen::grid_DblClick);
+    }
+
+    QList<qint64> opened;
+
+private:
+    void grid_DblClick() { opened << rows_.Fields("idplano").integer(); }
+
+    ADODB::Recordset& rows_;
+};
+
+TEST_F(Grid, ADoubleClickOnARowOpensItAndNothingElseDoes)
 {
     source.setRecordSource(u"select * from plano where idplano <= 3 order by idplano"_qs);
     source.Refresh();
-    QList<qint64> activated;
-    QObject::connect(&grid, &DataGrid::rowActivated, [&] { activated << rs().Fields("idplano").integer(); });
+    Screen screen(grid, rs());
     const auto doubleClick = [&](Qt::MouseButton button, QPoint where) {
-        QTest::mouseClick(grid.viewport(), button, {}, where);
         QTest::mouseDClick(grid.viewport(), button, {}, where);
+        QCoreApplication::processEvents();
     };
     doubleClick(Qt::LeftButton, middleOf(1));
-    EXPECT_EQ(activated, (QList<qint64>{2}));
+    EXPECT_EQ(screen.opened, (QList<qint64>{2}));
     doubleClick(Qt::RightButton, middleOf(2));
     doubleClick(Qt::LeftButton, QPoint(50, grid.viewport()->height() - 5));
     QTest::mouseClick(grid.viewport(), Qt::LeftButton, {}, middleOf(0));
     press(Qt::Key_Return);
     press(Qt::Key_Space);
-    EXPECT_EQ(activated.size(), 1);
+    QCoreApplication::processEvents();
+    EXPECT_EQ(screen.opened.size(), 1);
+}
+
+TEST_F(Grid, EveryChangeOfTheCurrentRowIsToldOnce)
+{
+    QStringList told;
+    QObject::connect(&grid, &DataGrid::rowChanged, [&] {
+        told << (rs().State() == 0 ? u"closed"_qs : rs().Eof() ? u"end"_qs : rs().Fields("idplano").text());
+        EXPECT_EQ(grid.currentIndex().row(), rs().State() == 0 ? -1 : int(rs().AbsolutePosition()) - 1);
+    });
+    const auto execute = [](const QString& sql) { database().execute(sql); };
+    using Step = std::function<void()>;
+    struct Case
+    {
+        const char* what;
+        Step step;
+        QStringList told;
+    };
+    const Case cases[] = {
+        {"opened", [&] { source.Refresh(); }, {u"1"_qs}},
+        {"key", [&] { press(Qt::Key_Down); }, {u"2"_qs}},
+        {"mouse", [&] { QTest::mouseClick(grid.viewport(), Qt::LeftButton, {}, middleOf(4)); }, {u"5"_qs}},
+        {"the same row", [&] { QTest::mouseClick(grid.viewport(), Qt::LeftButton, {}, middleOf(4)); }, {}},
+        {"program", [&] { rs().Find(u"idplano = 150"_qs); }, {u"150"_qs}},
+        {"found again", [&] { rs().Find(u"idplano = 150"_qs); }, {}},
+        {"refreshed", [&] { source.Refresh(); }, {}},
+        {"moved up by a requery",
+         [&] {
+             execute(u"delete from plano where idplano = 1"_qs);
+             rs().Requery();
+         },
+         {}},
+        {"gone at a requery",
+         [&] {
+             execute(u"delete from plano where idplano = 150"_qs);
+             rs().Requery();
+         },
+         {u"151"_qs}},
+        {"filter with it first", [&] { rs().Filter(u"idplano > 150"_qs); }, {}},
+        {"filter", [&] { rs().Filter(u"idplano > 190"_qs); }, {u"191"_qs}},
+        {"columns, a change not being saved",
+         [&] {
+             rs().Fields("nmplano") = u"half typed"_qs;
+             grid.setColumns({{u"idplano"_qs, u"CÓDIGO"_qs, 100}});
+             rs().CancelUpdate();
+         },
+         {}},
+        {"delete", [&] { rs().Delete(); }, {u"192"_qs}},
+        {"last", [&] { rs().MoveLast(); }, {u"200"_qs}},
+        {"delete the last", [&] { rs().Delete(); }, {u"end"_qs}},
+        {"new row",
+         [&] {
+             rs().AddNew();
+             rs().Fields("idplano") = 500;
+             rs().Update();
+         },
+         {u"500"_qs}},
+        {"update",
+         [&] {
+             rs().Fields("nmplano") = u"NOVO"_qs;
+             rs().Update();
+         },
+         {u"500"_qs}},
+        {"requeried after the update", [&] { rs().Requery(); }, {}},
+        {"closed", [&] { source.Close(); }, {u"closed"_qs}},
+    };
+    for (const Case& given : cases) {
+        told.clear();
+        given.step();
+        EXPECT_EQ(told, given.told) << given.what;
+    }
 }
 
 TEST_F(Grid, WidthsAndHeightsFollowTheGridAndItsFont)
@@ -202,6 +290,11 @@ TEST_F(Grid, WidthsAndHeightsFollowTheGridAndItsFont)
     }
     source.Refresh();
     EXPECT_EQ(widths(), (QList<double>{20, 50, 15, 15}));
+    grid.setColumns({{u"idplano"_qs, u"A"_qs, 40},
+                     {u"sit"_qs, u"B"_qs, 30},
+                     {u"pdesc"_qs, u"C"_qs, 20},
+                     {u"obs"_qs, u"D"_qs, 10}});
+    EXPECT_EQ(widths(), (QList<double>{40, 30, 20, 10}));
     const int before = grid.rowHeight(0);
     QFont font = grid.font();
     font.setPointSizeF(font.pointSizeF() * 2);
@@ -226,6 +319,29 @@ TEST_F(Grid, AClosedSourceIsAnEmptyGridThatRefreshFillsAgain)
     EXPECT_EQ(grid.model()->rowCount(), 0);
     source.Refresh();
     EXPECT_EQ(grid.model()->rowCount(), 200);
+    ADODB::Recordset own;
+    open(own, u"select * from plano"_qs);
+    grid.setDataSource(&own);
+    connection.Close();
+    press(Qt::Key_Down);
+    EXPECT_EQ(own.State(), 0);
+    grid.setDataSource(&source);
+}
+
+TEST_F(Grid, ARefreshAfterTheServerWasLostFailsOnceAndThenShowsTheRowsAgain)
+{
+    source.setRecordSource(u"select connection_id() as idplano, '' as nmplano, 0 as pdesc, '' as inicio"_qs);
+    source.Refresh();
+    const QString session = rs().Fields("idplano").text();
+    source.setRecordSource(u"select * from plano order by idplano"_qs);
+    source.Refresh();
+    database().execute(u"kill "_qs + session);
+    EXPECT_NE(errorOf([&] { source.Refresh(); }), 0);
+    EXPECT_EQ(rs().State(), 0);
+    press(Qt::Key_Down);
+    source.Refresh();
+    EXPECT_EQ(grid.model()->rowCount(), 200);
+    EXPECT_EQ(currentRow(), 0);
 }
 
 TEST_F(Grid, TheSourceMayGoBeforeTheGridAndTheGridBeforeTheSource)
@@ -252,6 +368,7 @@ TEST_F(Grid, AColumnWithoutItsFieldIsAnError)
 {
     source.setRecordSource(u"select idplano, nmplano from plano"_qs);
     EXPECT_EQ(errorOf([&] { source.Refresh(); }), 3265);
+    EXPECT_EQ(rs().State(), 0);
     EXPECT_EQ(grid.model()->rowCount(), 0);
 }
 

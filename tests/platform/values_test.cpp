@@ -11,9 +11,6 @@
 
 namespace {
 
-/// Brazil's summer time, set before anything asks for the zone.
-const bool Zone = qputenv("TZ", "America/Sao_Paulo");
-
 const double Infinity = std::numeric_limits<double>::infinity();
 const double NotANumber = std::numeric_limits<double>::quiet_NaN();
 
@@ -200,7 +197,7 @@ TEST(Date, refusesWhatIsNone)
 
 TEST(Date, keepsTheDayWhoseMidnightSummerTimeSkipped)
 {
-    ASSERT_TRUE(Zone && !moment(2018, 11, 4).isValid()) << "the zone has no summer time";
+    ASSERT_FALSE(moment(2018, 11, 4).isValid()) << "the zone has no summer time";
     const QDateTime first = toDate(u"04/11/2018");
     EXPECT_EQ(first.date(), QDate(2018, 11, 4));
     EXPECT_EQ(first.time(), QTime(0, 0));

@@ -20,11 +20,12 @@ void warningsFail(QtMsgType type, const QMessageLogContext&, const QString& mess
 
 } // namespace
 
-/// One main for all test programs: the windows are drawn off the screen, and what goes wrong in an event
-/// handler fails the test.
+/// One main for all test programs: the windows are drawn off the screen, the clock is Brazil's with its
+/// summer time, and what goes wrong in an event handler fails the test.
 int main(int argc, char** argv)
 {
     qputenv("QT_QPA_PLATFORM", "offscreen");
+    qputenv("TZ", "America/Sao_Paulo");
     testing::InitGoogleTest(&argc, argv);
     testing::GTEST_FLAG(death_test_style) = "threadsafe";
     Application application(argc, argv);

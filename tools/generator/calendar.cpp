@@ -22,17 +22,16 @@ const std::array<const char*, 12> monthNames = {"JANEIRO",  "FEVEREIRO", "MARÇO
 
 Day readDay(const std::string& text)
 {
-    int y = 0;
-    unsigned m = 0;
-    unsigned d = 0;
-    const char* begin = text.data();
-    if (text.size() == 10 && text[4] == '-' && text[7] == '-') {
-        std::from_chars(begin, begin + 4, y);
-        std::from_chars(begin + 5, begin + 7, m);
-        std::from_chars(begin + 8, begin + 10, d);
-    }
-    const year_month_day date = year{y} / month{m} / d;
-    if (y < 1990 || !date.ok())
+    // 0, which is no day of the calendar, for what is not made of digits alone.
+    const auto number = [&](std::size_t start, std::size_t size) {
+        unsigned value = 0;
+        const char* end = text.data() + start + size;
+        return std::from_chars(text.data() + start, end, value).ptr == end ? value : 0;
+    };
+    year_month_day date{};
+    if (text.size() == 10 && text[4] == '-' && text[7] == '-')
+        date = year{static_cast<int>(number(0, 4))} / month{number(5, 2)} / day{number(8, 2)};
+    if (date.year() < year{1990} || !date.ok())
         throw std::invalid_argument("--today takes a date as yyyy-mm-dd");
     return date;
 }

@@ -131,17 +131,24 @@ std::vector<WireValue> BaseTable::key(const Changes& changes, const WireValue& n
     std::vector<WireValue> values;
     for (const qsizetype column : key_) {
         const auto change = changes.find(column);
-        values.push_back(change == changes.end() ? number : change->second);
+        values.push_back(isNumbered(column, changes) ? number
+                         : change == changes.end()   ? std::nullopt
+                                                     : change->second);
     }
     return values;
 }
 
 bool BaseTable::isNumbered(const Changes& changes) const
 {
-    return std::any_of(key_.begin(), key_.end(), [&](qsizetype column) {
-        const auto change = changes.find(column);
-        return columns_[std::size_t(column)].autoIncrement && (change == changes.end() || !change->second);
-    });
+    return std::any_of(key_.begin(), key_.end(),
+                       [&](qsizetype column) { return isNumbered(column, changes); });
+}
+
+bool BaseTable::isNumbered(qsizetype column, const Changes& changes) const
+{
+    const auto change = changes.find(column);
+    return columns_[std::size_t(column)].autoIncrement &&
+           (change == changes.end() || !change->second || change->second->toDouble() == 0);
 }
 
 QByteArray BaseTable::condition() const

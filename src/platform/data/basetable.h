@@ -44,10 +44,12 @@ public:
     std::vector<WireValue> key(const Row& row, const Changes& changes = {}) const;
     /// The key of a new row; `number` is the value that the server gave to the numbered column.
     std::vector<WireValue> key(const Changes& changes, const WireValue& number) const;
-    /// The key has a column which the server numbers and the changes do not set.
+    /// The server numbers the new row: the key has an auto-increment column, and the changes leave it out or
+    /// set it to NULL or zero.
     bool isNumbered(const Changes& changes) const;
 
 private:
+    bool isNumbered(qsizetype column, const Changes& changes) const;
     QByteArray condition() const;
 
     std::vector<Column> columns_;

@@ -43,11 +43,6 @@ namespace Cell {
 
 namespace {
 
-bool isNumber(ColumnKind kind)
-{
-    return kind == ColumnKind::Integer || kind == ColumnKind::Decimal || kind == ColumnKind::Real;
-}
-
 QString utf8(QByteArrayView cell)
 {
     return QString::fromUtf8(cell);
@@ -141,7 +136,7 @@ QVariant value(const Column& column, QByteArrayView cell)
 WireValue fromText(const Column& column, const QString& text)
 {
     if (column.kind == ColumnKind::Text)
-        return text.toUtf8();
+        return text.isEmpty() ? QByteArray("") : text.toUtf8(); // a null text is no NULL
     if (isNumber(column.kind)) {
         const QString number = text.trimmed();
         if (number.isEmpty())
@@ -151,10 +146,14 @@ WireValue fromText(const Column& column, const QString& text)
     const std::optional<QDateTime> moment = readDate(text);
     if (!moment)
         return std::nullopt;
-    if (column.kind == ColumnKind::Date)
-        return moment->toString(u"yyyy-MM-dd").toLatin1();
-    return moment->toString(column.kind == ColumnKind::Time ? u"HH:mm:ss" : u"yyyy-MM-dd HH:mm:ss")
-        .toLatin1();
+    switch (column.kind) {
+    case ColumnKind::Date:
+        return Format(*moment, u"yyyy-mm-dd").toLatin1();
+    case ColumnKind::Time:
+        return Format(*moment, u"hh:nn:ss").toLatin1();
+    default:
+        return Format(*moment, u"yyyy-mm-dd hh:nn:ss").toLatin1();
+    }
 }
 
 } // namespace Cell

@@ -23,6 +23,18 @@ enum class ColumnKind
     DateTime
 };
 
+/// Whole numbers and fractions.
+constexpr bool isNumber(ColumnKind kind)
+{
+    return kind == ColumnKind::Integer || kind == ColumnKind::Decimal || kind == ColumnKind::Real;
+}
+
+/// Days, times and both together.
+constexpr bool isDate(ColumnKind kind)
+{
+    return kind == ColumnKind::Date || kind == ColumnKind::Time || kind == ColumnKind::DateTime;
+}
+
 struct Column
 {
     QByteArray name; ///< as the result shows it
@@ -50,6 +62,8 @@ public:
     QByteArrayView cell(qsizetype column) const;
     WireValue value(qsizetype column) const;
 
+    bool operator==(const Row&) const = default;
+
 private:
     QByteArray bytes_;
     std::vector<qint32> ends_; ///< behind each cell's last byte; negative (ones' complement) for a null cell
@@ -69,8 +83,8 @@ double number(const Column& column, QByteArrayView cell);
 /// RuntimeError 6.
 qint64 integer(const Column& column, QByteArrayView cell);
 
-/// A time alone belongs to 30/12/1899. A text is read as a workstation reads dates; invalid for what is no
-/// date.
+/// A time alone belongs to 30/12/1899. A text is read as a workstation reads dates; for what is no date the
+/// result's date() is invalid. Its isValid() says less, see readDate.
 QDateTime date(const Column& column, QByteArrayView cell);
 
 /// QString, qint64, double, QDate, QTime or QDateTime.

@@ -1,7 +1,5 @@
 #include "platform/data/connection.h"
 
-#include "platform/data/error.h"
-
 #include <QElapsedTimer>
 
 namespace ADODB {
@@ -50,14 +48,14 @@ void Connection::BeginTrans()
 {
     if (session()->inTransaction())
         throw Error(Error::NotAllowedHere, QStringLiteral("Já existe uma transação aberta nesta conexão."));
-    session_->begin();
+    guarded([&] { session_->begin(); });
 }
 
 void Connection::CommitTrans()
 {
     if (!session()->inTransaction())
         throw Error(Error::NotAllowedHere, QStringLiteral("Não há transação aberta nesta conexão."));
-    session_->commit();
+    guarded([&] { session_->commit(); });
 }
 
 void Connection::setObserver(std::function<void(const StatementEvent&)> observer)
@@ -74,7 +72,8 @@ std::unique_ptr<Odbc::Statement> Connection::run(const QString& sql, const std::
             statementObserver({sql, double(timer.nsecsElapsed()) / 1e9, ok});
     };
     try {
-        auto statement = std::make_unique<Odbc::Statement>(session(), sql.toUtf8(), parameters);
+        auto statement =
+            guarded([&] { return std::make_unique<Odbc::Statement>(session(), sql.toUtf8(), parameters); });
         report(true);
         return statement;
     } catch (const Error&) {
@@ -92,10 +91,12 @@ const std::shared_ptr<Odbc::Session>& Connection::session() const
 
 const std::vector<QByteArray>& Connection::primaryKey(const QByteArray& catalog, const QByteArray& table)
 {
-    const auto [entry, isNew] = primaryKeys_.try_emplace({catalog, table});
-    if (isNew)
-        entry->second = Odbc::Statement::primaryKey(session(), catalog, table);
-    return entry->second;
+    const std::pair place(catalog, table);
+    const auto known = primaryKeys_.find(place);
+    if (known != primaryKeys_.end())
+        return known->second;
+    auto key = guarded([&] { return Odbc::Statement::primaryKey(session(), catalog, table); });
+    return primaryKeys_[place] = std::move(key);
 }
 
 void Command::setCommandType(int type)

@@ -1,5 +1,6 @@
 #pragma once
 
+#include "platform/data/error.h"
 #include "platform/data/odbc.h"
 
 #include <functional>
@@ -17,8 +18,8 @@ struct StatementEvent
 
 /// The connection to the database.
 ///
-/// Failures are ADODB::Error. A lost server shows as the error of the next statement; Close and Open then
-/// start again.
+/// Failures are ADODB::Error. A connection that the server has dropped shows as the error of the next
+/// statement, and is closed from then on; Open starts again.
 class Connection
 {
 public:
@@ -54,6 +55,19 @@ public:
 private:
     friend class Recordset;
 
+    /// Makes a call that speaks to the server, and closes the connection if the server proves to have dropped
+    /// it.
+    template <class Call>
+    auto guarded(Call call)
+    {
+        try {
+            return call();
+        } catch (const Error& error) {
+            if (error.endsConnection())
+                Close();
+            throw;
+        }
+    }
     /// Every statement of the program passes here. Error 3704 where the connection is closed.
     std::unique_ptr<Odbc::Statement> run(const QString& sql, const std::vector<WireValue>& parameters = {});
     const std::shared_ptr<Odbc::Session>& session() const;

@@ -41,11 +41,6 @@ bool isLike(const QString& text, const QString& pattern)
     return text.size() - at >= pieces.last().size() && text.endsWith(pieces.last());
 }
 
-std::partial_ordering order(int comparison)
-{
-    return comparison <=> 0;
-}
-
 } // namespace
 
 qsizetype columnPlace(const std::vector<Column>& columns, QStringView name)
@@ -97,9 +92,9 @@ Criteria::Condition Criteria::condition(const QString& name, const QString& op, 
     }
     const QString text = value.mid(1, value.size() - 2).replace(QStringLiteral("''"), QStringLiteral("'"));
     result.text = text.toCaseFolded();
-    if (kind == ColumnKind::Date || kind == ColumnKind::DateTime || kind == ColumnKind::Time)
-        result.date = readDate(text).value_or(QDateTime());
-    else if (kind != ColumnKind::Text && result.op != Operator::Like)
+    if (isDate(kind))
+        result.date = readDate(text);
+    else if (isNumber(kind) && result.op != Operator::Like)
         result.number = wireNumber(text);
     return result;
 }
@@ -119,12 +114,13 @@ bool Criteria::Condition::matches(QByteArrayView cell) const
         const std::optional<double> mine = wireNumber(QString::fromUtf8(cell));
         return mine ? holds(*mine <=> *number) : op == Operator::NotEqual;
     }
-    if (date.isValid()) {
+    if (date) {
+        // As the clock shows them: within the hour that summer time left out, moments have no order.
         const QDateTime mine = Cell::date(column, cell);
-        return holds(order(mine < date ? -1 : mine == date ? 0 : 1));
+        return holds(std::pair(mine.date(), mine.time()) <=> std::pair(date->date(), date->time()));
     }
     const QString mine = Cell::text(column, cell).toCaseFolded();
-    return op == Operator::Like ? isLike(mine, text) : holds(order(mine.compare(text)));
+    return op == Operator::Like ? isLike(mine, text) : holds(mine.compare(text) <=> 0);
 }
 
 bool Criteria::Condition::holds(std::partial_ordering result) const

@@ -41,7 +41,7 @@ private:
         Operator op;
         QString text; ///< in folded case
         std::optional<double> number;
-        QDateTime date; ///< valid where dates are compared
+        std::optional<QDateTime> date;
 
         bool matches(QByteArrayView cell) const;
         bool holds(std::partial_ordering order) const;

@@ -3,7 +3,6 @@
 #include "platform/data/adodc.h"
 
 #include <QHeaderView>
-#include <QMouseEvent>
 #include <QScopedValueRollback>
 #include <cmath>
 
@@ -43,7 +42,6 @@ void DataGrid::setColumns(const std::vector<GridColumn>& columns)
 
 void DataGrid::showCurrentRow()
 {
-    const QScopedValueRollback guard(showing_, true);
     const ADODB::Recordset* recordset = model_->recordset();
     const bool isOpen = recordset && recordset->State() == 1;
     const QModelIndex current =
@@ -53,12 +51,52 @@ void DataGrid::showCurrentRow()
         scrollTo(current);
     else
         clearSelection();
+    tellCurrentRow();
+}
+
+void DataGrid::tellCurrentRow()
+{
+    const ADODB::Recordset* recordset = model_->recordset();
+    if (!recordset) {
+        // It is being destroyed, and maybe the screen around it too: whom to tell?
+        told_ = {};
+        return;
+    }
+    ToldRow now;
+    if (recordset->State() == 1)
+        now.position = recordset->AbsolutePosition();
+    if (now.position > 0) {
+        std::vector<QByteArrayView> cells;
+        for (std::size_t column = 0; column < recordset->columns().size(); ++column)
+            cells.push_back(recordset->cellAt(now.position - 1, qsizetype(column)));
+        now.cells = ADODB::Row(cells);
+    }
+    if (wasReset_ && now.position > 0 && told_.position > 0)
+        told_.position = now.position;
+    wasReset_ = false;
+    if (now == told_)
+        return;
+    told_ = std::move(now);
+    Q_EMIT rowChanged();
+}
+
+void DataGrid::reset()
+{
+    wasReset_ = true;
+    QTableView::reset();
+}
+
+void DataGrid::dataChanged(const QModelIndex& topLeft, const QModelIndex& bottomRight,
+                           const QList<int>& roles)
+{
+    QTableView::dataChanged(topLeft, bottomRight, roles);
+    tellCurrentRow();
 }
 
 void DataGrid::rowsAboutToBeRemoved(const QModelIndex& parent, int first, int last)
 {
     // The view leaves a row that goes for one of its choice; the recordset tells in a moment which one it is.
-    const QScopedValueRollback guard(showing_, true);
+    const QScopedValueRollback guard(removing_, true);
     QTableView::rowsAboutToBeRemoved(parent, first, last);
 }
 
@@ -66,16 +104,9 @@ void DataGrid::currentChanged(const QModelIndex& current, const QModelIndex& pre
 {
     QTableView::currentChanged(current, previous);
     ADODB::Recordset* recordset = model_->recordset();
-    if (!showing_ && current.isValid() && recordset && recordset->State() == 1 &&
+    if (!removing_ && current.isValid() && recordset && recordset->State() == 1 &&
         recordset->AbsolutePosition() != current.row() + 1)
         recordset->setAbsolutePosition(current.row() + 1);
-}
-
-void DataGrid::mouseDoubleClickEvent(QMouseEvent* event)
-{
-    QTableView::mouseDoubleClickEvent(event);
-    if (event->button() == Qt::LeftButton && indexAt(event->position().toPoint()).isValid())
-        Q_EMIT rowActivated();
 }
 
 void DataGrid::resizeEvent(QResizeEvent* event)

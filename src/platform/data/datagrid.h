@@ -24,22 +24,39 @@ public:
     void keyboardSearch(const QString&) override {}
 
 Q_SIGNALS:
-    /// A double click of the left button on a row, which is the current one by then.
-    void rowActivated();
+    /// The current row has become another one, or none, or its values have changed: by the user or by the
+    /// program. The recordset stands on the row already, and may be at its end. Emitted once per change; a
+    /// requery or a filter that leaves a row of the same values current is none. The end of the recordset's
+    /// life is not told.
+    void rowChanged();
 
 protected:
     void rowsAboutToBeRemoved(const QModelIndex& parent, int first, int last) override;
     void currentChanged(const QModelIndex& current, const QModelIndex& previous) override;
-    void mouseDoubleClickEvent(QMouseEvent* event) override;
+    void reset() override;
+    void dataChanged(const QModelIndex& topLeft, const QModelIndex& bottomRight,
+                     const QList<int>& roles) override;
     void resizeEvent(QResizeEvent* event) override;
     void changeEvent(QEvent* event) override;
 
 private:
+    /// A row as it was told of.
+    struct ToldRow
+    {
+        qsizetype position = 0; ///< 0 for no row
+        ADODB::Row cells;
+
+        bool operator==(const ToldRow&) const = default;
+    };
+
     void showCurrentRow();
+    void tellCurrentRow();
     void fitColumns();
     void fitRows();
 
     RecordsetModel* model_;
     std::vector<GridColumn> columns_;
-    bool showing_ = false; ///< what the recordset did, which is no reason to move it
+    ToldRow told_;
+    bool wasReset_ = false; ///< since the row was told: positions mean nothing
+    bool removing_ = false; ///< a row that the recordset has left already
 };

@@ -4,13 +4,17 @@
 
 namespace ADODB {
 
-/// A failure of the database layer. number() is the server's own code (1064, 1146, 2006 ...) or, where the
-/// layer itself refuses, one of the numbers below. detail() is the statement.
+/// A failure of the database layer. number() is the code of the server or its client library (1064, 1146,
+/// 2013 ...), or one of the numbers below: where the layer itself refuses, and where driver or driver manager
+/// give no code for a connection that is lost or not to be had. Their other failures without a code, such as
+/// a driver that is not installed, are number 0; sqlState() tells them apart. detail() is the statement.
 class Error : public RuntimeError
 {
 public:
     enum Number
     {
+        ServerNotReached = 2003,
+        ServerLost = 2006,
         InvalidArgument = 3001,
         NoCurrentRow = 3021,
         NotAllowedHere = 3219,
@@ -26,6 +30,8 @@ public:
           const QString& statement = {});
 
     const QString& sqlState() const { return sqlState_; }
+    /// The server has dropped the connection, or cannot be reached: nothing more goes through it.
+    bool endsConnection() const;
     const QString& statement() const { return statement_; }
     QString detail() const override { return statement_; }
 

@@ -8,6 +8,7 @@ namespace ADODB {
 
 const Column& Field::column() const
 {
+    recordset_->requireOpen();
     return recordset_->columns()[std::size_t(place_)];
 }
 
@@ -20,19 +21,8 @@ Field::Type Field::type() const
 {
     if (isNull())
         return Type::Null;
-    switch (column().kind) {
-    case ColumnKind::Text:
-        return Type::Text;
-    case ColumnKind::Integer:
-    case ColumnKind::Decimal:
-    case ColumnKind::Real:
-        return Type::Number;
-    case ColumnKind::Date:
-    case ColumnKind::Time:
-    case ColumnKind::DateTime:
-        return Type::Date;
-    }
-    Q_UNREACHABLE();
+    const ColumnKind kind = column().kind;
+    return isNumber(kind) ? Type::Number : isDate(kind) ? Type::Date : Type::Text;
 }
 
 QString Field::text() const

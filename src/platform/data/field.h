@@ -33,7 +33,8 @@ public:
     double number() const;
     /// 0 for null; a fraction goes to the nearest whole number. RuntimeError 13 or 6.
     qint64 integer() const;
-    /// Invalid for null and for what is no date. A time alone belongs to 30/12/1899.
+    /// A time alone belongs to 30/12/1899. To be asked with date().date().isValid(), which is false for null
+    /// and for what is no date: QDateTime::isValid() is so too for a moment that summer time left out.
     QDateTime date() const;
     /// Invalid for null.
     QVariant value() const;

@@ -35,6 +35,14 @@ QString withoutPrefixes(QString text)
     return text.trimmed();
 }
 
+/// The number of an error that driver or driver manager found without asking the server.
+int ownNumber(QByteArrayView state)
+{
+    if (state == "08S01" || state == "08003" || state == "08007")
+        return Error::ServerLost;
+    return state.startsWith("08") ? Error::ServerNotReached : 0;
+}
+
 [[noreturn]] void fail(SQLSMALLINT type, SQLHANDLE handle, const QByteArray& sql)
 {
     SQLCHAR state[6] = {};
@@ -42,8 +50,10 @@ QString withoutPrefixes(QString text)
     SQLINTEGER native = 0;
     SQLSMALLINT size = 0;
     SQLGetDiagRec(type, handle, 1, state, &native, message, sizeof message, &size);
-    throw Error(native, withoutPrefixes(QString::fromUtf8(reinterpret_cast<const char*>(message))),
-                QString::fromLatin1(reinterpret_cast<const char*>(state)), QString::fromUtf8(sql));
+    const QByteArrayView stateText(reinterpret_cast<const char*>(state));
+    throw Error(native != 0 ? native : ownNumber(stateText),
+                withoutPrefixes(QString::fromUtf8(reinterpret_cast<const char*>(message))),
+                QString::fromLatin1(stateText), QString::fromUtf8(sql));
 }
 
 /// The one way to call the interface: runs `call`, which works on `handle`, and throws if it fails.
@@ -119,8 +129,9 @@ Session::~Session()
 
 void Session::disconnect()
 {
-    // The driver manager refuses to disconnect inside a transaction, and a statement freed after its
-    // connection would be another one's handle by then.
+    // A statement freed after its connection would be another one's handle by then. A disconnection inside a
+    // transaction may be refused by the standard (25000); and undone here, the transaction's locks are gone
+    // when this returns, while a server that finds its client gone undoes it some time later.
     while (!statements_.empty())
         (*statements_.begin())->free();
     if (connected_) {
@@ -245,22 +256,29 @@ void Statement::setAttribute(int what, void* value)
     checked(SQL_HANDLE_STMT, handle_, sql_, [&] { return SQLSetStmtAttr(handle_, what, value, 0); });
 }
 
-/// Gives every slot the capacity it requires. At the first block that is a guess.
+void Statement::guessSlots()
+{
+    for (const Column& column : columns_) {
+        // A number or a date takes more room as text than as the server stores it.
+        const qsizetype room = column.kind == ColumnKind::Text ? column.bytes + 1 : column.bytes + 32;
+        slots_.push_back({.required = std::clamp(room, shortestSlot, firstTextSlot)});
+    }
+}
+
+/// Makes a block of the wanted columns, each with the capacity it requires, and binds them.
 void Statement::layOutBlock()
 {
-    if (slots_.empty())
-        for (const Column& column : columns_) {
-            // A number or a date takes more room as text than as the server stores it.
-            const qsizetype room = column.kind == ColumnKind::Text ? column.bytes + 1 : column.bytes + 32;
-            slots_.push_back({.required = std::clamp(room, shortestSlot, firstTextSlot)});
-        }
+    // All of them: a column that stayed bound would be written where it was in the old block.
+    checked(SQL_HANDLE_STMT, handle_, sql_, [&] { return SQLFreeStmt(handle_, SQL_UNBIND); });
     constexpr qsizetype alignment = sizeof(SQLLEN);
-    rowBytes_ = 0;
+    rowBytes_ = alignment; // never 0, which would mean an array per column
     for (Slot& slot : slots_) {
+        slot.bound = slot.wanted;
+        if (!slot.wanted)
+            continue;
         slot.capacity = (slot.required + alignment - 1) / alignment * alignment;
         slot.lengthOffset = rowBytes_;
-        slot.offset = rowBytes_ + qsizetype(sizeof(SQLLEN));
-        slot.bound = false;
+        slot.offset = rowBytes_ + alignment;
         rowBytes_ = slot.offset + slot.capacity;
     }
     blockRows_ = std::clamp<qsizetype>(blockBytes / rowBytes_, 1, mostBlockRows);
@@ -269,21 +287,14 @@ void Statement::layOutBlock()
     setAttribute(SQL_ATTR_ROW_BIND_OFFSET_PTR, &bindOffset_);
     setAttribute(SQL_ATTR_ROWS_FETCHED_PTR, &rowsFetched_);
     setAttribute(SQL_ATTR_ROW_ARRAY_SIZE, attribute(std::uintptr_t(blockRows_)));
-}
-
-void Statement::bindWantedColumns()
-{
     for (std::size_t i = 0; i < slots_.size(); ++i) {
-        Slot& slot = slots_[i];
-        if (slot.bound != slot.wanted) {
+        const Slot& slot = slots_[i];
+        if (slot.bound)
             checked(SQL_HANDLE_STMT, handle_, sql_, [&] {
-                return SQLBindCol(handle_, SQLUSMALLINT(i + 1), SQL_C_CHAR,
-                                  slot.wanted ? block_.data() + slot.offset : nullptr, slot.capacity,
+                return SQLBindCol(handle_, SQLUSMALLINT(i + 1), SQL_C_CHAR, block_.data() + slot.offset,
+                                  slot.capacity,
                                   reinterpret_cast<SQLLEN*>(block_.data() + slot.lengthOffset));
             });
-            slot.bound = slot.wanted;
-        }
-        slot.wanted = false;
     }
 }
 
@@ -293,13 +304,19 @@ qsizetype Statement::fetchBlock()
         throw Error(Error::ObjectClosed, QStringLiteral("A conexão deste resultado foi fechada."));
     if (atEnd_)
         return 0;
+    const bool isFirst = slots_.empty();
+    if (isFirst)
+        guessSlots();
     const bool isWayward = singleRow_ >= 0;
     if (isWayward)
         setAttribute(SQL_ATTR_ROW_ARRAY_SIZE, attribute(std::uintptr_t(blockRows_)));
-    if (slots_.empty() || std::any_of(slots_.begin(), slots_.end(),
-                                      [](const Slot& slot) { return slot.required > slot.capacity; }))
+    if (std::any_of(slots_.begin(), slots_.end(), [](const Slot& slot) {
+            return slot.bound != slot.wanted || slot.required > slot.capacity;
+        }))
         layOutBlock();
-    bindWantedColumns();
+    if (isFirst)
+        for (Slot& slot : slots_)
+            slot.wanted = false;
     singleCells_.clear();
     singleRow_ = -1;
     bindOffset_ = 0;

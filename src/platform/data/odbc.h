@@ -71,9 +71,9 @@ public:
 
     /// Fetches the next block and returns its number of rows, 0 at the end and from then on.
     qsizetype fetchBlock();
-    /// A cell of the fetched block; isNull() where it is NULL. Valid until the next block. Columns of which a
-    /// block's cells were not looked at are not transferred with the next one, and fetched singly if they are
-    /// asked for then.
+    /// A cell of the fetched block; isNull() where it is NULL. Valid until the next block. Behind the first
+    /// block only the columns that were looked at so far are transferred; the cells of another one are
+    /// fetched singly in the block that it is asked for first.
     QByteArrayView cell(qsizetype row, qsizetype column);
 
     /// The names of the columns of a table's primary key, in the key's order; none where there is no key.
@@ -94,15 +94,15 @@ private:
         qsizetype capacity = 0;
         qsizetype required = 0; ///< capacity that the next block is to have
         bool bound = false;
-        bool wanted = true; ///< looked at since the last block
+        bool wanted = true; ///< every column for the first block, then those that were looked at
     };
 
     void free();
     void describe();
     Column describe(int number);
     void setAttribute(int what, void* value);
+    void guessSlots();
     void layOutBlock();
-    void bindWantedColumns();
     WireValue singleCell(qsizetype row, qsizetype column);
 
     std::shared_ptr<Session> session_;

@@ -3,8 +3,6 @@
 #include "platform/data/criteria.h"
 #include "platform/data/error.h"
 
-#include <algorithm>
-
 namespace ADODB {
 
 namespace {
@@ -15,6 +13,31 @@ std::vector<WireValue> valuesOf(const Row& row, const std::vector<qsizetype>& co
     for (const qsizetype column : columns)
         values.push_back(row.value(column));
     return values;
+}
+
+/// The names by which the columns are found: none for a second column of one name.
+std::vector<QByteArray> fieldNames(const std::vector<Column>& columns)
+{
+    std::vector<QByteArray> names;
+    for (const Column& column : columns) {
+        const bool isSecond = columnPlace(columns, QString::fromUtf8(column.name)) != qsizetype(names.size());
+        names.push_back(isSecond ? QByteArray() : column.name);
+    }
+    return names;
+}
+
+std::unique_ptr<RowStore> allRows(Odbc::Statement& statement)
+{
+    auto rows = std::make_unique<MemoryRows>();
+    std::vector<QByteArrayView> cells(statement.columns().size());
+    while (const qsizetype count = statement.fetchBlock()) {
+        for (qsizetype row = 0; row < count; ++row) {
+            for (std::size_t column = 0; column < cells.size(); ++column)
+                cells[column] = statement.cell(row, qsizetype(column));
+            rows->append(Row(cells));
+        }
+    }
+    return rows;
 }
 
 } // namespace
@@ -35,9 +58,14 @@ void Recordset::Open(const QString& sql, Connection& connection, int cursor, int
     connection_ = &connection;
     lock_ = lock;
     forwardOnly_ = cursor == ForwardOnly && lock == ReadOnly && cursorLocation_ == ServerSide;
-    run();
-    if (session_)
-        tell([](RecordsetListener& listener) { listener.rowsReset(); });
+    try {
+        run();
+        if (session_)
+            tell([](RecordsetListener& listener) { listener.rowsReset(); });
+    } catch (...) {
+        Close();
+        throw;
+    }
 }
 
 void Recordset::Open(const Command& command, int cursor, int lock)
@@ -76,32 +104,28 @@ void Recordset::run()
     auto statement = connection_->run(sql_);
     if (statement->columns().empty())
         return;
-    session_ = connection_->session();
-    columns_ = statement->columns();
-    names_.clear();
-    for (const Column& column : columns_) {
-        const bool isSecond =
-            columnPlace(columns_, QString::fromUtf8(column.name)) != qsizetype(names_.size());
-        names_.push_back(isSecond ? QByteArray() : column.name);
-    }
+    // The members change when nothing can fail any more.
+    std::vector<Column> columns = statement->columns();
+    qsizetype blockRows = 0;
+    std::unique_ptr<RowStore> rows;
     if (forwardOnly_) {
-        statement_ = std::move(statement);
-        blockRow_ = 0;
-        blockRows_ = statement_->fetchBlock();
-        hasRows_ = blockRows_ > 0;
-        return;
+        blockRows = statement->fetchBlock();
+    } else {
+        rows = allRows(*statement);
+        statement.reset();
     }
-    rows_ = std::make_unique<MemoryRows>();
-    std::vector<QByteArrayView> cells(columns_.size());
-    while (const qsizetype count = statement->fetchBlock()) {
-        for (qsizetype row = 0; row < count; ++row) {
-            for (std::size_t column = 0; column < cells.size(); ++column)
-                cells[column] = statement->cell(row, qsizetype(column));
-            rows_->append(Row(cells));
-        }
+    session_ = connection_->session();
+    names_ = fieldNames(columns);
+    columns_ = std::move(columns);
+    statement_ = std::move(statement);
+    blockRow_ = 0;
+    blockRows_ = blockRows;
+    hasRows_ = blockRows > 0;
+    rows_ = std::move(rows);
+    if (rows_) {
+        deleted_.assign(std::size_t(rows_->count()), false);
+        showMatchingRows();
     }
-    deleted_.assign(std::size_t(rows_->count()), false);
-    showMatchingRows();
 }
 
 void Recordset::showMatchingRows()
@@ -118,8 +142,12 @@ void Recordset::Requery()
     requireOpen();
     requireNoEdit();
     if (forwardOnly_) {
-        statement_.reset();
-        run();
+        try {
+            run();
+        } catch (...) {
+            Close();
+            throw;
+        }
         return;
     }
     std::vector<qsizetype> keyColumns;
@@ -173,7 +201,7 @@ void Recordset::MoveNext()
     if (!forwardOnly_)
         return moveTo(position_ + 1);
     if (++blockRow_ == blockRows_) {
-        blockRow_ = 0;
+        blockRow_ = blockRows_ = 0; // no row to read from if the fetch fails
         blockRows_ = statement_->fetchBlock();
     }
 }

@@ -6,6 +6,8 @@
 #include "platform/data/rowstore.h"
 
 #include <QAnyStringView>
+#include <algorithm>
+#include <exception>
 
 namespace ADODB {
 
@@ -53,7 +55,7 @@ public:
     void setCursorLocation(int location) { cursorLocation_ = location; }
 
     /// Runs the statement and stands on the first row. A statement without a result leaves the recordset
-    /// closed. Error 3705 where it is open.
+    /// closed, and so does a failure. Error 3705 where it is open.
     void Open(const QString& sql, Connection& connection, int cursor = ForwardOnly, int lock = ReadOnly);
     void Open(const Command& command, int cursor = ForwardOnly, int lock = ReadOnly);
     /// Drops a change not yet saved. Nothing happens where it is closed.
@@ -64,7 +66,8 @@ public:
     const QString& source() const { return sql_; }
 
     /// Runs the statement again. The filter stays. The current row is the one with the same primary key (of
-    /// the first column's table), else the one at the same position, else the first.
+    /// the first column's table), else the one at the same position, else the first. A failure leaves a
+    /// result in memory as it was and closes a forward-only one.
     void Requery();
 
     bool Eof() const;
@@ -122,7 +125,6 @@ private:
     bool editing() const { return adding_ || !changes_.empty(); }
 
     void run();
-    void loadRows();
     void showMatchingRows();
     void moveTo(qsizetype position);
     bool onRow() const;
@@ -135,11 +137,24 @@ private:
     void updateRow();
     Row rowFromServer(const std::vector<WireValue>& key, const Row* old);
 
+    /// Tells all listeners but those removed meanwhile; what the first failing one threw is thrown when all
+    /// know.
     template <class Event>
     void tell(Event event)
     {
-        for (RecordsetListener* listener : std::vector(listeners_))
-            event(*listener);
+        std::exception_ptr failure;
+        for (RecordsetListener* listener : std::vector(listeners_)) {
+            if (std::find(listeners_.begin(), listeners_.end(), listener) == listeners_.end())
+                continue;
+            try {
+                event(*listener);
+            } catch (...) {
+                if (!failure)
+                    failure = std::current_exception();
+            }
+        }
+        if (failure)
+            std::rethrow_exception(failure);
     }
 
     int cursorLocation_ = ServerSide;

@@ -4,8 +4,6 @@
 #include "platform/data/error.h"
 #include "platform/values/format.h"
 
-using ADODB::ColumnKind;
-
 RecordsetModel::RecordsetModel(QObject* parent) : QAbstractTableModel(parent) {}
 
 RecordsetModel::~RecordsetModel()
@@ -66,19 +64,11 @@ QString RecordsetModel::text(const ADODB::Column& column, QByteArrayView cell, c
 {
     if (mask.isEmpty())
         return ADODB::Cell::text(column, cell);
-    switch (column.kind) {
-    case ColumnKind::Integer:
-    case ColumnKind::Decimal:
-    case ColumnKind::Real:
+    if (isNumber(column.kind))
         return Format(ADODB::Cell::number(column, cell), mask);
-    case ColumnKind::Date:
-    case ColumnKind::Time:
-    case ColumnKind::DateTime:
+    if (isDate(column.kind))
         return Format(ADODB::Cell::date(column, cell), mask);
-    case ColumnKind::Text:
-        return Format(ADODB::Cell::text(column, cell), mask);
-    }
-    Q_UNREACHABLE();
+    return Format(ADODB::Cell::text(column, cell), mask);
 }
 
 Qt::Alignment RecordsetModel::alignment(int column) const
@@ -88,10 +78,8 @@ Qt::Alignment RecordsetModel::alignment(int column) const
         return given | Qt::AlignVCenter;
     if (places_.empty())
         return Qt::AlignLeft | Qt::AlignVCenter;
-    const ColumnKind kind = recordset_->columns()[std::size_t(places_[std::size_t(column)])].kind;
-    const bool isNumber =
-        kind == ColumnKind::Integer || kind == ColumnKind::Decimal || kind == ColumnKind::Real;
-    return (isNumber ? Qt::AlignRight : Qt::AlignLeft) | Qt::AlignVCenter;
+    const ADODB::ColumnKind kind = recordset_->columns()[std::size_t(places_[std::size_t(column)])].kind;
+    return (isNumber(kind) ? Qt::AlignRight : Qt::AlignLeft) | Qt::AlignVCenter;
 }
 
 void RecordsetModel::rowsReset()

@@ -235,10 +235,8 @@ public:
 
     bool eventFilter(QObject* watched, QEvent* event) override
     {
-        if (event->type() == type_ && static_cast<QMouseEvent*>(event)->button() == Qt::LeftButton &&
-            static_cast<QWidget*>(watched)->isEnabled() &&
-            static_cast<QWidget*>(watched)->rect().contains(
-                static_cast<QMouseEvent*>(event)->position().toPoint())) {
+        if (event->type() == type_ &&
+            counts(static_cast<QWidget*>(watched), static_cast<QMouseEvent*>(event))) {
             // Behind the event, so that the control has done its own part, such as choosing the line.
             QMetaObject::invokeMethod(
                 this, [this] { handler_(); }, Qt::QueuedConnection);
@@ -247,6 +245,15 @@ public:
     }
 
 private:
+    bool counts(const QWidget* widget, const QMouseEvent* event) const
+    {
+        const QPoint place = event->position().toPoint();
+        if (event->button() != Qt::LeftButton || !widget->isEnabled() || !widget->rect().contains(place))
+            return false;
+        const auto* view = qobject_cast<const QAbstractItemView*>(widget->parentWidget());
+        return type_ != QEvent::MouseButtonDblClick || !view || view->indexAt(place).isValid();
+    }
+
     QEvent::Type type_;
     std::function<void()> handler_;
 };

@@ -107,6 +107,8 @@ protected:
     {
         watchMouse(widget, QEvent::MouseButtonRelease, bound(handler));
     }
+    /// A double click of the left button. In a list or grid it must be on one of its lines, which is the
+    /// current one when the handler runs.
     template <class F>
     void onDblClick(QWidget* widget, void (F::*handler)())
     {

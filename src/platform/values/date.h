@@ -12,8 +12,9 @@
 /// is no date.
 ///
 /// The result is local time. Summer time began at midnight in Brazil until 2018, so that a day such as
-/// 04/11/2018 has no 00:00: its date() and time() are right and it compares rightly, but QDateTime::isValid()
-/// is false. Whether a moment is set is for date().isValid() to tell.
+/// 04/11/2018 has no 00:00: its date() and time() are right, but QDateTime::isValid() is false, and two
+/// moments of the hour that was left out have no order. Whether a moment is set is for date().isValid() to
+/// tell.
 std::optional<QDateTime> readDate(QStringView text);
 
 bool isDate(QStringView text);
