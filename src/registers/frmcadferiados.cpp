@@ -28,9 +28,7 @@ frmCadFeriados::~frmCadFeriados() = default;
 void frmCadFeriados::wire()
 {
     onClick(ui->Command1, &frmCadFeriados::Command1_Click);
-    // Behind the click, and not where the grid has no row under it: what follows deletes.
-    connect(ui->DataGrid2, &DataGrid::rowActivated, this, &frmCadFeriados::DataGrid2_DblClick,
-            Qt::QueuedConnection);
+    onDblClick(ui->DataGrid2, &frmCadFeriados::DataGrid2_DblClick);
 }
 
 void frmCadFeriados::Form_Load()

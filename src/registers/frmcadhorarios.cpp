@@ -65,11 +65,10 @@ frmCadHorarios::frmCadHorarios() : ui(std::make_unique<Ui::frmCadHorarios>())
     ui->cboDia->setCurrentIndex(-1);
     for (QWidget* daEscolha : std::initializer_list<QWidget*>{ui->cboCH, ui->cboDia, ui->txtHR, ui->Command1})
         daEscolha->setEnabled(false);
-    ui->DataGrid2->setColumns(
-        {{QStringLiteral("dia"), QStringLiteral("DIA"), 17},
-         {QStringLiteral("hr"), QStringLiteral("HORÁRIOS"), 36},
-         {QStringLiteral("ondeatd"), QStringLiteral("0 CLÍNICA / 1 HOME"), 17, {}, Qt::AlignHCenter},
-         {QStringLiteral("evcad"), QStringLiteral("CADASTRADO POR"), 30}});
+    ui->DataGrid2->setColumns({{QStringLiteral("dia"), QStringLiteral("DIA"), 18},
+                               {QStringLiteral("hr"), QStringLiteral("HORÁRIOS"), 41},
+                               {QStringLiteral("ondeatd"), QStringLiteral("LOCAL"), 10, {}, Qt::AlignHCenter},
+                               {QStringLiteral("evcad"), QStringLiteral("CADASTRADO POR"), 31}});
     ui->DataGrid2->setDataSource(&Adodc2);
     wire();
 }
@@ -80,9 +79,7 @@ void frmCadHorarios::wire()
 {
     onClick(ui->cboPro, &frmCadHorarios::cboPro_Click);
     onClick(ui->Command1, &frmCadHorarios::Command1_Click);
-    // Behind the click, and not where the grid has no row under it: what follows deletes.
-    connect(ui->DataGrid2, &DataGrid::rowActivated, this, &frmCadHorarios::DataGrid2_DblClick,
-            Qt::QueuedConnection);
+    onDblClick(ui->DataGrid2, &frmCadHorarios::DataGrid2_DblClick);
 }
 
 void frmCadHorarios::Form_Load()

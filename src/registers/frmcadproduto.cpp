@@ -30,12 +30,13 @@ void trocaVirgula(QLineEdit* caixa)
 frmCadProduto::frmCadProduto() : ui(std::make_unique<Ui::frmCadProduto>())
 {
     ui->setupUi(this);
-    ui->DataGrid1->setColumns({{QStringLiteral("cdpro"), QStringLiteral("CÓDIGO"), 12},
-                               {QStringLiteral("dspro"), QStringLiteral("PRODUTO"), 42},
-                               {QStringLiteral("un"), QStringLiteral("UN"), 8},
-                               {QStringLiteral("cdgrupo"), QStringLiteral("GRUPO"), 8},
-                               {QStringLiteral("vcusto"), QStringLiteral("CUSTO"), 15},
-                               {QStringLiteral("qmin"), QStringLiteral("QTDE.MIN"), 15}});
+    ui->DataGrid1->setColumns(
+        {{QStringLiteral("cdpro"), QStringLiteral("CÓDIGO"), 12},
+         {QStringLiteral("dspro"), QStringLiteral("PRODUTO"), 42},
+         {QStringLiteral("un"), QStringLiteral("UN"), 8},
+         {QStringLiteral("cdgrupo"), QStringLiteral("GRUPO"), 8},
+         {QStringLiteral("vcusto"), QStringLiteral("CUSTO"), 15, QStringLiteral("#,##0.0000")},
+         {QStringLiteral("qmin"), QStringLiteral("QTDE.MIN"), 15, QStringLiteral("#,##0.0000")}});
     ui->DataGrid1->setDataSource(&Adodc1);
     wire();
 }
