@@ -146,14 +146,7 @@ CadastroPorComando::CadastroPorComando(const DescricaoCadastro& descricao, Inser
 void CadastroPorComando::grava()
 {
     const QString nome = ui->txtnome->text();
-    ReabreConexao();
-    cmdGeral.setActiveConnection(&Conexao);
-    cmdGeral.setCommandType(1);
-    cmdGeral.setCommandText(codigoInformado() ? altera_(nome, codigoDigitado()) : insere_(nome));
-    ADODB::Recordset rs;
-    rs.setCursorLocation(3);
-    rs.Open(cmdGeral, 1, 2);
-    FechaConexao();
+    ExecutaComando(codigoInformado() ? altera_(nome, codigoDigitado()) : insere_(nome));
 }
 
 frmCadGrupoEstoque::frmCadGrupoEstoque()

@@ -66,7 +66,6 @@ void frmCadFeriados::Command1_Click()
     ui->cboDia->setFocus();
 }
 
-/// The grid then shows the saved row alone, until the next refresh.
 void frmCadFeriados::grava(const QString& dia, const QString& mes, const QString& nomeMes)
 {
     ADODB::Recordset& linhas = Adodc2.Recordset();
@@ -83,6 +82,8 @@ void frmCadFeriados::grava(const QString& dia, const QString& mes, const QString
     linhas.Fields("obs") = ui->txtobs->text();
     linhas.Fields("evup") = carimboRegistro();
     linhas.Update();
+    // All holidays again, with the saved one as the current row.
+    Adodc2.Refresh();
 }
 
 void frmCadFeriados::DataGrid2_DblClick()
