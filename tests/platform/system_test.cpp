@@ -2,12 +2,10 @@
 #include "platform/system/http.h"
 #include "platform/system/shell.h"
 #include "support/errorof.h"
+#include "support/oneanswer.h"
 #include "support/print.h"
 
-#include <QCoreApplication>
 #include <QFile>
-#include <QTcpServer>
-#include <QTcpSocket>
 #include <QTemporaryDir>
 #include <QThread>
 #include <gtest/gtest.h>
@@ -23,54 +21,6 @@ protected:
     ~ProgramFolder() override { Files::setProgramFolder({}); }
 
     QTemporaryDir folder;
-};
-
-/// Answers one request on the loopback interface with fixed bytes; an empty answer stays silent.
-class OneAnswer : public QThread
-{
-public:
-    explicit OneAnswer(QByteArray answer) : answer_(std::move(answer))
-    {
-        start();
-        while (!port_.load())
-            msleep(1);
-    }
-    ~OneAnswer() override
-    {
-        done_ = true;
-        wait();
-    }
-    QString url() const { return QStringLiteral("http://127.0.0.1:%1/ws/1").arg(port_.load()); }
-    QByteArray request() const { return request_; }
-
-protected:
-    void run() override
-    {
-        QTcpServer server;
-        server.listen(QHostAddress::LocalHost);
-        port_ = server.serverPort();
-        for (int i = 0; i < 600 && !done_ && !server.hasPendingConnections(); ++i)
-            server.waitForNewConnection(10);
-        QTcpSocket* socket = server.nextPendingConnection();
-        if (!socket)
-            return;
-        socket->waitForReadyRead(2000);
-        request_ = socket->readAll();
-        if (!answer_.isEmpty()) {
-            socket->write(answer_);
-            socket->waitForBytesWritten(2000);
-        } else {
-            while (!done_)
-                msleep(5);
-        }
-        socket->disconnectFromHost();
-    }
-
-private:
-    QByteArray answer_;
-    QByteArray request_;
-    std::atomic<quint16> port_{0};
-    std::atomic<bool> done_{false};
 };
 
 } // namespace
@@ -143,15 +93,15 @@ TEST_F(ProgramFolder, OpeningStartsAProgramAndHandsOnTheRest)
 
 TEST(HttpGet, AnswersOfAnyStatusComeBackWhole)
 {
-    OneAnswer good("HTTP/1.1 200 OK\r\nContent-Length: 5\r\n\r\nab\ncd");
-    const Http::Response answer = Http::get(good.url(), 5s, "Mozilla/5.0");
+    OneAnswer good(OneAnswer::http("200 OK", "ab\ncd"));
+    const Http::Response answer = Http::get(good.host() + u"/ws/1"_qs, 5s, "Mozilla/5.0");
     EXPECT_EQ(answer.status, 200);
     EXPECT_EQ(answer.body, "ab\ncd");
     EXPECT_TRUE(good.request().startsWith("GET /ws/1 HTTP/1.1\r\n"));
     EXPECT_TRUE(good.request().contains("User-Agent: Mozilla/5.0\r\n"));
 
-    OneAnswer missing("HTTP/1.1 404 Not Found\r\nContent-Length: 4\r\n\r\ngone");
-    const Http::Response refused = Http::get(missing.url(), 5s);
+    OneAnswer missing(OneAnswer::http("404 Not Found", "gone"));
+    const Http::Response refused = Http::get(missing.host() + u"/ws/1"_qs, 5s);
     EXPECT_EQ(refused.status, 404);
     EXPECT_EQ(refused.body, "gone");
 }
@@ -160,16 +110,12 @@ TEST(HttpGet, FailuresHaveTheirNumbers)
 {
     {
         OneAnswer silent("");
-        EXPECT_EQ(errorOf([&] { Http::get(silent.url(), 200ms); }), 12002);
+        EXPECT_EQ(errorOf([&] { Http::get(silent.host() + u"/ws/1"_qs, 200ms); }), 12002);
     }
     OneAnswer broken("HTTP/1.1 200 OK\r\nContent-Length: 100\r\n\r\nab");
-    EXPECT_EQ(errorOf([&] { Http::get(broken.url(), 5s); }), 12030);
+    EXPECT_EQ(errorOf([&] { Http::get(broken.host() + u"/ws/1"_qs, 5s); }), 12030);
 
-    QTcpServer closed;
-    closed.listen(QHostAddress::LocalHost);
-    const QString url = QStringLiteral("http://127.0.0.1:%1/").arg(closed.serverPort());
-    closed.close();
-    EXPECT_EQ(errorOf([&] { Http::get(url, 5s); }), 12029);
+    EXPECT_EQ(errorOf([] { Http::get(OneAnswer::closedHost(), 5s); }), 12029);
     EXPECT_EQ(errorOf([] { Http::get(u"ftp://127.0.0.1/"_qs, 5s); }), 12005);
     EXPECT_EQ(errorOf([] { Http::get(u"http://"_qs, 5s); }), 12005);
 }

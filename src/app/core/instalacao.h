@@ -35,4 +35,16 @@ inline QString contato()
     return valor("TREMOSILVA_CONTATO", "Tremosilva Sistemas - www.tremosilva.example - (00) 0000-0000");
 }
 
+/// Scheme and host of the postal-code service, without a slash at the end.
+inline QString servicoCep()
+{
+    return valor("TREMOSILVA_HOST_CEP", "https://cep.tremosilva.example");
+}
+
+/// Scheme and host of the company-data service, without a slash at the end.
+inline QString servicoCnpj()
+{
+    return valor("TREMOSILVA_HOST_CNPJ", "https://cnpj.tremosilva.example");
+}
+
 } // namespace Instalacao

@@ -1,0 +1,34 @@
+#pragma once
+
+#include <QByteArray>
+#include <QString>
+#include <QThread>
+#include <atomic>
+
+/// A web server on the loopback interface that answers one request with fixed bytes; an empty answer stays
+/// silent.
+class OneAnswer : public QThread
+{
+public:
+    explicit OneAnswer(QByteArray answer);
+    ~OneAnswer() override;
+
+    /// A whole answer, with its head.
+    static QByteArray http(const QByteArray& status, const QByteArray& body);
+    /// The address of a server that has gone: nobody listens there.
+    static QString closedHost();
+
+    /// Such as "http://127.0.0.1:12345".
+    QString host() const;
+    /// What was asked, once the answer is there.
+    QByteArray request() const { return request_; }
+
+protected:
+    void run() override;
+
+private:
+    QByteArray answer_;
+    QByteArray request_;
+    std::atomic<quint16> port_{0};
+    std::atomic<bool> done_{false};
+};
