@@ -43,13 +43,23 @@ void ModalDriver::look()
         }
         return;
     }
-    const Expected one = expected_.takeFirst();
     form->setProperty("driven", true);
+    // Behind the timer's own event, which does not come again before it is through: a screen that the steps
+    // open waits for the timer as well.
+    QMetaObject::invokeMethod(
+        this, [this, form = QPointer<Form>(form), one = expected_.takeFirst()] { drive(form, one); },
+        Qt::QueuedConnection);
+}
+
+void ModalDriver::drive(Form* form, const Expected& expected)
+{
+    if (!form)
+        return Report::fail(QStringLiteral("the screen %1 closed by itself").arg(expected.screen));
     ScreenDriver driver(*form);
     settle(); // its activation
-    one.steps(driver);
+    expected.steps(driver);
     if (driver.isOpen()) {
-        Report::fail(QStringLiteral("the steps left the screen %1 open").arg(one.screen));
+        Report::fail(QStringLiteral("the steps left the screen %1 open").arg(expected.screen));
         static_cast<Form&>(driver.window()).Unload();
     }
 }

@@ -7,6 +7,8 @@
 #include <QTimer>
 #include <functional>
 
+class Form;
+
 /// Steps for screens that open modally: the showing blocks the caller, so the steps are left here before.
 /// Each expectation waits for the screen of that class to stand in front and then runs its steps on it; a
 /// screen that its steps leave open is reported and closed. Steps may expect further screens.
@@ -26,6 +28,7 @@ private:
     };
 
     void look();
+    void drive(Form* form, const Expected& expected);
 
     QList<Expected> expected_;
     QTimer timer_;

@@ -1,0 +1,184 @@
+#include "app/shell_fixture.h"
+#include "platform/data/error.h"
+#include "platform/forms/application.h"
+#include "registers/cadastrossimples.h"
+
+using namespace Variaveis;
+
+namespace {
+
+using Table = QList<QStringList>;
+
+const QString noName = u"--- ERRO --- NOME NÃO INFORMADO!"_qs;
+const QString notFound = u"--- ERRO --- CÓDIGO NÃO ENCONTRADO!"_qs;
+
+class SimpleRegisters : public LoggedIn
+{
+protected:
+    template <class Screen>
+    void on(std::function<void(ScreenDriver&)> steps)
+    {
+        open<Screen>([steps](ScreenDriver& screen) {
+            steps(screen);
+            screen.press(Qt::Key_Escape);
+        });
+        EXPECT_EQ(Conexao.State(), 0);
+    }
+
+    /// Types the code and leaves its box.
+    static void code(ScreenDriver& screen, const QString& text)
+    {
+        screen.type(u"txtcodcli"_qs, text);
+        screen.press(Qt::Key_Return);
+    }
+
+    /// The error that the steps end in, as the application object would tell it.
+    static QString failureOf(const std::function<void()>& steps)
+    {
+        QString told;
+        Application::setFailureHandler(
+            [&](const std::exception& error) { told = QString::fromUtf8(error.what()); });
+        steps();
+        Application::setFailureHandler(
+            [](const std::exception& error) { ADD_FAILURE() << "uncaught in a handler: " << error.what(); });
+        return told;
+    }
+
+    /// A name is entered, changed and refused in a register without further boxes.
+    template <class Screen>
+    void entersAndChanges(const QString& title, const QString& label)
+    {
+        dialogs.expect(noName, u"ATENÇÃO"_qs);
+        dialogs.expect(notFound, u"ATENÇÃO"_qs);
+        dialogs.expect(u"Ainda não disponivel!"_qs, u"Atenção"_qs);
+        on<Screen>([&](ScreenDriver& screen) {
+            EXPECT_EQ(screen.window().windowTitle(), title);
+            EXPECT_EQ(screen.text(u"Label2"_qs), label);
+            EXPECT_FALSE(screen.visible(u"txtPDesc"_qs) || screen.visible(u"cboCH"_qs));
+            EXPECT_EQ(screen.grid(u"DataGrid1"_qs).size(), 1) << "the other tenant's row is not shown";
+            screen.type(u"txtnome"_qs, u"  "_qs);
+            screen.click(u"cmdsalva"_qs);
+            EXPECT_EQ(screen.text(u"txtnome"_qs), u"  ") << "nothing typed is lost";
+            screen.type(u"txtnome"_qs, u"zeta"_qs);
+            screen.click(u"cmdsalva"_qs);
+            EXPECT_EQ(screen.focused(), u"txtnome");
+            EXPECT_EQ(screen.text(u"txtnome"_qs), u"");
+            EXPECT_EQ(screen.grid(u"DataGrid1"_qs).value(1).value(1), u"ZETA");
+
+            code(screen, u"99"_qs);
+            EXPECT_EQ(screen.text(u"txtcodcli"_qs), u"");
+            EXPECT_FALSE(screen.enabled(u"Command1"_qs));
+            code(screen, u"3"_qs);
+            EXPECT_EQ(screen.text(u"txtnome"_qs), u"ZETA");
+            screen.click(u"Command1"_qs);
+            screen.type(u"txtnome"_qs, u"alfa"_qs);
+            screen.click(u"cmdsalva"_qs);
+            EXPECT_FALSE(screen.enabled(u"Command1"_qs));
+            EXPECT_EQ(screen.grid(u"DataGrid1"_qs).value(0).value(1), u"ALFA") << "in the order of the names";
+        });
+    }
+};
+
+} // namespace
+
+TEST_F(SimpleRegisters, Plans)
+{
+    execute(u"insert into convenios (idlic,nmconv,pdesc) values ('C2','OUTRO',1)"_qs);
+    const QString negative = u"--- ERRO --- PERCENTUAL DE DESCONTO NÃO PODE SER MENOR QUE ZERO!"_qs;
+    dialogs.expect(noName, u"ATENÇÃO"_qs);
+    dialogs.expect(negative, u"ATENÇÃO"_qs);
+    dialogs.expect(notFound, u"ATENÇÃO"_qs);
+    on<frmCadConvenios>([](ScreenDriver& screen) {
+        EXPECT_EQ(screen.window().windowTitle(), u"Convênios - Cadastro");
+        screen.type(u"txtnome"_qs, u"d'ouro"_qs);
+        screen.click(u"cmdsalva"_qs); // without a percentage
+        screen.type(u"txtPDesc"_qs, u"-1"_qs);
+        screen.click(u"cmdsalva"_qs);
+        screen.type(u"txtPDesc"_qs, u"12,5"_qs);
+        screen.click(u"cmdsalva"_qs);
+        EXPECT_EQ(screen.grid(u"DataGrid1"_qs).size(), 1);
+
+        screen.doubleClickRow(u"DataGrid1"_qs, 0);
+        EXPECT_EQ(screen.focused(), u"txtcodcli");
+        EXPECT_EQ(screen.text(u"txtcodcli"_qs), u"2");
+        screen.press(Qt::Key_Tab);
+        EXPECT_EQ(screen.text(u"txtPDesc"_qs), u"12,50");
+        EXPECT_TRUE(screen.enabled(u"Command1"_qs));
+        screen.type(u"txtnome"_qs, u"prata"_qs);
+        screen.type(u"txtPDesc"_qs, u"0"_qs);
+        screen.click(u"cmdsalva"_qs);
+
+        screen.type(u"txtnome"_qs, u"x"_qs);
+        code(screen, u"abc"_qs);
+        EXPECT_EQ(screen.text(u"txtnome"_qs), u"") << "a code that is none empties the screen without a word";
+        code(screen, u"1"_qs); // the other tenant's
+        screen.type(u"txtnome"_qs, u"prata"_qs);
+        screen.type(u"txtPDesc"_qs, u"3"_qs);
+        screen.click(u"cmdsalva"_qs); // an empty code always adds
+
+        code(screen, u"2"_qs);
+        execute(u"delete from convenios where idconv = 2"_qs);
+        screen.click(u"cmdsalva"_qs); // gone in the meantime: saves nothing and says nothing
+    });
+    EXPECT_EQ(rows(u"select idconv,idlic,nmconv,pdesc,evcad,evup from convenios order by idconv"_qs).mid(1),
+              (Table{{u"3"_qs, u"C1"_qs, u"PRATA"_qs, u"3.0000"_qs, boundStamp, boundStamp}}));
+}
+
+TEST_F(SimpleRegisters, Specialities)
+{
+    execute(u"insert into especialidades (idlic,nmesp) values ('C2','OUTRA'),('C1','BETA')"_qs);
+    entersAndChanges<frmCadEspecialidade>(u"Especialidades - Cadastro"_qs, u"ESPECIALIDADE"_qs);
+    EXPECT_EQ(rows(u"select idlic,nmesp,evcad,evup from especialidades where idesp = 3"_qs),
+              (Table{{u"C1"_qs, u"ALFA"_qs, boundStamp, boundStamp}}));
+}
+
+TEST_F(SimpleRegisters, Procedures)
+{
+    dialogs.expect(noName, u"ATENÇÃO"_qs);
+    on<frmCadProcedimentos>([](ScreenDriver& screen) {
+        EXPECT_EQ(screen.window().windowTitle(), u"Procedimentos - Cadastro");
+        screen.type(u"txtnome"_qs, u"d'agua"_qs);
+        screen.click(u"cmdsalva"_qs); // no place chosen
+        screen.choose(u"cboCH"_qs, u"1 - Home"_qs);
+        screen.click(u"cmdsalva"_qs);
+        screen.choose(u"cboCH"_qs, u"0 - Clinica"_qs);
+        code(screen, u"1"_qs);
+        EXPECT_EQ(screen.text(u"cboCH"_qs), u"1 - Home");
+        screen.choose(u"cboCH"_qs, u"0 - Clinica"_qs);
+        screen.click(u"cmdsalva"_qs);
+    });
+    EXPECT_EQ(rows(u"select idlic,nmproc,ondeatd,evcad,evup from procedimentos"_qs),
+              (Table{{u"C1"_qs, u"D'AGUA"_qs, u"0"_qs, boundStamp, boundStamp}}));
+}
+
+TEST_F(SimpleRegisters, TheThreeThatSaveByStatement)
+{
+    execute(u"insert into grupoestoque (idlic,dsgrupo) values ('C2','OUTRO'),('C1','BETA')"_qs);
+    entersAndChanges<frmCadGrupoEstoque>(u"Cadastro Grupo de Insumos"_qs, u"NOME"_qs);
+    EXPECT_EQ(rows(u"select idlic,dsgrupo,evcad,evup from grupoestoque where cdgrupo = 3"_qs),
+              (Table{{u"C1"_qs, u"ALFA"_qs, stamp, stamp}}));
+
+    execute(u"insert into centrocusto (idlic,nmcen) values ('C2','OUTRO'),('C1','BETA')"_qs);
+    entersAndChanges<frmCadCentroCusto>(u"Centro de Custos - Cadastro"_qs, u"NOME"_qs);
+    EXPECT_EQ(rows(u"select idlic,nmcen,evcad from centrocusto where cdcen = 3"_qs),
+              (Table{{u"C1"_qs, u"ALFA"_qs, stamp}}));
+
+    execute(u"insert into subcentrocusto (idlic,nmscen) values ('C2','OUTRO'),('C1','BETA')"_qs);
+    entersAndChanges<frmCadSubCentro>(u"SubCentro de Custos - Cadastro"_qs, u"NOME"_qs);
+    EXPECT_EQ(rows(u"select idlic,nmscen,evcad from subcentrocusto where cdscen = 3"_qs),
+              (Table{{u"C1"_qs, u"ALFA"_qs, stamp}}));
+}
+
+TEST_F(SimpleRegisters, WhatEndsTheProgram)
+{
+    execute(u"insert into subcentrocusto (idlic,nmscen) values ('C1','BETA')"_qs);
+    on<frmCadSubCentro>([](ScreenDriver& screen) {
+        const QString unknown = failureOf([&] { screen.doubleClickRow(u"DataGrid1"_qs, 0); });
+        EXPECT_TRUE(unknown.contains(u"cdcen"_qs)) << unknown.toStdString();
+    });
+    on<frmCadGrupoEstoque>([](ScreenDriver& screen) {
+        screen.type(u"txtnome"_qs, u"d'agua"_qs);
+        EXPECT_FALSE(failureOf([&] { screen.click(u"cmdsalva"_qs); }).isEmpty());
+    });
+    EXPECT_EQ(value(u"select count(*) from grupoestoque"_qs), u"0");
+}
