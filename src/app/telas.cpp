@@ -4,6 +4,8 @@
 #include "app/frmcadusuario.h"
 #include "app/frmconfig.h"
 #include "registers/cadastrossimples.h"
+#include "registers/frmcadcli.h"
+#include "registers/frmcadprofissionais.h"
 
 namespace {
 
@@ -20,7 +22,9 @@ void ligaMenu()
     abre<frmCadConvenios>("cadConv");
     abre<frmCadEspecialidade>("cadEsp");
     abre<frmCadGrupoEstoque>("cadgru");
+    abre<frmcadcli>("cadPac");
     abre<frmCadProcedimentos>("cadproc");
+    abre<frmCadProfissionais>("cadProf");
     abre<frmcadusuario>("cadUsu");
     abre<frmCadCentroCusto>("ctpgcadcen");
     abre<frmCadSubCentro>("ctpgcadscen");
