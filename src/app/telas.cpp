@@ -4,10 +4,12 @@
 #include "app/frmcadusuario.h"
 #include "app/frmconfig.h"
 #include "registers/cadastrossimples.h"
+#include "registers/frmcadcli.h"
 #include "registers/frmcadferiados.h"
 #include "registers/frmcadfor.h"
 #include "registers/frmcadhorarios.h"
 #include "registers/frmcadproduto.h"
+#include "registers/frmcadprofissionais.h"
 
 namespace {
 
@@ -28,7 +30,9 @@ void ligaMenu()
     abre<frmCadGrupoEstoque>("cadgru");
     abre<frmCadHorarios>("cadHor");
     abre<frmCadProduto>("cadinsi");
+    abre<frmcadcli>("cadPac");
     abre<frmCadProcedimentos>("cadproc");
+    abre<frmCadProfissionais>("cadProf");
     abre<frmcadusuario>("cadUsu");
     abre<frmCadCentroCusto>("ctpgcadcen");
     abre<frmCadSubCentro>("ctpgcadscen");

@@ -19,6 +19,24 @@ void visit(Tour& tour, const char* entry, const char* screen, int row)
     Menu::principal().run(QString::fromLatin1(entry));
 }
 
+void hoursAndHolidays(Tour& tour)
+{
+    tour.screen(QStringLiteral("frmCadHorarios"), [&tour](ScreenDriver& opened) {
+        qobject_cast<QComboBox*>(opened.find(QStringLiteral("cboPro")))->setCurrentIndex(1);
+        opened.choose(QStringLiteral("cboDia"), QStringLiteral("2"));
+        opened.type(QStringLiteral("txtHR"), QStringLiteral("08:00/08:30/09:00"));
+        tour.picture(QStringLiteral("frmCadHorarios"), opened);
+        opened.press(Qt::Key_Escape);
+    });
+    Menu::principal().run(QStringLiteral("cadHor"));
+    tour.screen(QStringLiteral("frmCadFeriados"), [&tour](ScreenDriver& opened) {
+        opened.type(QStringLiteral("txtobs"), QStringLiteral("Aniversário da cidade"));
+        tour.picture(QStringLiteral("frmCadFeriados"), opened);
+        opened.press(Qt::Key_Escape);
+    });
+    Menu::principal().run(QStringLiteral("cadFer"));
+}
+
 template <class Dialog>
 void visit(Tour& tour)
 {
@@ -38,6 +56,11 @@ void walkRegisters(Tour& tour)
     visit(tour, "cadConv", "frmCadConvenios", 2);
     visit(tour, "cadEsp", "frmCadEspecialidade", 1);
     visit(tour, "cadproc", "frmCadProcedimentos", 3);
+    visit(tour, "cadPac", "frmcadcli", 4);
+    visit(tour, "cadProf", "frmCadProfissionais", 1);
+    hoursAndHolidays(tour);
+    visit(tour, "cadfor", "frmCadFor", 2);
+    visit(tour, "cadinsi", "frmCadProduto", 3);
     visit(tour, "cadgru", "frmCadGrupoEstoque", 1);
     visit(tour, "ctpgcadcen", "frmCadCentroCusto", 1);
     tour.screen(QStringLiteral("frmCadSubCentro"), [&tour](ScreenDriver& opened) {
@@ -55,4 +78,8 @@ void walkRegisters(Tour& tour)
     visit<frmBuscaCentroCusto>(tour);
     visit<frmBuscaSubCentroCusto>(tour);
     visit<frmBuscaProcedimentos>(tour);
+    visit<frmBuscaProd>(tour);
+    visit<frmBuscaFornecedor>(tour);
+    visit<frmBuscaPacientes>(tour);
+    visit<frmBuscaProf>(tour);
 }
