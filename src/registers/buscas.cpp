@@ -198,6 +198,7 @@ frmBuscaProd::frmBuscaProd()
                         contem(t) + " order by dspro";
              })},
              .codigo = QStringLiteral("cdpro"),
+             .nome = {},
              .direito = QStringLiteral("cadinsi"),
              .recusa = semPermissao,
              .cadastro = abre<frmCadProduto>(),
