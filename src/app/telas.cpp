@@ -4,6 +4,12 @@
 #include "app/frmcadusuario.h"
 #include "app/frmconfig.h"
 #include "registers/cadastrossimples.h"
+#include "registers/frmcadcli.h"
+#include "registers/frmcadferiados.h"
+#include "registers/frmcadfor.h"
+#include "registers/frmcadhorarios.h"
+#include "registers/frmcadproduto.h"
+#include "registers/frmcadprofissionais.h"
 
 namespace {
 
@@ -19,8 +25,14 @@ void ligaMenu()
 {
     abre<frmCadConvenios>("cadConv");
     abre<frmCadEspecialidade>("cadEsp");
+    abre<frmCadFeriados>("cadFer");
+    abre<frmCadFor>("cadfor");
     abre<frmCadGrupoEstoque>("cadgru");
+    abre<frmCadHorarios>("cadHor");
+    abre<frmCadProduto>("cadinsi");
+    abre<frmcadcli>("cadPac");
     abre<frmCadProcedimentos>("cadproc");
+    abre<frmCadProfissionais>("cadProf");
     abre<frmcadusuario>("cadUsu");
     abre<frmCadCentroCusto>("ctpgcadcen");
     abre<frmCadSubCentro>("ctpgcadscen");

@@ -4,6 +4,10 @@
 #include "app/core/sql.h"
 #include "app/core/variaveis.h"
 #include "registers/cadastrossimples.h"
+#include "registers/frmcadcli.h"
+#include "registers/frmcadfor.h"
+#include "registers/frmcadproduto.h"
+#include "registers/frmcadprofissionais.h"
 
 using namespace Variaveis;
 
@@ -36,24 +40,34 @@ std::vector<GridColumn> codigoENome(const QString& codigo, const QString& nome, 
     return {{codigo, QStringLiteral("CÓDIGO"), 15}, {nome, rotulo, 85}};
 }
 
+/// The professionals of the tenant with their speciality; the conditions and the order follow.
+QString profissionais()
+{
+    return "select p.idpro,p.cidade,p.nrcon,p.fonefixo,p.fonecel,p.nmpro,e.nmesp from profissionais p left "
+           "join "
+           "especialidades e on p.idesp like e.idesp where p.idlic = " +
+           aspas(idlic);
+}
+
 } // namespace
 
 frmBuscaConvenios::frmBuscaConvenios()
-    : Busca({.titulo = QStringLiteral("Convênios - Pesquisa"),
-             .consulta =
-                 [] { return "select * from convenios where idlic = " + aspas(idlic) + " order by nmconv"; },
-             .pesquisas = {peloNome([](const QString& t) {
-                 return "select * from convenios where idlic = " + aspas(idlic) + " and nmconv like " +
-                        contem(t) + " order by nmconv";
-             })},
-             .codigo = QStringLiteral("idconv"),
-             .nome = QStringLiteral("nmconv"),
-             .direito = QStringLiteral("cadConv"),
-             .recusa = semPermissao,
-             .cadastro = abre<frmCadConvenios>(),
-             .colunas = {{QStringLiteral("idconv"), QStringLiteral("CÓDIGO"), 15},
-                         {QStringLiteral("nmconv"), QStringLiteral("CONVÊNIO"), 67},
-                         {QStringLiteral("pdesc"), QStringLiteral("% DESC."), 18}}})
+    : Busca(
+          {.titulo = QStringLiteral("Convênios - Pesquisa"),
+           .consulta =
+               [] { return "select * from convenios where idlic = " + aspas(idlic) + " order by nmconv"; },
+           .pesquisas = {peloNome([](const QString& t) {
+               return "select * from convenios where idlic = " + aspas(idlic) + " and nmconv like " +
+                      contem(t) + " order by nmconv";
+           })},
+           .codigo = QStringLiteral("idconv"),
+           .nome = QStringLiteral("nmconv"),
+           .direito = QStringLiteral("cadConv"),
+           .recusa = semPermissao,
+           .cadastro = abre<frmCadConvenios>(),
+           .colunas = {{QStringLiteral("idconv"), QStringLiteral("CÓDIGO"), 15},
+                       {QStringLiteral("nmconv"), QStringLiteral("CONVÊNIO"), 67},
+                       {QStringLiteral("pdesc"), QStringLiteral("% DESC."), 18, QStringLiteral("#,##0.00")}}})
 {
 }
 
@@ -173,4 +187,130 @@ void frmBuscaProcedimentos::Form_Load()
 {
     RetornoCodigo = QStringLiteral("0");
     Busca::Form_Load();
+}
+
+frmBuscaProd::frmBuscaProd()
+    : Busca({.titulo = QStringLiteral("Insumos - Pesquisa"),
+             .consulta =
+                 [] { return "select * from produtos where idlic = " + aspas(idlic) + " order by dspro"; },
+             .pesquisas = {peloNome([](const QString& t) {
+                 return "select * from produtos where idlic = " + aspas(idlic) + " and  dspro like " +
+                        contem(t) + " order by dspro";
+             })},
+             .codigo = QStringLiteral("cdpro"),
+             .nome = {},
+             .direito = QStringLiteral("cadinsi"),
+             .recusa = semPermissao,
+             .cadastro = abre<frmCadProduto>(),
+             .colunas = {{QStringLiteral("cdpro"), QStringLiteral("CÓDIGO"), 16},
+                         {QStringLiteral("dspro"), QStringLiteral("INSUMO"), 56},
+                         {QStringLiteral("un"), QStringLiteral("UN"), 10},
+                         {QStringLiteral("vcusto"), QStringLiteral("CUSTO"), 18}},
+             .teclaNovo = Qt::Key_F5,
+             .botaoNovo = QStringLiteral("F5 NOVO INSUMO"),
+             .enterAnda = false})
+{
+}
+
+frmBuscaFornecedor::frmBuscaFornecedor()
+    : Busca(
+          {.titulo = QStringLiteral("Pesquisa de Fornecedores"),
+           .consulta =
+               [] { return "select * from fornecedores where idlic = " + aspas(idlic) + " order by nmfor"; },
+           .pesquisas = {peloNome([](const QString& t) {
+                             return "select * from fornecedores where idlic = " + aspas(idlic) +
+                                    " and nmfor like " + contem(t) + " order by nmfor";
+                         }),
+                         {Qt::Key_F3, QStringLiteral("F3 PESQUISA APELIDO"),
+                          QStringLiteral("PESQUISA PELO APELIDO"), QStringLiteral("APELIDO:"),
+                          [](const QString& t) {
+                              return "select * from fornecedores where idlic = " + aspas(idlic) +
+                                     " and  nmFANT like " + contem(t) + " order by nmFANT";
+                          }},
+                         {Qt::Key_F4, QStringLiteral("F4 PESQUISA CPF/CNPJ"),
+                          QStringLiteral("PESQUISA PELO CPF/CNPJ"), QStringLiteral("CPF/CNPJ:"),
+                          [](const QString& t) {
+                              return "select * from fornecedores where idlic = " + aspas(idlic) +
+                                     " and  CPF like " + contem(t) + " order by nmfor";
+                          }},
+                         {Qt::Key_F5, QStringLiteral("F5 PESQUISA FONE"),
+                          QStringLiteral("PESQUISA PELO FONE"), QStringLiteral("FONE:"),
+                          [](const QString& t) {
+                              return "select * from fornecedores where  idlic = " + aspas(idlic) +
+                                     " and fonefixo like " + contem(t) + " or fonecel like " + contem(t) +
+                                     " order by nmfor";
+                          }}},
+           .codigo = QStringLiteral("cdfor"),
+           .nome = QStringLiteral("nmfor"),
+           .direito = QStringLiteral("cadfor"),
+           .recusa = semPermissao,
+           .cadastro = abre<frmCadFor>(),
+           .colunas = {{QStringLiteral("cdfor"), QStringLiteral("CÓDIGO"), 9},
+                       {QStringLiteral("nmfor"), QStringLiteral("NOME"), 34},
+                       {QStringLiteral("nmfant"), QStringLiteral("APELIDO"), 21},
+                       {QStringLiteral("cpf"), QStringLiteral("CPF/CNPJ"), 19},
+                       {QStringLiteral("fonefixo"), QStringLiteral("FONE"), 17}}})
+{
+}
+
+frmBuscaPacientes::frmBuscaPacientes()
+    : Busca({.titulo = QStringLiteral("Pacientes - Pesquisa"),
+             .consulta =
+                 [] { return "select * from pacientes where idlic = " + aspas(idlic) + " order by nmpac"; },
+             .pesquisas = {{Qt::Key_F2, QStringLiteral("F2 PESQUISA NOME"),
+                            QStringLiteral("PESQUISA PELO NOME DO PACIENTE"), QStringLiteral("NOME:"),
+                            [](const QString& t) {
+                                return "select * from pacientes where idlic = " + aspas(idlic) +
+                                       " and nmpac like " + contem(t) + " order by nmpac";
+                            }},
+                           {Qt::Key_F3, QStringLiteral("F3 PESQUISA TELEFONE"),
+                            QStringLiteral("PESQUISA PELO TELEFONE"), QStringLiteral("TELEFONE:"),
+                            [](const QString& t) {
+                                return "select * from pacientes where idlic = " + aspas(idlic) +
+                                       " and fonepac like " + contem(t) + " or fonecel like " + contem(t) +
+                                       " or foneresp like " + contem(t) + " order by nmpac";
+                            }}},
+             .codigo = QStringLiteral("idpac"),
+             .nome = QStringLiteral("nmPac"),
+             .fimCalado = true,
+             .direito = QStringLiteral("cadPac"),
+             .recusa = naoAutorizado,
+             .cadastro = abre<frmcadcli>(),
+             .colunas = {{QStringLiteral("idpac"), QStringLiteral("CÓDIGO"), 10},
+                         {QStringLiteral("nmPac"), QStringLiteral("PACIENTE"), 38},
+                         {QStringLiteral("dtnasc"), QStringLiteral("NASCIMENTO"), 13},
+                         {QStringLiteral("fonepac"), QStringLiteral("FONE"), 19},
+                         {QStringLiteral("fonecel"), QStringLiteral("CELULAR"), 20}}})
+{
+}
+
+frmBuscaProf::frmBuscaProf()
+    : Busca({.titulo = QStringLiteral("Profissionais - Pesquisa"),
+             .consulta = [] { return profissionais() + " and p.ondeatd <> '0' order by p.nmpro"; },
+             .pesquisas = {{Qt::Key_F2, QStringLiteral("F2 PESQUISA NOME"),
+                            QStringLiteral("PESQUISA PELO NOME DO PACIENTE"), QStringLiteral("NOME:"),
+                            [](const QString& t) {
+                                return profissionais() + " and p.nmpro like " + contem(t) +
+                                       "  and p.ondeatd <> '0' order by p.nmpro";
+                            }},
+                           {Qt::Key_F3, QStringLiteral("F3 PESQUISA TELEFONE"),
+                            QStringLiteral("PESQUISA PELO TELEFONE"), QStringLiteral("TELEFONE:"),
+                            [](const QString& t) {
+                                return profissionais() + " and p.fonefixo like " + contem(t) +
+                                       " or p.fonecel like " + contem(t) +
+                                       "  and p.ondeatd <> '0' order by p.nmpro";
+                            }}},
+             .codigo = QStringLiteral("idpro"),
+             .nome = QStringLiteral("nmpro"),
+             .fimCalado = true,
+             .direito = QStringLiteral("cadProf"),
+             .recusa = naoAutorizado,
+             .cadastro = abre<frmCadProfissionais>(),
+             .colunas = {{QStringLiteral("idpro"), QStringLiteral("CÓDIGO"), 9},
+                         {QStringLiteral("nmpro"), QStringLiteral("PROFISSIONAL"), 30},
+                         {QStringLiteral("nmesp"), QStringLiteral("ESPECIALIDADE"), 20},
+                         {QStringLiteral("nrcon"), QStringLiteral("CONSELHO"), 13},
+                         {QStringLiteral("fonecel"), QStringLiteral("CELULAR"), 14},
+                         {QStringLiteral("cidade"), QStringLiteral("CIDADE"), 14}}})
+{
 }

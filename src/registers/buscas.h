@@ -71,3 +71,37 @@ public:
 protected:
     void Form_Load() override;
 };
+
+/// Products; hands back the code alone.
+class frmBuscaProd : public Busca
+{
+    Q_OBJECT
+
+public:
+    frmBuscaProd();
+};
+
+class frmBuscaFornecedor : public Busca
+{
+    Q_OBJECT
+
+public:
+    frmBuscaFornecedor();
+};
+
+class frmBuscaPacientes : public Busca
+{
+    Q_OBJECT
+
+public:
+    frmBuscaPacientes();
+};
+
+/// Professionals who visit at home.
+class frmBuscaProf : public Busca
+{
+    Q_OBJECT
+
+public:
+    frmBuscaProf();
+};

@@ -35,7 +35,7 @@ frmCadConvenios::frmCadConvenios()
                [] { return "select * from convenios where idlic = " + aspas(idlic) + " order by nmconv"; },
            .colunas = {{QStringLiteral("idconv"), QStringLiteral("CÓDIGO"), 12},
                        {QStringLiteral("nmconv"), QStringLiteral("CONVÊNIO"), 41},
-                       {QStringLiteral("pdesc"), QStringLiteral("% DESC."), 12},
+                       {QStringLiteral("pdesc"), QStringLiteral("% DESC."), 12, QStringLiteral("#,##0.00")},
                        {QStringLiteral("evup"), QStringLiteral("ÚLTIMA ALTERAÇÃO"), 35}}})
 {
     ui->Label3->show();
@@ -105,11 +105,10 @@ frmCadProcedimentos::frmCadProcedimentos()
                [] {
                    return "select * from procedimentos where idlic = " + aspas(idlic) + " order by nmproc";
                },
-           .colunas = {
-               {QStringLiteral("idproc"), QStringLiteral("CÓDIGO"), 12},
-               {QStringLiteral("nmproc"), QStringLiteral("NOME"), 38},
-               {QStringLiteral("ondeatd"), QStringLiteral("0 CLÍNICA / 1 HOME"), 18, {}, Qt::AlignHCenter},
-               {QStringLiteral("evup"), QStringLiteral("ÚLTIMA ALTERAÇÃO"), 32}}})
+           .colunas = {{QStringLiteral("idproc"), QStringLiteral("CÓDIGO"), 12},
+                       {QStringLiteral("nmproc"), QStringLiteral("NOME"), 44},
+                       {QStringLiteral("ondeatd"), QStringLiteral("LOCAL"), 12, {}, Qt::AlignHCenter},
+                       {QStringLiteral("evup"), QStringLiteral("ÚLTIMA ALTERAÇÃO"), 32}}})
 {
     ui->Label4->show();
     ui->cboCH->show();
@@ -147,14 +146,7 @@ CadastroPorComando::CadastroPorComando(const DescricaoCadastro& descricao, Inser
 void CadastroPorComando::grava()
 {
     const QString nome = ui->txtnome->text();
-    ReabreConexao();
-    cmdGeral.setActiveConnection(&Conexao);
-    cmdGeral.setCommandType(1);
-    cmdGeral.setCommandText(codigoInformado() ? altera_(nome, codigoDigitado()) : insere_(nome));
-    ADODB::Recordset rs;
-    rs.setCursorLocation(3);
-    rs.Open(cmdGeral, 1, 2);
-    FechaConexao();
+    ExecutaComando(codigoInformado() ? altera_(nome, codigoDigitado()) : insere_(nome));
 }
 
 frmCadGrupoEstoque::frmCadGrupoEstoque()

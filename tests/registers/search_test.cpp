@@ -1,7 +1,7 @@
 #include "app/shell_fixture.h"
 #include "platform/data/error.h"
-#include "platform/forms/application.h"
 #include "registers/buscas.h"
+#include "support/caughterrors.h"
 
 using namespace Variaveis;
 
@@ -132,16 +132,10 @@ TEST_F(Searches, CostCentresAskForARowWithAnEmptyUser)
 
 TEST_F(Searches, SelectingInAnEmptyGridIsAnError)
 {
-    int number = 0;
-    Application::setFailureHandler([&](const std::exception& error) {
-        if (const auto* told = dynamic_cast<const ADODB::Error*>(&error))
-            number = told->number();
-    });
+    const CaughtErrors errors;
     open<frmBuscaEspecialidades>([](ScreenDriver& screen) {
         screen.press(Qt::Key_F10);
         screen.press(Qt::Key_Escape);
     });
-    Application::setFailureHandler(
-        [](const std::exception& error) { ADD_FAILURE() << "uncaught in a handler: " << error.what(); });
-    EXPECT_EQ(number, ADODB::Error::NoCurrentRow);
+    EXPECT_EQ(errors.numbers(), QList<int>{ADODB::Error::NoCurrentRow});
 }

@@ -1,5 +1,5 @@
-#include "platform/forms/application.h"
 #include "platform/forms/theme.h"
+#include "support/caughterrors.h"
 #include "support/report.h"
 
 #include <gtest/gtest.h>
@@ -33,7 +33,6 @@ int main(int argc, char** argv)
     Theme::apply(application);
     qInstallMessageHandler(warningsFail);
     Report::setHandler([](const QString& what) { ADD_FAILURE() << what.toStdString(); });
-    Application::setFailureHandler(
-        [](const std::exception& error) { ADD_FAILURE() << "uncaught in a handler: " << error.what(); });
+    CaughtErrors::failTheTest();
     return RUN_ALL_TESTS();
 }

@@ -1,3 +1,4 @@
+#include "registers.h"
 #include "tour.h"
 
 #include "app/core/instalacao.h"
@@ -80,6 +81,7 @@ void walk(Tour& tour)
     tour.enlarged(QStringLiteral("frmPrincipal"), window);
     users(tour);
     configuration(tour);
+    walkRegisters(tour);
 
     tour.screen(QStringLiteral("frmtelainicial"), [&tour](ScreenDriver& screen) {
         tour.picture(QStringLiteral("frmtelainicial_logoff"), screen);

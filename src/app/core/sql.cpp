@@ -1,6 +1,7 @@
 #include "app/core/sql.h"
 
 #include "app/core/variaveis.h"
+#include "platform/data/recordset.h"
 #include "platform/system/clock.h"
 #include "platform/values/date.h"
 
@@ -29,6 +30,18 @@ void FechaConexao()
 {
     if (Conexao.State() == 1)
         Conexao.Close();
+}
+
+void ExecutaComando(const QString& comando)
+{
+    ReabreConexao();
+    cmdGeral.setActiveConnection(&Conexao);
+    cmdGeral.setCommandType(1);
+    cmdGeral.setCommandText(comando);
+    ADODB::Recordset rs;
+    rs.setCursorLocation(3);
+    rs.Open(cmdGeral, 1, 2);
+    FechaConexao();
 }
 
 QString carimbo()

@@ -59,14 +59,16 @@ QGroupBox::title { subcontrol-origin: margin; left: 10px; padding: 0 4px; color:
 QFrame[role="card"] { background: #ffffff; border: 1px solid #d3dbe1; border-radius: 6px; }
 
 QListView, QTableView, QTreeView {
-    background: #ffffff; alternate-background-color: #f5f9fa; border: 1px solid #aebbc5; border-radius: 4px;
+    background: #ffffff; alternate-background-color: #f5f9fa; border: 1px solid #aebbc5; border-radius: 4px; padding: 1px;
     selection-background-color: #cfe7ec; selection-color: #10242e; outline: 0; gridline-color: #e3e9ed;
 }
-QListView:focus, QTableView:focus { border: 2px solid #0f6b7c; }
+QListView:focus, QTableView:focus { border: 2px solid #0f6b7c; padding: 0; }
+QTableView::item { padding: 0 6px; border: none; }
+QTableView::item:selected { background: #cfe7ec; color: #10242e; }
 QHeaderView { background: #e6edf1; border: none; }
 QHeaderView::section {
     background: #e6edf1; color: #33424e; border: none; border-right: 1px solid #d3dbe1; border-bottom: 1px solid #c3ced6;
-    padding: 5px 6px;
+    padding: 5px 9px;
 }
 
 QMenuBar { background: #ffffff; border-bottom: 1px solid #d3dbe1; padding: 3px 6px; }

@@ -1,0 +1,311 @@
+#include "registers/cadastropessoa.h"
+
+#include "app/core/rotirnas.h"
+#include "app/core/sql.h"
+#include "app/core/variaveis.h"
+#include "lookups/buscas.h"
+#include "lookups/validadocumento.h"
+#include "platform/forms/dialogs.h"
+#include "platform/forms/hourglass.h"
+#include "platform/system/clock.h"
+#include "platform/values/date.h"
+#include "platform/values/format.h"
+#include "platform/values/number.h"
+
+using namespace Variaveis;
+
+namespace {
+
+const QString atencao = QStringLiteral("ATENÇÃO");
+
+QString hoje()
+{
+    return Format(Clock::today(), u"dd/mm/yyyy");
+}
+
+} // namespace
+
+CadastroPessoa::CadastroPessoa(const DescricaoPessoa& descricao) : descricao_(descricao) {}
+
+void CadastroPessoa::monta(const ControlesPessoa& controles)
+{
+    pessoa = controles;
+    textos_ = {{QStringLiteral("cpf"), pessoa.TXTCPF},        {QStringLiteral("rg"), pessoa.TXTRG},
+               {QStringLiteral("dtnasc"), pessoa.txtdtnasc},  {descricao_.nome, pessoa.txtnome},
+               {descricao_.fonefixo, pessoa.txtfone},         {QStringLiteral("fonecel"), pessoa.txtnrcel},
+               {QStringLiteral("eMail"), pessoa.txtemail},    {QStringLiteral("cep"), pessoa.txtcepr},
+               {QStringLiteral("rua"), pessoa.txtruar},       {QStringLiteral("nrrua"), pessoa.txtNr},
+               {QStringLiteral("bairro"), pessoa.txtbairror}, {QStringLiteral("cidade"), pessoa.txtcidader},
+               {QStringLiteral("uf"), pessoa.txtufr}};
+    pessoa.DataGrid1->setColumns(descricao_.colunas);
+    pessoa.DataGrid1->setDataSource(&Adodc1);
+    wire();
+}
+
+void CadastroPessoa::wire()
+{
+    onLostFocus(pessoa.txtcodcli, &CadastroPessoa::txtcodcli_LostFocus);
+    onLostFocus(pessoa.TXTCPF, &CadastroPessoa::TXTCPF_LostFocus);
+    onLostFocus(pessoa.txtcepr, &CadastroPessoa::txtcepr_LostFocus);
+    onChange(pessoa.codigoLigado, &CadastroPessoa::codigoLigado_Change);
+    onLostFocus(pessoa.codigoLigado, &CadastroPessoa::codigoLigado_LostFocus);
+    onKeyPress(pessoa.txtdtcad, [this](int& tecla) { Rotirnas::MascaraData(tecla, *pessoa.txtdtcad); });
+    onKeyPress(pessoa.txtdtnasc, [this](int& tecla) { Rotirnas::MascaraData(tecla, *pessoa.txtdtnasc); });
+    onDblClick(pessoa.DataGrid1, &CadastroPessoa::DataGrid1_DblClick);
+    onClick(pessoa.cmdsalva, &CadastroPessoa::cmdsalva_Click);
+    onClick(pessoa.cmdretorna, &CadastroPessoa::cmdretorna_Click);
+    onClick(pessoa.Command3, &CadastroPessoa::Command3_Click);
+    onKey(Qt::Key_F10, &CadastroPessoa::Command3_Click);
+    onKey(Qt::Key_F2, &CadastroPessoa::pesquisaLigado);
+}
+
+void CadastroPessoa::Form_Load()
+{
+    Adodc1.setConnectionString(StringConexao);
+    Adodc1.setRecordSource(consulta());
+    Adodc1.Refresh();
+    pessoa.txtdtcad->setText(hoje());
+}
+
+void CadastroPessoa::Form_Unload()
+{
+    FechaConexao();
+    Adodc1.Close();
+}
+
+QString CadastroPessoa::consulta(const QString& filtro) const
+{
+    return "select * from " + descricao_.tabela + " where idlic = " + aspas(idlic) + filtro + " order by " +
+           descricao_.nome;
+}
+
+bool CadastroPessoa::codigoInformado() const
+{
+    return isNumeric(pessoa.txtcodcli->text());
+}
+
+QString CadastroPessoa::condicaoDoCodigo() const
+{
+    return descricao_.codigo + " = " + plainNumber(toNumber(pessoa.txtcodcli->text()));
+}
+
+/// The code box keeps its text: leaving it empty or with an unknown code comes through here.
+void CadastroPessoa::Limpa()
+{
+    limpaCampos();
+    for (const Par& par : textos_)
+        par.caixa->clear();
+    pessoa.codigoLigado->clear();
+    pessoa.nomeLigado->clear();
+    pessoa.txtCdMun->clear();
+    pessoa.txtmemo->clear();
+    pessoa.txtdtcad->setText(hoje());
+    pessoa.cmdsalva->setEnabled(true);
+}
+
+void CadastroPessoa::cmdretorna_Click()
+{
+    Limpa();
+    if (descricao_.limpaCodigo)
+        pessoa.txtcodcli->clear();
+    pessoa.Frame1->setEnabled(true);
+    pessoa.TXTCPF->setFocus();
+}
+
+void CadastroPessoa::DataGrid1_DblClick()
+{
+    if (Adodc1.Recordset().Eof())
+        return;
+    pessoa.txtcodcli->setText(Adodc1.Recordset().Fields(descricao_.codigo).text());
+    pessoa.txtcodcli->setFocus();
+}
+
+void CadastroPessoa::Command3_Click()
+{
+    const QString nome = InputBox(QStringLiteral("Nome: "), descricao_.tituloPesquisa).value_or(QString());
+    Adodc1.setRecordSource(
+        consulta(" AND " + descricao_.nome + " like " + aspas(QLatin1Char('%') + nome + QLatin1Char('%'))));
+    Adodc1.Refresh();
+    pessoa.DataGrid1->setFocus();
+}
+
+void CadastroPessoa::pesquisaLigado()
+{
+    RetornoCodigo.clear();
+    RetornoNome.clear();
+    descricao_.ligacao.pesquisa();
+    if (!isNumeric(RetornoCodigo))
+        return;
+    pessoa.codigoLigado->setText(RetornoCodigo.trimmed());
+    pessoa.codigoLigado->setFocus();
+}
+
+void CadastroPessoa::codigoLigado_Change()
+{
+    pessoa.nomeLigado->clear();
+}
+
+void CadastroPessoa::codigoLigado_LostFocus()
+{
+    if (!isNumeric(pessoa.codigoLigado->text()))
+        return;
+    const DescricaoPessoa::Ligacao& ligacao = descricao_.ligacao;
+    AbreConexao();
+    ADODB::Recordset rs;
+    rs.Open("select * from " + ligacao.tabela + " where idlic = " + aspas(idlic) + " and " + ligacao.codigo +
+                " like " + QString::number(integerPart(pessoa.codigoLigado->text())),
+            Conexao, 0, 1);
+    pessoa.nomeLigado->clear();
+    for (; !rs.Eof(); rs.MoveNext())
+        pessoa.nomeLigado->setText(rs.Fields(ligacao.nome).text());
+    rs.Close();
+}
+
+void CadastroPessoa::txtcodcli_LostFocus()
+{
+    if (!codigoInformado())
+        return Limpa();
+    std::optional<Hourglass> ampulheta(std::in_place);
+    Adodc1.Refresh();
+    Adodc1.Recordset().Find(condicaoDoCodigo());
+    if (Adodc1.Recordset().Eof()) {
+        ampulheta.reset();
+        MsgBox(QStringLiteral("--- ERRO --- CÓDIGO NÃO ENCONTRADO!"), atencao);
+        return Limpa();
+    }
+    mostra();
+}
+
+void CadastroPessoa::mostra()
+{
+    ADODB::Recordset& linha = Adodc1.Recordset();
+    for (const Par& par : textos_)
+        par.caixa->setText(linha.Fields(par.coluna).text());
+    if (linha.Fields("dtnasc").isNull())
+        pessoa.txtdtnasc->setText(QStringLiteral("Não Informado"));
+    pessoa.txtdtcad->setText(linha.Fields("dtcad").text());
+    pessoa.txtmemo->setPlainText(linha.Fields("obs").text());
+    pessoa.codigoLigado->setText(linha.Fields(descricao_.ligacao.codigo).text());
+    mostraCampos(linha);
+    codigoLigado_LostFocus();
+}
+
+void CadastroPessoa::TXTCPF_LostFocus()
+{
+    QString documento = pessoa.TXTCPF->text();
+    const qsizetype tamanho = documento.trimmed().size();
+    if (tamanho == 0)
+        return;
+    // It puts the mask of a bare CNPJ into this copy; the box keeps what was typed.
+    Rotirnas::ValidaDocumento(documento);
+    if (!Resultado.toBool())
+        return pessoa.TXTCPF->clear();
+    constexpr int cnpjSemMascara = 14;
+    if (tamanho == cnpjSemMascara &&
+        MsgYesNo(QStringLiteral("Buscar dados cadastrais na receita?"), QStringLiteral("Atenção")))
+        preencheEmpresa();
+}
+
+void CadastroPessoa::preencheEmpresa()
+{
+    const Hourglass ampulheta;
+    const QString empresa = Funcoes::BuscaCnpj(pessoa.TXTCPF->text());
+    const auto valor = [&empresa](const char* campo) {
+        return Funcoes::ValorJson(empresa, QString::fromLatin1(campo));
+    };
+    pessoa.txtnome->setText(valor("nome"));
+    const QString cep = valor("cep"); // 12.345-678
+    pessoa.txtcepr->setText(cep.mid(0, 2) + cep.mid(3, 3) + cep.mid(7, 3));
+    pessoa.txtruar->setText(valor("logradouro"));
+    pessoa.txtNr->setText(valor("numero"));
+    pessoa.txtbairror->setText(valor("bairro"));
+    pessoa.txtcidader->setText(valor("municipio"));
+    pessoa.txtufr->setText(valor("uf"));
+    pessoa.txtemail->setText(valor("email"));
+    const QString endereco = Funcoes::BuscaCepJson(pessoa.txtcepr->text());
+    // The first two figures are the state's.
+    pessoa.txtCdMun->setText(Funcoes::ValorJson(endereco, QStringLiteral("ibge")).mid(2, 10));
+}
+
+void CadastroPessoa::txtcepr_LostFocus()
+{
+    const QString cep = pessoa.txtcepr->text().trimmed();
+    if (cep.size() != 8)
+        return;
+    const Hourglass ampulheta;
+    const QString endereco = Funcoes::BuscaCep(cep);
+    if (endereco.isEmpty())
+        return;
+    const QStringList partes = endereco.split(QLatin1Char('|'));
+    QLineEdit* const caixas[] = {pessoa.txtruar, pessoa.txtbairror, pessoa.txtcidader, pessoa.txtufr,
+                                 pessoa.txtCdMun};
+    for (qsizetype i = 0; i < qsizetype(std::size(caixas)); ++i)
+        caixas[i]->setText(partes.value(i));
+}
+
+bool CadastroPessoa::desisteSemNascimento()
+{
+    return !isDate(pessoa.txtdtnasc->text()) &&
+           !MsgYesNo(QStringLiteral("Atenção!!! Data de nascimento não informada ou inválida!\n"
+                                    "Prosseguir assim mesmo?"),
+                     QStringLiteral("Atençã"));
+}
+
+bool CadastroPessoa::semTelefone()
+{
+    if (!pessoa.txtfone->text().trimmed().isEmpty() || !pessoa.txtnrcel->text().trimmed().isEmpty())
+        return false;
+    MsgBox(QStringLiteral("Informe o fone fixo e/ou celular!"), QStringLiteral("Atenção"));
+    return true;
+}
+
+bool CadastroPessoa::recusaCadastro()
+{
+    if (isDate(pessoa.txtdtcad->text()))
+        return false;
+    MsgBox(QStringLiteral("--- ERRO --- DATA DE CADASTRO INCORRETA!"), atencao);
+    return true;
+}
+
+void CadastroPessoa::cmdsalva_Click()
+{
+    if (desisteSemNascimento() || recusa() || recusaCadastro() || !posicionaParaGravar())
+        return;
+    const Hourglass ampulheta;
+    grava();
+    Adodc1.Refresh();
+    cmdretorna_Click();
+    pessoa.txtcodcli->clear();
+    pessoa.txtcodcli->setFocus();
+}
+
+/// Begins a new row, or makes the row of the typed code the current one again: the grid may have moved away
+/// from it, and a search may have left it out of the rows, since the code box was left.
+bool CadastroPessoa::posicionaParaGravar()
+{
+    ADODB::Recordset& linhas = Adodc1.Recordset();
+    if (!codigoInformado()) {
+        linhas.AddNew();
+        linhas.Fields("idlic") = idlic;
+        linhas.Fields("dtcad") = Clock::today();
+        return true;
+    }
+    linhas.Find(condicaoDoCodigo());
+    if (!linhas.Eof())
+        return true;
+    pessoa.Frame1->setEnabled(true);
+    MsgBox(QStringLiteral("--- ERRO --- CÓDIGO NÃO ENCONTRADO!"), atencao);
+    return false;
+}
+
+void CadastroPessoa::grava()
+{
+    ADODB::Recordset& linha = Adodc1.Recordset();
+    for (const Par& par : textos_)
+        linha.Fields(par.coluna) = par.caixa->text();
+    linha.Fields(descricao_.ligacao.codigo) = integerPart(pessoa.codigoLigado->text());
+    gravaCampos(linha);
+    linha.Fields("obs") = pessoa.txtmemo->toPlainText();
+    linha.Fields("evup") = carimboRegistro();
+    linha.Update();
+}

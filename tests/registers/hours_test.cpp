@@ -1,0 +1,197 @@
+#include "app/shell_fixture.h"
+#include "registers/frmcadferiados.h"
+#include "registers/frmcadhorarios.h"
+
+#include <QTableView>
+#include <QTest>
+
+namespace {
+
+QStringList items(const ScreenDriver& screen, const QString& combo)
+{
+    const auto* box = static_cast<QComboBox*>(screen.find(combo));
+    QStringList texts;
+    for (int i = 0; i < box->count(); ++i)
+        texts << box->itemText(i);
+    return texts;
+}
+
+/// A double click on the grid where no row is.
+void doubleClickBelow(const ScreenDriver& screen)
+{
+    QWidget* area = static_cast<QTableView*>(screen.find(u"DataGrid2"_qs))->viewport();
+    QTest::mouseDClick(area, Qt::LeftButton, {}, QPoint(20, area->height() - 5));
+    settle();
+}
+
+class Hours : public LoggedIn
+{
+protected:
+    Hours()
+    {
+        execute(u"insert into especialidades (idesp,idlic,nmesp) values (3,'C1','CARDIOLOGIA');"
+                "insert into profissionais (idpro,idlic,nmpro,idesp,ondeatd) values (11,'C1','CARLA',3,'0'),"
+                "(12,'C1','BRUNO',9,'2'),(13,'C2','ALHEIA',3,'0'),(14,'C1','ANA|BIA',3,'1'),"
+                "(15,'C1','SEM ESPECIALIDADE',null,'0')"_qs);
+    }
+
+    static void save(ScreenDriver& screen, const QString& where, const QString& day, const QString& hours)
+    {
+        screen.choose(u"cboCH"_qs, where);
+        screen.choose(u"cboDia"_qs, day);
+        screen.type(u"txtHR"_qs, hours);
+        screen.click(u"Command1"_qs);
+    }
+};
+
+class Holidays : public LoggedIn
+{
+protected:
+    static void save(ScreenDriver& screen, const QString& day, const QString& month, const QString& remark)
+    {
+        screen.choose(u"cboDia"_qs, day);
+        screen.choose(u"cboMes"_qs, month);
+        screen.type(u"txtobs"_qs, remark);
+        screen.click(u"Command1"_qs);
+    }
+};
+
+} // namespace
+
+TEST_F(Hours, TheProfessionalDecidesThePlaces)
+{
+    const QString clinic = u"0 - CLINICA"_qs;
+    const QString home = u"1 - HOME"_qs;
+    open<frmCadHorarios>([&](ScreenDriver& screen) {
+        const QStringList people = items(screen, u"cboPro"_qs);
+        ASSERT_EQ(people.size(), 5) << "those of the tenant, by name, and home care";
+        EXPECT_EQ(people[2], QString(u"CARLA"_qs.leftJustified(45) + u'|' +
+                                     u"CARDIOLOGIA"_qs.leftJustified(45) + u"|0|3|11"_qs));
+        EXPECT_EQ(screen.text(u"cboPro"_qs), u"") << "nobody is chosen for the user";
+        EXPECT_FALSE(screen.enabled(u"Command1"_qs));
+        doubleClickBelow(screen);
+
+        const QList<QPair<QString, QStringList>> places = {{u"CARLA"_qs, {clinic}},
+                                                           {u"ANA|BIA"_qs, {home}},
+                                                           {u"BRUNO"_qs, {clinic, home}},
+                                                           {u"HOME"_qs, {home}}};
+        for (const auto& [person, offered] : places) {
+            screen.choose(u"cboPro"_qs, person);
+            EXPECT_EQ(items(screen, u"cboCH"_qs), offered) << person.toStdString();
+            EXPECT_EQ(screen.text(u"cboCH"_qs), u"");
+            EXPECT_EQ(screen.focused(), u"cboCH");
+        }
+        save(screen, u"1"_qs, u"7"_qs, u"8:00"_qs);
+        screen.press(Qt::Key_Escape);
+    });
+    EXPECT_EQ(value(u"select concat_ws('|',idlic,idpro,idesp,ondeatd,dia,hr,evcad,evup) from diahr"_qs),
+              u"C1|0|0|1|7 - SÁBADO|8:00|MARIA - 16/03/2026 08:30:15|MARIA- 16/03/2026 08:30:15");
+}
+
+TEST_F(Hours, TimesAreKeptAsTypedOrRefused)
+{
+    const QString incorrect = u"--- ERRO --- DADOS INCORRETO!"_qs;
+    const QStringList good = u"8:15/9:20/13:30 8:5 0:00/23:59 8/14:30 8:15:99"_qs.split(u' ');
+    const QStringList bad =
+        u"24:00 10:60 -1:00 8:15/ /8:15 8: 8:15/9:20/25:00 OITO:00 24 9999999999999999999:00"_qs.split(u' ');
+    dialogs.expect(incorrect, u"ATENÇÃO"_qs);
+    dialogs.expect(incorrect);
+    dialogs.expect(u"--- ERRO --- INFORME O(s) HORÁRIO(s)"_qs, u"ATENÇÃO"_qs);
+    for (int i = 0; i < bad.size(); ++i)
+        dialogs.expect(u"--- ERRO --- HORÁRIOS POSSUI HORA INVÁLIDA!"_qs, u"Atenção"_qs);
+    dialogs.expect(incorrect);
+    open<frmCadHorarios>([&](ScreenDriver& screen) {
+        screen.choose(u"cboPro"_qs, u"CARLA"_qs);
+        screen.click(u"Command1"_qs);
+        screen.choose(u"cboCH"_qs, u"0"_qs);
+        screen.click(u"Command1"_qs);
+        for (const QString& hours : QStringList{u"  "_qs} + bad + good)
+            save(screen, u"0"_qs, u"2"_qs, hours);
+        EXPECT_EQ(screen.focused(), u"cboDia");
+        EXPECT_EQ(screen.grid(u"DataGrid2"_qs).size(), good.size());
+        screen.choose(u"cboPro"_qs, u"SEM"_qs);
+        save(screen, u"0"_qs, u"2"_qs, u"8:00"_qs);
+        screen.press(Qt::Key_Escape);
+    });
+    EXPECT_EQ(value(u"select group_concat(hr order by idreg separator ' ') from diahr where idpro = 11 "
+                    "and idesp = 3 and dia = '2 - SEGUNDA-FEIRA'"_qs),
+              good.join(u' '))
+        << "several rows of one day, all of them";
+}
+
+TEST_F(Hours, ARowIsDeletedAfterTheQuestion)
+{
+    execute(u"insert into diahr (idlic,idpro,dia,hr,ondeatd,idesp) values ('C1',12,'2 - S','9:00','1',3),"
+            "('C1',12,'3 - T','9:30','0',3),('C1',12,'2 - S','7:00','0',3),"
+            "('C1',11,'2 - S','6:00','0',3),('C2',12,'2 - S','5:00','0',3)"_qs);
+    dialogs.expectQuestion(u"Confirma a exclusão?"_qs, false, u"Atenção"_qs);
+    dialogs.expectQuestion(u"Confirma a exclusão?"_qs, true, u"Atenção"_qs);
+    open<frmCadHorarios>([&](ScreenDriver& screen) {
+        screen.choose(u"cboPro"_qs, u"BRUNO"_qs);
+        QStringList hours;
+        for (const QStringList& row : screen.grid(u"DataGrid2"_qs))
+            hours << row[1];
+        EXPECT_EQ(hours.join(u' '), u"7:00 9:30 9:00") << "by place and day";
+        doubleClickBelow(screen);
+        screen.doubleClickRow(u"DataGrid2"_qs, 1);
+        EXPECT_EQ(value(u"select count(*) from diahr"_qs), u"5");
+        screen.doubleClickRow(u"DataGrid2"_qs, 1);
+        EXPECT_EQ(screen.grid(u"DataGrid2"_qs).size(), 2);
+        screen.press(Qt::Key_Escape);
+    });
+    EXPECT_EQ(value(u"select group_concat(hr order by idreg) from diahr"_qs), u"9:00,7:00,6:00,5:00");
+}
+
+TEST_F(Holidays, ADayThatThisYearHasIsSaved)
+{
+    const QString incomplete = u"--- ERRO -- DADOS INCOMPLETOS!"_qs;
+    const QString invalid = u"--- ERRO --- DIA / MÊS INVÁLIDO!"_qs;
+    for (const QString& refusal : {incomplete, incomplete, invalid, invalid})
+        dialogs.expect(refusal, u"ATENÇÃO"_qs);
+    open<frmCadFeriados>([&](ScreenDriver& screen) {
+        EXPECT_EQ(items(screen, u"cboDia"_qs).size(), 31);
+        EXPECT_EQ(items(screen, u"cboMes"_qs).value(2), u"3, MARÇO");
+        doubleClickBelow(screen);
+        screen.click(u"Command1"_qs);
+        screen.choose(u"cboDia"_qs, u"25"_qs);
+        screen.click(u"Command1"_qs);
+        save(screen, u"31"_qs, u"4,"_qs, u"x"_qs);
+        save(screen, u"29"_qs, u"2,"_qs, u"dia d'água"_qs);
+        EXPECT_EQ(screen.text(u"txtobs"_qs), u"DIA D'ÁGUA") << "nothing typed is lost";
+        clock.set(QDateTime(QDate(2028, 1, 2), QTime(3, 4, 5)));
+        screen.click(u"Command1"_qs);
+        EXPECT_EQ(screen.text(u"txtobs"_qs), u"");
+        EXPECT_EQ(screen.focused(), u"cboDia");
+        screen.press(Qt::Key_Escape);
+    });
+    EXPECT_EQ(rows(u"select concat_ws('|',idlic,dia,mes,nmes,obs,evcad,evup) from feriados"_qs),
+              (QList<QStringList>{{u"C1|29|2|FEVEREIRO|DIA D'ÁGUA|MARIA - 02/01/2028 03:04:05|"
+                                   "MARIA - 02/01/2028 03:04:05"_qs}}));
+}
+
+TEST_F(Holidays, ASecondSaveChangesTheRemarkAndADoubleClickDeletes)
+{
+    execute(u"insert into feriados (idlic,dia,Mes,nMes,obs,evcad,evup) values "
+            "('C1',25,12,'DEZEMBRO','VELHO','A','B'),('C1',12,10,'OUTUBRO','X','A','B'),"
+            "('C1',7,9,'SETEMBRO','X','A','B'),('C1',2,12,'DEZEMBRO','X','A','B'),"
+            "('C2',25,12,'DEZEMBRO','ALHEIO','A','B')"_qs);
+    dialogs.expectQuestion(u"Confirma a exclusão?"_qs, false, u"Atenção"_qs);
+    dialogs.expectQuestion(u"Confirma a exclusão?"_qs, true, u"Atenção"_qs);
+    open<frmCadFeriados>([&](ScreenDriver& screen) {
+        QStringList days;
+        for (const QStringList& row : screen.grid(u"DataGrid2"_qs))
+            days << row[0];
+        EXPECT_EQ(days.join(u' '), u"7 12 2 25") << "by month and day";
+        screen.doubleClickRow(u"DataGrid2"_qs, 1);
+        save(screen, u"25"_qs, u"12"_qs, u"natal"_qs);
+        save(screen, u"7"_qs, u"9"_qs, u"y"_qs);
+        EXPECT_EQ(screen.grid(u"DataGrid2"_qs).size(), 4);
+        screen.doubleClickRow(u"DataGrid2"_qs, 0);
+        EXPECT_EQ(screen.grid(u"DataGrid2"_qs).size(), 3) << "all that are left";
+        screen.press(Qt::Key_Escape);
+    });
+    EXPECT_EQ(
+        value(u"select group_concat(concat_ws(' ',idlic,dia,mes,obs,evcad,evup) order by idlic,mes,dia) "
+              "from feriados"_qs),
+        u"C1 12 10 X A B,C1 2 12 X A B,C1 25 12 NATAL A MARIA - 16/03/2026 08:30:15,C2 25 12 ALHEIO A B");
+}

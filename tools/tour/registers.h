@@ -1,0 +1,6 @@
+#pragma once
+
+class Tour;
+
+/// The registers and the search dialogs, each with rows of the demonstration clinic in it.
+void walkRegisters(Tour& tour);
