@@ -135,7 +135,9 @@ TEST_F(Paging, OnlyAPlainStatementOfATableWithAKeyIsReadByPages)
 TEST_F(Paging, ARowIsFoundNearFarAndNotAtAll)
 {
     database().execute(u"update plano set nmplano = 'Zoé_1' where idplano = 777;"
-                       "update plano set nmplano = 'ZOE_1' where idplano = 11"_qs);
+                       "update plano set nmplano = 'ZOE_1' where idplano = 11;"
+                       "update plano set nmplano = ' 0012.0' where idplano = 12;"
+                       "update plano set nmplano = ' 0012A' where idplano = 13"_qs);
     const QStringList expected = codes(u"order by nmplano, idplano"_qs);
     Recordset rs;
     open(rs, u"select * from plano order by nmplano"_qs);
@@ -155,6 +157,7 @@ TEST_F(Paging, ARowIsFoundNearFarAndNotAtAll)
         {u"idplano > 990"_qs, firstOf(u"idplano > 990"_qs)},
         {u"pdesc = 0.25"_qs, firstOf(u"pdesc = 0.25"_qs)},
         {u"nmplano = 'zoé_1'"_qs, u"777"_qs},
+        {u"nmplano like 12"_qs, u"12"_qs},
         {u"nmplano like 'zo%_1'"_qs, firstOf(u"nmplano like 'zo%'"_qs)},
         {u"nmplano like 'zo%%'"_qs, firstOf(u"nmplano like 'zo%'"_qs)},
         {u"nmplano = 'zo%'"_qs, {}},

@@ -153,14 +153,18 @@ ParameterisedStatement Criteria::Condition::serverCondition() const
     if (const auto whole = wholeNumber())
         return whole->isEmpty() ? ParameterisedStatement{QStringLiteral("false"), {}}
                                 : ParameterisedStatement{name + QStringLiteral(" = ?"), {*whole}};
-    if (number && (column.kind == ColumnKind::Integer || column.kind == ColumnKind::Decimal)) {
+    const bool isEquality = op == Operator::Equal || op == Operator::Like;
+    const bool isExact = column.kind == ColumnKind::Integer || column.kind == ColumnKind::Decimal;
+    if (number && std::isfinite(*number) && (isExact || (column.kind == ColumnKind::Text && isEquality))) {
         // With more digits the server's exact number and the rounded one compare differently.
         const QByteArray digits = QByteArray::number(*number, 'g', 15);
-        if (digits.toDouble() == *number)
-            return {QStringLiteral("%1 %2 ?").arg(name, signs.at(op)), {digits}};
-        return {};
+        if (digits.toDouble() != *number)
+            return {};
+        // Of a text the server takes the number that it begins with.
+        return {QStringLiteral("%1 %2 ?").arg(isExact ? name : name + QStringLiteral(" + 0"), signs.at(op)),
+                {digits}};
     }
-    if (number || date || column.kind != ColumnKind::Text || (op != Operator::Equal && op != Operator::Like))
+    if (number || date || column.kind != ColumnKind::Text || !isEquality)
         return {};
     QString pattern = text;
     for (const QChar special : {u'!', u'_'})
