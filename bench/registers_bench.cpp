@@ -1,9 +1,14 @@
 /// A register's grid over the patients of one clinic: opening it, finding a code, searching a name; its rows
 /// read by pages against the same with all rows held in memory.
+#include "app/core/variaveis.h"
 #include "platform/data/datagrid.h"
+#include "platform/forms/application.h"
+#include "platform/forms/theme.h"
+#include "registers/frmcadcli.h"
 #include "support/database.h"
+#include "support/report.h"
+#include "support/screendriver.h"
 
-#include <QApplication>
 #include <QElapsedTimer>
 #include <QFile>
 #include <benchmark/benchmark.h>
@@ -154,6 +159,40 @@ void finding(benchmark::State& state, const std::string& name, bool paged, int p
     });
 }
 
+/// The patient register itself, as the menu opens it, until its window is painted.
+void openingScreen(benchmark::State& state, const std::string& name, bool, int patients)
+{
+    fill(patients);
+    measure(state, name, patients, [] {
+        frmcadcli screen;
+        screen.Show();
+        benchmark::DoNotOptimize(screen.grab().cacheKey());
+        const bool shown = ScreenDriver(screen).find(QStringLiteral("DataGrid1")) != nullptr;
+        screen.Unload();
+        return shown;
+    });
+}
+
+/// A code typed into the register: until the boxes hold the patient and the window is painted.
+void findingOnScreen(benchmark::State& state, const std::string& name, bool, int patients)
+{
+    fill(patients);
+    frmcadcli screen;
+    screen.Show();
+    ScreenDriver driver(screen);
+    settle();
+    int code = 0;
+    measure(state, name, patients, [&] {
+        code = (code + patients * 3 / 8) % patients + 1;
+        driver.focus(QStringLiteral("txtcodcli"));
+        static_cast<QLineEdit*>(driver.find(QStringLiteral("txtcodcli")))->setText(QString::number(code));
+        driver.focus(QStringLiteral("TXTRG"));
+        benchmark::DoNotOptimize(screen.grab().cacheKey());
+        return !driver.text(QStringLiteral("txtnome")).isEmpty();
+    });
+    screen.Unload();
+}
+
 template <const char* part>
 void searching(benchmark::State& state, const std::string& name, bool paged, int patients)
 {
@@ -174,11 +213,15 @@ void registerAll()
     using Measured = void (*)(benchmark::State&, const std::string&, bool, int);
     const std::pair<const char*, Measured> measured[] = {{"open", opening},
                                                          {"find_code", finding},
+                                                         {"open_frmcadcli", openingScreen},
+                                                         {"find_code_frmcadcli", findingOnScreen},
                                                          {"frequent_name", searching<frequentName>},
                                                          {"rare_name", searching<rareName>}};
     for (const int patients : {few, many})
         for (const bool paged : {true, false})
             for (const auto& [what, function] : measured) {
+                if (!paged && (function == openingScreen || function == findingOnScreen))
+                    continue; // the screen has its rows by pages
                 const std::string name = std::string(what) + (paged ? "/paged" : "/in_memory");
                 benchmark::RegisterBenchmark((name + "/" + std::to_string(patients)).c_str(), function, name,
                                              paged, patients)
@@ -193,9 +236,14 @@ void registerAll()
 int main(int argc, char** argv)
 {
     qputenv("QT_QPA_PLATFORM", "offscreen");
-    QApplication application(argc, argv);
+    qputenv("QT_LOGGING_RULES", "default.warning=false"); // what the window system off the screen cannot do
+    Application application(argc, argv);
+    Theme::apply(application);
+    Report::setHandler([](const QString& what) { std::fprintf(stderr, "%s\n", qPrintable(what)); });
     benchmark::Initialize(&argc, argv);
     Database::instance().create();
+    Variaveis::StringConexao = Database::instance().connectionString();
+    Variaveis::idlic = QStringLiteral("C1");
     registerAll();
     benchmark::RunSpecifiedBenchmarks();
     Database::instance().drop();
