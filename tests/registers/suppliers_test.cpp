@@ -146,7 +146,7 @@ TEST_F(Suppliers, CodesAndSearches)
         screen.press(Qt::Key_F10);
         EXPECT_EQ(names(screen), u"ALFA");
         screen.press(Qt::Key_F11);
-        EXPECT_EQ(names(screen), u"ALFA BETA") << "by name";
+        EXPECT_EQ(names(screen), u"BETA ALFA") << "by trade name";
         screen.click(u"Command2"_qs);
         EXPECT_EQ(names(screen), u"");
         screen.click(u"Command3"_qs);
