@@ -175,6 +175,12 @@ void DataGrid::resizeEvent(QResizeEvent* event)
 void DataGrid::changeEvent(QEvent* event)
 {
     QTableView::changeEvent(event);
+    if (event->type() == QEvent::FontChange) {
+        // The style sheet keeps the header from following. Its own font gives the height; the captions are
+        // drawn in the inner part's.
+        horizontalHeader()->setFont(font());
+        horizontalHeader()->viewport()->setFont(font());
+    }
     if (event->type() == QEvent::FontChange || event->type() == QEvent::StyleChange)
         fitRows();
 }
