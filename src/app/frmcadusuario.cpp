@@ -153,20 +153,21 @@ void frmcadusuario::grava(const QString& nome, const QString& senhaNova)
     const QString quando = aspas(carimboRegistro());
     reabre();
     if (achado_)
-        executa("update usuarios set ususenha = " + aspas(senhaNova) + ", evup = " + quando +
-                " WHERE idlic = " + aspas(idlic) + " and nmusuario = " + aspas(nome));
+        ComandoGeral("update usuarios set ususenha = " + aspas(senhaNova) + ", evup = " + quando +
+                     " WHERE idlic = " + aspas(idlic) + " and nmusuario = " + aspas(nome));
     else
-        executa("insert into usuarios (idlic,nmusuario,ususenha,evcad,evup) values (" + aspas(idlic) + "," +
-                aspas(nome) + "," + aspas(senhaNova) + "," + quando + "," + quando + ")");
+        ComandoGeral("insert into usuarios (idlic,nmusuario,ususenha,evcad,evup) values (" + aspas(idlic) +
+                     "," + aspas(nome) + "," + aspas(senhaNova) + "," + quando + "," + quando + ")");
 
     reabre();
-    executa("delete from perfilusuario where idlic = " + aspas(idlic) + " and nmusuario = " + aspas(nome));
+    ComandoGeral("delete from perfilusuario where idlic = " + aspas(idlic) +
+                 " and nmusuario = " + aspas(nome));
     for (int i = 0; i < ui->List1->ListCount(); ++i) {
         const QString valor = ui->List1->Selected(i) ? QStringLiteral("0") : QStringLiteral("1");
-        executa("insert into perfilusuario (idlic,nmusuario,ususenha,campo,valor,evcad) values (" +
-                aspas(idlic) + "," + aspas(nome) + "," + aspas(senhaNova) + "," +
-                aspas(campoDaLinha(ui->List1->List(i))) + "," + aspas(valor) + "," +
-                aspas(carimboRegistro()) + ")");
+        ComandoGeral("insert into perfilusuario (idlic,nmusuario,ususenha,campo,valor,evcad) values (" +
+                     aspas(idlic) + "," + aspas(nome) + "," + aspas(senhaNova) + "," +
+                     aspas(campoDaLinha(ui->List1->List(i))) + "," + aspas(valor) + "," +
+                     aspas(carimboRegistro()) + ")");
     }
 }
 
@@ -178,8 +179,8 @@ void frmcadusuario::Command3_Click()
         return;
     const QString nome = aspas(ui->Combo1->currentText());
     AbreConexao();
-    executa("delete from perfilusuario where nmusuario = " + nome);
-    executa("delete from usuarios where nmusuario = " + nome);
+    ComandoGeral("delete from perfilusuario where nmusuario = " + nome);
+    ComandoGeral("delete from usuarios where nmusuario = " + nome);
     limpaTela();
     MsgBox(QStringLiteral("Excluído com sucesso!"), QStringLiteral("Atenção"));
 }
@@ -212,15 +213,6 @@ void frmcadusuario::reabre()
     if (rs.State() == 1)
         rs.Close();
     ReabreConexao();
-}
-
-void frmcadusuario::executa(const QString& comando)
-{
-    cmdGeral.setActiveConnection(&Conexao);
-    cmdGeral.setCommandType(1);
-    cmdGeral.setCommandText(comando);
-    rs.setCursorLocation(3);
-    rs.Open(cmdGeral, 1, 2);
 }
 
 void frmcadusuario::Form_Unload()

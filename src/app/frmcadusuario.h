@@ -38,7 +38,6 @@ private:
     void grava(const QString& nome, const QString& senhaNova);
     void limpaTela();
     void reabre();
-    void executa(const QString& comando);
 
     std::unique_ptr<Ui::frmcadusuario> ui;
     ADODB::Recordset rs;

@@ -32,15 +32,20 @@ void FechaConexao()
         Conexao.Close();
 }
 
-void ExecutaComando(const QString& comando)
+void ComandoGeral(const QString& comando)
 {
-    ReabreConexao();
     cmdGeral.setActiveConnection(&Conexao);
     cmdGeral.setCommandType(1);
     cmdGeral.setCommandText(comando);
     ADODB::Recordset rs;
     rs.setCursorLocation(3);
     rs.Open(cmdGeral, 1, 2);
+}
+
+void ExecutaComando(const QString& comando)
+{
+    ReabreConexao();
+    ComandoGeral(comando);
     FechaConexao();
 }
 

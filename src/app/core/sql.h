@@ -16,8 +16,10 @@ void ReabreConexao();
 /// Closes Conexao if it is open.
 void FechaConexao();
 
-/// Runs a statement that changes rows through cmdGeral, on Conexao opened anew and closed behind it. Throws
-/// ADODB::Error.
+/// Runs a statement that changes rows through cmdGeral, on Conexao as it stands. Throws ADODB::Error.
+void ComandoGeral(const QString& comando);
+
+/// The same on Conexao opened anew and closed behind it.
 void ExecutaComando(const QString& comando);
 
 /// Who and when, for statements built as text: "MARIA 31/01/2026 08:15:00".
