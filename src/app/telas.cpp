@@ -1,5 +1,6 @@
 #include "app/telas.h"
 
+#include "agenda/frmcli_agenda.h"
 #include "app/core/menu.h"
 #include "app/frmcadusuario.h"
 #include "app/frmconfig.h"
@@ -36,5 +37,6 @@ void ligaMenu()
     abre<frmcadusuario>("cadUsu");
     abre<frmCadCentroCusto>("ctpgcadcen");
     abre<frmCadSubCentro>("ctpgcadscen");
+    abre<frmCli_Agenda>("cliAG");
     abre<frmconfig>("mnupram");
 }

@@ -1,3 +1,4 @@
+#include "agenda.h"
 #include "registers.h"
 #include "tour.h"
 
@@ -82,6 +83,7 @@ void walk(Tour& tour)
     users(tour);
     configuration(tour);
     walkRegisters(tour);
+    walkAgenda(tour);
 
     tour.screen(QStringLiteral("frmtelainicial"), [&tour](ScreenDriver& screen) {
         tour.picture(QStringLiteral("frmtelainicial_logoff"), screen);

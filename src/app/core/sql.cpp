@@ -12,6 +12,11 @@ QString aspas(const QString& texto)
     return QLatin1Char('\'') + texto + QLatin1Char('\'');
 }
 
+QString aspas(const QStringList& textos)
+{
+    return aspas(textos.join(QStringLiteral("','")));
+}
+
 void AbreConexao()
 {
     if (Conexao.State() == 0) {

@@ -1,11 +1,15 @@
 #pragma once
 
 #include <QString>
+#include <QStringList>
 
 /// How values enter a statement, and the connection's state before one.
 
 /// The text between single quotes, as it is: a quote in it breaks the statement, and that is accepted.
 QString aspas(const QString& texto);
+
+/// Several texts likewise, with a comma between them: the values of an insertion.
+QString aspas(const QStringList& textos);
 
 /// Opens Conexao with StringConexao unless it is open. Throws ADODB::Error.
 void AbreConexao();

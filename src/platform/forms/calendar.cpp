@@ -10,10 +10,18 @@ MonthCalendar::MonthCalendar(QWidget* parent) : QCalendarWidget(parent)
     setLocale(QLocale(QLocale::Portuguese, QLocale::Brazil));
     setFirstDayOfWeek(Qt::Sunday);
     setVerticalHeaderFormat(QCalendarWidget::NoVerticalHeader);
+    setHorizontalHeaderFormat(QCalendarWidget::SingleLetterDayNames); // the short names do not fit
     setGridVisible(false);
     setValue(Clock::today());
-    connect(this, &QCalendarWidget::clicked, this, &MonthCalendar::dayChosen);
-    connect(this, &QCalendarWidget::activated, this, &MonthCalendar::dayChosen);
+    connect(this, &QCalendarWidget::selectionChanged, this, [this] {
+        told_ = true;
+        QMetaObject::invokeMethod(this, [this] { told_ = false; }, Qt::QueuedConnection);
+        Q_EMIT dayChosen(Value());
+    });
+    connect(this, &QCalendarWidget::clicked, this, [this](QDate day) {
+        if (!told_)
+            Q_EMIT dayChosen(day);
+    });
 }
 
 void MonthCalendar::setValue(QDate day)

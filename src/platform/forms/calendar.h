@@ -15,6 +15,9 @@ public:
     void setValue(QDate day);
 
 Q_SIGNALS:
-    /// The user chose a day, by mouse or keyboard, also the one that was chosen already.
+    /// The user chose a day: went to it with the arrow keys, or clicked it, also the one chosen already.
     void dayChosen(QDate day);
+
+private:
+    bool told_ = false; ///< by the change of the chosen day, which a click causes before it is told itself
 };

@@ -267,3 +267,10 @@ void Form::watchMouse(QWidget* widget, QEvent::Type type, std::function<void()> 
         target = view->viewport();
     new MouseWatch(target, type, std::move(handler));
 }
+
+void chooseFirst(QComboBox& list)
+{
+    if (list.count() == 0)
+        Errors::invalidProperty(list.objectName());
+    list.setCurrentIndex(0);
+}

@@ -182,6 +182,9 @@ private:
     bool enterMovesOn_ = true;
 };
 
+/// Chooses the first item of a list. Throws RuntimeError 380 for an empty one.
+void chooseFirst(QComboBox& list);
+
 /// Sends a key string to the control that has the focus: plain characters, and the names {TAB}, {ENTER},
 /// {ESC}, {F1} to {F12}, {HOME}, {END}, {UP}, {DOWN}, {LEFT}, {RIGHT}, {BS}, {DEL}. Throws RuntimeError 5 for
 /// a name that is none of these.

@@ -63,12 +63,12 @@ QListView, QTableView, QTreeView {
     selection-background-color: #cfe7ec; selection-color: #10242e; outline: 0; gridline-color: #e3e9ed;
 }
 QListView:focus, QTableView:focus { border: 2px solid #0f6b7c; padding: 0; }
-QTableView::item { padding: 0 6px; border: none; }
+QTableView::item { padding: 0 3px; border: none; }
 QTableView::item:selected { background: #cfe7ec; color: #10242e; }
 QHeaderView { background: #e6edf1; border: none; }
 QHeaderView::section {
     background: #e6edf1; color: #33424e; border: none; border-right: 1px solid #d3dbe1; border-bottom: 1px solid #c3ced6;
-    padding: 5px 9px;
+    padding: 5px 6px;
 }
 
 QMenuBar { background: #ffffff; border-bottom: 1px solid #d3dbe1; padding: 3px 6px; }
@@ -79,6 +79,10 @@ QMenu { background: #ffffff; border: 1px solid #aebbc5; padding: 4px; }
 QMenu::item { padding: 6px 26px 6px 14px; border-radius: 3px; color: #1d2b36; }
 QMenu::item:selected { background: #cfe7ec; }
 QMenu::item:disabled { color: #97a3ad; background: transparent; }
+
+QLabel[role="title"] { color: #0f6b7c; }
+QLabel[role="link"] { color: #0f6b7c; }
+QLabel[role="link"]:hover { text-decoration: underline; }
 
 StatusBar { background: #e6edf1; border: none; border-top: 1px solid #c3ced6; }
 StatusBar QLabel { color: #33424e; padding: 1px 10px; }
@@ -93,6 +97,10 @@ QCalendarWidget QWidget#qt_calendar_navigationbar { background: #0f6b7c; }
 QCalendarWidget QToolButton { background: transparent; color: #ffffff; border: none; padding: 4px 8px; border-radius: 4px; }
 QCalendarWidget QToolButton:hover { background: #0c5866; }
 QCalendarWidget QAbstractItemView { selection-background-color: #0f6b7c; selection-color: #ffffff; border: none; }
+QCalendarWidget QTableView::item { padding: 0; }
+QCalendarWidget QTableView::item:selected { background: #0f6b7c; color: #ffffff; }
+QCalendarWidget QToolButton#qt_calendar_prevmonth { qproperty-icon: url(:/theme/left.svg); }
+QCalendarWidget QToolButton#qt_calendar_nextmonth { qproperty-icon: url(:/theme/right.svg); }
 
 QTabWidget::pane { background: #ffffff; border: 1px solid #d3dbe1; border-radius: 4px; }
 QTabBar::tab { background: #e6edf1; border: 1px solid #d3dbe1; padding: 6px 14px; border-top-left-radius: 4px; border-top-right-radius: 4px; }

@@ -7,7 +7,8 @@
 /// style sheet, so that a screen can scale them.
 ///
 /// A push button with the property "role" set to "primary" is the screen's main action, "danger" one that
-/// removes.
+/// removes. A label with "title" heads a part of the screen, one with "link" can be clicked. A frame with
+/// "card" stands out from the ground.
 namespace Theme {
 
 void apply(QApplication& application);

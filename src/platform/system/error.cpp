@@ -27,6 +27,11 @@ void objectNotSet()
     throw RuntimeError(91, QStringLiteral("Variável de objeto não definida"));
 }
 
+void invalidProperty(const QString& control)
+{
+    throw RuntimeError(380, QStringLiteral("Valor de propriedade inválido: %1").arg(control));
+}
+
 void fileAccess(const QString& path, const QString& reason)
 {
     throw RuntimeError(75, QStringLiteral("Erro de acesso ao arquivo %1: %2").arg(path, reason));

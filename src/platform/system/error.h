@@ -8,7 +8,7 @@
 ///
 /// Numbers follow the field's usual run-time numbers, so that a support line can look them up:
 /// 5 invalid argument, 6 overflow, 9 subscript out of range, 13 type mismatch, 53 file not found, 70
-/// permission denied, 75 path or file access error, 91 object not set.
+/// permission denied, 75 path or file access error, 91 object not set, 380 invalid property value.
 class RuntimeError : public std::runtime_error
 {
 public:
@@ -29,5 +29,6 @@ namespace Errors {
 [[noreturn]] void subscriptOutOfRange();
 [[noreturn]] void typeMismatch(const QString& text);
 [[noreturn]] void objectNotSet();
+[[noreturn]] void invalidProperty(const QString& control);
 [[noreturn]] void fileAccess(const QString& path, const QString& reason);
 } // namespace Errors

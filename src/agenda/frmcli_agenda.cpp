@@ -1,0 +1,307 @@
+#include "agenda/frmcli_agenda.h"
+
+#include "agenda/frmcli_agenda_pesquisa.h"
+#include "agenda/linhaagenda.h"
+#include "agenda/sinaisagenda.h"
+#include "app/core/menu.h"
+#include "app/core/sql.h"
+#include "app/core/variaveis.h"
+#include "platform/forms/dialogs.h"
+#include "platform/forms/hourglass.h"
+#include "platform/system/clock.h"
+#include "platform/system/error.h"
+#include "platform/values/date.h"
+#include "platform/values/format.h"
+#include "platform/values/number.h"
+#include "platform/values/text.h"
+#include "ui_frmcli_agenda.h"
+
+#include <QSignalBlocker>
+
+using namespace Variaveis;
+
+namespace {
+
+constexpr int larguraNome = 45;
+
+QString hojePorExtenso()
+{
+    const QDate hoje = Clock::today();
+    return QStringLiteral("HOJE: %1, %2 de %3 de %4")
+        .arg(weekdayName(weekday(hoje)), QString::number(hoje.day()), monthName(hoje.month()),
+             QString::number(hoje.year()));
+}
+
+QString emColuna(QDate dia)
+{
+    return Format(dia, u"yyyy/mm/dd");
+}
+
+} // namespace
+
+frmCli_Agenda::frmCli_Agenda() : ui(std::make_unique<Ui::frmCli_Agenda>())
+{
+    ui->setupUi(this);
+    ui->List1->setSorted(true);
+    SinaisAgenda::veste(*ui->List1, *ui->lTit);
+    SinaisAgenda::legenda(*ui->legenda->layout());
+    ui->frmAgendamento->hide();
+    QPalette aviso = ui->lFeriado->palette();
+    aviso.setColor(QPalette::Window, QColor(0xfd, 0xe9, 0xc2));
+    aviso.setColor(QPalette::WindowText, QColor(0x7a, 0x49, 0x00));
+    ui->lFeriado->setPalette(aviso);
+    ui->DataGrid1->setColumns({{QStringLiteral("HORA"), QStringLiteral("HORÁRIO"), 8},
+                               {QStringLiteral("NMPAC"), QStringLiteral("PACIENTE"), 37},
+                               {QStringLiteral("FONEPAC"), QStringLiteral("FONE"), 15},
+                               {QStringLiteral("DTNASC"), QStringLiteral("DT.NASCIMENTO"), 10},
+                               {QStringLiteral("NMPROC"), QStringLiteral("PROCEDIMENTO"), 30}});
+    ui->DataGrid1->setDataSource(&Adodc1);
+    wire();
+    wirePainel();
+}
+
+frmCli_Agenda::~frmCli_Agenda() = default;
+
+void frmCli_Agenda::wire()
+{
+    onClick(ui->cboPro, &frmCli_Agenda::cboPro_Click);
+    connect(ui->Calendar1, &MonthCalendar::dayChosen, this, &frmCli_Agenda::Calendar1_Click);
+    onClick(ui->lHoje, &frmCli_Agenda::lHoje_Click);
+    onClick(ui->Command1, &frmCli_Agenda::Command1_Click);
+    onClick(ui->Command6, &frmCli_Agenda::Command6_Click);
+    onDblClick(ui->DataGrid1, &frmCli_Agenda::DataGrid1_DblClick);
+    onKey(Qt::Key_F2, &frmCli_Agenda::F2);
+    onKey(Qt::Key_F3, &frmCli_Agenda::F3);
+}
+
+void frmCli_Agenda::Form_Load()
+{
+    Adodc1.setCursorLocation(ADODB::Recordset::ClientSide);
+    Adodc1.setConnectionString(StringConexao);
+    ui->lHoje->setText(hojePorExtenso());
+    ui->lTit->setText(LinhaAgenda::titulo());
+    ui->Calendar1->setValue(Clock::today());
+    colocaPainel();
+    AbreConexao();
+    {
+        const QSignalBlocker semEscolha(ui->cboPro); // a combo box chooses its first item by itself
+        ADODB::Recordset rs;
+        rs.Open("select * from profissionais where idlic = " + aspas(idlic) +
+                    " and ondeatd in ('0','2') order by nmpro",
+                Conexao, 0, 1);
+        for (; !rs.Eof(); rs.MoveNext())
+            ui->cboPro->addItem(QStringList{fixedWidth(rs.Fields("nmpro").text(), larguraNome),
+                                            rs.Fields("idpro").text(), rs.Fields("valor").text(),
+                                            rs.Fields("idesp").text(), rs.Fields("ondeatd").text()}
+                                    .join(QLatin1Char('|')));
+        ui->cboPro->setCurrentIndex(-1);
+    }
+    chooseFirst(*ui->cboPro);
+}
+
+void frmCli_Agenda::Form_Unload()
+{
+    FechaConexao();
+    Adodc1.Close();
+}
+
+void frmCli_Agenda::Form_Escape()
+{
+    if (!ui->frmAgendamento->isVisible())
+        Unload();
+}
+
+void frmCli_Agenda::F2()
+{
+    if (ui->frmAgendamento->isVisible())
+        buscaPaciente();
+    else
+        Command1_Click();
+}
+
+void frmCli_Agenda::F3()
+{
+    if (ui->frmAgendamento->isVisible())
+        buscaConvenio();
+    else
+        Command6_Click();
+}
+
+void frmCli_Agenda::tomaProfissional()
+{
+    const QStringList item = ui->cboPro->currentText().split(QLatin1Char('|'));
+    const auto fim = item.size(); // counted from the end: a name may hold the separator
+    idpro_ = item[fim - 4];
+    valor_ = readNumber(item[fim - 3]).value_or(0);
+    idesp_ = item[fim - 2].toLongLong();
+}
+
+void frmCli_Agenda::cboPro_Click()
+{
+    tomaProfissional();
+    ui->Calendar1->setValue(Clock::today());
+    MontaAgenda();
+}
+
+void frmCli_Agenda::Calendar1_Click()
+{
+    setEnabled(false);
+    {
+        const Hourglass ampulheta;
+        Repaint();
+        MontaAgenda();
+    }
+    setEnabled(true);
+    ui->Calendar1->setFocus(); // a disabled window has lost it
+}
+
+void frmCli_Agenda::lHoje_Click()
+{
+    ui->Calendar1->setValue(Clock::today());
+    MontaAgenda();
+}
+
+void frmCli_Agenda::Command1_Click()
+{
+    if (!ui->Command1->isEnabled())
+        return;
+    RetornoCodigo = idpro_;
+    RetornoNome = ui->cboPro->currentText();
+    Form::of<frmCli_Agenda_Pesquisa>().ShowModal();
+    if (const auto dia = readDate(RetornoCodigo)) {
+        ui->Calendar1->setValue(dia->date());
+        MontaAgenda();
+    }
+    RetornoCodigo.clear();
+    RetornoNome.clear();
+}
+
+void frmCli_Agenda::Command6_Click()
+{
+    std::optional<QString> escolha;
+    do {
+        escolha = InputBox(QStringLiteral("0 - AGENDA DA CLINICA\n1 - AGENDA DO HOME"),
+                           QStringLiteral("QUAL AGENDA DESEJA IMPRIMIR?"));
+        if (!escolha)
+            return;
+    } while (*escolha != QLatin1String("0") && *escolha != QLatin1String("1"));
+    if (*escolha == QLatin1String("1"))
+        Errors::objectNotSet(); // no list stands behind this choice
+    Menu::notYet(ui->Command6->text());
+}
+
+void frmCli_Agenda::DataGrid1_DblClick()
+{
+    if (!ui->DataGrid1->isEnabled() || Adodc1.Recordset().State() == 0 || Adodc1.Recordset().Eof())
+        return;
+    if (Adodc1.Recordset().Fields("status").text() == QLatin1String("1")) {
+        MsgBox(QStringLiteral("PROCEDIMENTO JÁ CONCLUIDO!"), QStringLiteral("ATENÇAO"), Icon::Exclamation);
+        return;
+    }
+    if (Adodc1.Recordset().Fields("idprof").integer() != 0 &&
+        !MsgYesNo(QStringLiteral("Procedimento já iniciado! Deseja prosseguir?"), QStringLiteral("ATENÇAO")))
+        return;
+    Menu::notYet(QStringLiteral("Agenda - Atendimento"));
+    const Hourglass ampulheta;
+    Repaint();
+    Adodc1.Refresh();
+}
+
+void frmCli_Agenda::MontaAgenda()
+{
+    const QString hora =
+        ui->List1->ListIndex() < 0 ? QString() : ui->List1->List(ui->List1->ListIndex()).left(5);
+    Adodc1.Recordset().Close();
+    Repaint();
+    ui->List1->Clear();
+    const QDate dia = ui->Calendar1->Value();
+    ui->lDia->setText(QStringLiteral("AGENDA DO DIA: ") + Format(dia, u"dd/mm/yyyy"));
+    AbreConexao();
+    mostraFeriado(dia);
+    const int naClinica = montaLista(dia);
+    mostraVisitas(dia);
+    // The second count is not kept: the grid beside it shows the visits themselves.
+    ui->lQT->setText(QStringLiteral("Clínica: %1 Home: 0").arg(naClinica));
+    // The clerk stays at the time that was looked at.
+    for (int i = 0; !hora.isEmpty() && i < ui->List1->ListCount(); ++i)
+        if (ui->List1->List(i).startsWith(hora))
+            return ui->List1->setCurrentRow(i);
+}
+
+/// A holiday is told, and changes nothing else.
+void frmCli_Agenda::mostraFeriado(QDate dia)
+{
+    ADODB::Recordset rs;
+    rs.Open("select * from feriados where idlic = " + aspas(idlic) + " and dia like " +
+                QString::number(dia.day()) + " and mes like " + QString::number(dia.month()),
+            Conexao, 0, 1);
+    ui->lFeriado->setText(rs.Eof() ? QString() : QStringLiteral("FERIADO: ") + rs.Fields("OBS").text());
+    ui->lFeriado->setAutoFillBackground(!ui->lFeriado->text().isEmpty());
+}
+
+/// Fills the list and returns the number of appointments on it.
+int frmCli_Agenda::montaLista(QDate dia)
+{
+    ADODB::Recordset rs;
+    rs.Open("select * from diahr where idlic = " + aspas(idlic) + " and idpro like " + idpro_ +
+                " and mid(dia,1,1) = " + aspas(QString::number(weekday(dia))) + " order by hr",
+            Conexao, 0, 1);
+    if (rs.Eof()) {
+        ui->List1->AddItem(LinhaAgenda::bloqueada());
+        return 0;
+    }
+    QStringList horas;
+    for (; !rs.Eof(); rs.MoveNext())
+        horas << rs.Fields("hr").text();
+    rs.Close();
+    int compromissos = 0;
+    for (const QString& doTurno : horas) {
+        compromissos += listaCompromissos(dia, doTurno);
+        listaLivres(doTurno);
+    }
+    return compromissos;
+}
+
+int frmCli_Agenda::listaCompromissos(QDate dia, const QString& horas)
+{
+    ADODB::Recordset rs;
+    rs.Open("select * from agenda_clinica left join procedimentos on agenda_clinica.idproc like "
+            "procedimentos.idproc  left join convenios on agenda_clinica.idlic = convenios.idlic and "
+            "agenda_clinica.idconv like convenios.idconv where agenda_clinica.idlic = " +
+                aspas(idlic) + " and  idpro like " + idpro_ + " and dia = " + aspas(emColuna(dia)) +
+                "  and FIND_IN_SET(hr, REPLACE(" + aspas(horas) + ",'/',','))",
+            Conexao, 0, 1);
+    int quantos = 0;
+    for (; !rs.Eof(); rs.MoveNext(), ++quantos)
+        ui->List1->AddItem(LinhaAgenda::compromisso(
+            {rs.Fields("hr").text(), rs.Fields("nmpac").text(), rs.Fields("fone").text(),
+             rs.Fields("idproc").text() + QLatin1Char(' ') + rs.Fields("nmproc").text(),
+             rs.Fields("mobesp").text(), rs.Fields("status").text(), rs.Fields("nmconv").text(),
+             rs.Fields("obs").text(), rs.Fields("evup").text(), rs.Fields("idagenda").text()}));
+    return quantos;
+}
+
+void frmCli_Agenda::listaLivres(const QString& horas)
+{
+    QSet<QString> ocupadas;
+    for (int i = 0; i < ui->List1->ListCount(); ++i)
+        ocupadas << ui->List1->List(i).left(5);
+    for (const QString& hora : horas.split(QLatin1Char('/'))) {
+        const QString linha = LinhaAgenda::horario(hora);
+        if (ocupadas.contains(linha))
+            continue;
+        ui->List1->AddItem(linha);
+        ocupadas << linha;
+    }
+}
+
+/// The visits belong to the day, whoever the professional is.
+void frmCli_Agenda::mostraVisitas(QDate dia)
+{
+    Adodc1.setRecordSource(
+        "select ca.idcontrato,ca.idprof,ca.idlan,ca.status,ca.idproc,ca.data,ca.hora,pa.nmpac,pa.dtnasc,"
+        "pd.nmproc,pa.fonepac from contrato_agenda ca left join procedimentos pd on ca.idproc like pd.idproc "
+        "left join pacientes pa on ca.idpac like pa.idpac where ca.idlic = " +
+        aspas(idlic) + " and ca.data = " + aspas(emColuna(dia)) + " order by ca.hora");
+    Adodc1.Refresh();
+}

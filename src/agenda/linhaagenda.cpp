@@ -1,0 +1,67 @@
+#include "agenda/linhaagenda.h"
+
+#include "platform/values/text.h"
+
+#include <array>
+
+namespace LinhaAgenda {
+
+namespace {
+
+constexpr QLatin1Char separador('|');
+constexpr std::array larguras{5, 40, 15, 20, 7, 3, 15, 30};
+
+QString emColunas(QStringList campos)
+{
+    for (std::size_t i = 0; i < larguras.size(); ++i)
+        campos[qsizetype(i)] = fixedWidth(campos[qsizetype(i)], larguras[i]);
+    return campos.join(separador);
+}
+
+} // namespace
+
+QString bloqueada()
+{
+    return QStringLiteral("BLOQUEADA");
+}
+
+QString titulo()
+{
+    return emColunas({QStringLiteral("Horário"), QStringLiteral("Paciente"), QStringLiteral("Telefone"),
+                      QStringLiteral("C/R"), QStringLiteral("Mobil?"), QStringLiteral("CF?"),
+                      QStringLiteral("Convênio"), QStringLiteral("OBS")});
+}
+
+QString compromisso(QStringList campos)
+{
+    return emColunas(std::move(campos));
+}
+
+QString horario(const QString& hora)
+{
+    return fixedWidth(hora, larguras[Hora]);
+}
+
+bool isHorario(const QString& linha)
+{
+    return linha.size() > 3 && linha[0].isDigit() && linha[2] == QLatin1Char(':') && linha[3].isDigit();
+}
+
+bool isLivre(const QString& linha)
+{
+    return linha.section(separador, Paciente, Paciente).trimmed().isEmpty();
+}
+
+Estado estado(const QString& linha)
+{
+    if (linha == bloqueada())
+        return Estado::Bloqueado;
+    if (isLivre(linha))
+        return Estado::Livre;
+    const QString situacao = linha.section(separador, Situacao, Situacao).trimmed();
+    if (situacao == QLatin1String("2"))
+        return Estado::Encerrado;
+    return situacao == QLatin1String("1") ? Estado::Notificado : Estado::Agendado;
+}
+
+} // namespace LinhaAgenda

@@ -1,0 +1,61 @@
+#pragma once
+
+#include "agenda/frmcli_agenda.h"
+#include "app/shell_fixture.h"
+
+/// The agenda on Monday 16/03/2026, 08:30:15, over a small clinic: ANA (11, R$ 200) works at the clinic in
+/// two blocks on Mondays and one on Tuesdays, CARLA (13, R$ 150) at both places, DAVI (14) has no hours,
+/// BRUNO (12) visits at home only; two plans, three patients, two procedures of the clinic and one at home.
+class AgendaTest : public LoggedIn
+{
+protected:
+    AgendaTest()
+    {
+        execute(u"insert into profissionais (idpro,idlic,nmpro,idesp,ondeatd,valor) values "
+                "(11,'C1','ANA',3,'0',200),(12,'C1','BRUNO',3,'1',90),(13,'C1','CARLA',4,'2',150),"
+                "(14,'C1','DAVI',4,'0',100),(15,'C2','ALHEIA',3,'0',50);"
+                "insert into diahr (idlic,idpro,dia,hr) values ('C1',11,'2 - SEGUNDA-FEIRA','13:00/13:30'),"
+                "('C1',11,'2 - SEGUNDA-FEIRA','08:00/08:30/09:00'),('C1',11,'3 - TERÇA-FEIRA','10:00'),"
+                "('C1',13,'2 - SEGUNDA-FEIRA','08:30/09:00'),('C2',15,'2 - SEGUNDA-FEIRA','07:00');"
+                "insert into convenios (idconv,idlic,nmconv,pdesc) values (5,'C1','SAÚDE TOTAL',12.5),"
+                "(6,'C1','PARTICULAR',null);"
+                "insert into pacientes (idpac,idlic,nmPac,fonepac,fonecel,idconv) values "
+                "(21,'C1','JOÃO DA SILVA','3333-1111','99999-1111',5),(22,'C1','RITA',null,'99999-2222',6),"
+                "(23,'C2','ALHEIO','1','2',5);"
+                "insert into procedimentos (idproc,idlic,nmproc,ondeatd) values (31,'C1','CONSULTA','0'),"
+                "(32,'C1','RETORNO','0'),(33,'C1','CURATIVO','1')"_qs);
+    }
+
+    /// A booked row of the agenda.
+    static void book(const QString& key, int professional, int patient, const QString& name,
+                     const QString& day, const QString& time, const QString& status = u"0"_qs)
+    {
+        execute(u"insert into agenda_clinica (idlic,idagenda,fone,idpro,idesp,idconv,idpac,nmpac,dia,hr,obs,"
+                "idproc,valor,status,evcad,evup,mobesp,ondeatd) values ('C1','%1','FONE',%2,3,5,%3,'%4','%5',"
+                "'%6','OBSERVAÇÃO',32,180.5,'%7','X','Y','1 - Sim','0')"_qs.arg(
+                    key, QString::number(professional), QString::number(patient), name, day, time, status));
+    }
+
+    /// What a clerk types for a new appointment on the line, up to the saving.
+    static void fill(ScreenDriver& agenda, int line, const QString& patient)
+    {
+        agenda.doubleClickRow(u"List1"_qs, line);
+        agenda.type(u"txtIdPac"_qs, patient);
+        agenda.press(Qt::Key_Return);
+    }
+
+    static QStringList agendaKeys()
+    {
+        return flat(u"select idagenda from agenda_clinica order by idagenda"_qs);
+    }
+
+    static QStringList flat(const QString& query)
+    {
+        QStringList all;
+        for (const QStringList& row : rows(query))
+            all << row.join(u'|');
+        return all;
+    }
+
+    static constexpr const char* monday = "2026/03/16";
+};
