@@ -1,0 +1,131 @@
+#include "agenda/fechamento.h"
+
+#include "app/core/sql.h"
+#include "app/core/variaveis.h"
+#include "platform/system/clock.h"
+#include "platform/values/format.h"
+#include "platform/values/number.h"
+#include "platform/values/text.h"
+
+#include <numeric>
+
+using namespace Variaveis;
+
+namespace {
+
+const QChar barra = QLatin1Char('|');
+
+QString linhaDoProcedimento(const QString& nome, const QString& qtde, const QString& valor,
+                            const QString& convenio, const QString& idconv, const QString& idproc)
+{
+    // A number that does not fit makes its line longer and loses no figure.
+    return QStringList{fixedWidth(nome, 45),     qtde.rightJustified(6), valor.rightJustified(15),
+                       fixedWidth(convenio, 25), fixedWidth(idconv, 10), fixedWidth(idproc, 10)}
+        .join(barra);
+}
+
+QString linhaDoPagamento(const QString& tipo, const QString& valor, const QString& obs)
+{
+    return QStringList{fixedWidth(tipo, 20), valor.rightJustified(15), obs}.join(barra);
+}
+
+QString comPonto(double valor, QStringView mascara)
+{
+    return Format(valor, mascara).replace(QLatin1Char(','), QLatin1Char('.'));
+}
+
+QString listaDeValores(const QStringList& valores)
+{
+    QStringList textos;
+    for (const QString& valor : valores)
+        textos << aspas(valor);
+    return QLatin1Char('(') + textos.join(QLatin1Char(',')) + QLatin1Char(')');
+}
+
+void gravaLinha(const QString& comando)
+{
+    AbreConexao();
+    Conexao.BeginTrans();
+    Conexao.Execute(comando);
+    Conexao.CommitTrans();
+}
+
+} // namespace
+
+double emCentavos(double valor)
+{
+    return toNumber(Currency(valor));
+}
+
+double ProcedimentoCobrado::total() const
+{
+    return toNumber(qtde) * valor;
+}
+
+QString ProcedimentoCobrado::linha() const
+{
+    return linhaDoProcedimento(nome, qtde, Currency(valor), convenio, idconv, idproc);
+}
+
+QString ProcedimentoCobrado::titulo()
+{
+    return linhaDoProcedimento(QStringLiteral("Procedimento"), QStringLiteral("Qtde"),
+                               QStringLiteral("Valor"), QStringLiteral("Convênio"),
+                               QStringLiteral("Cód.Conv."), QStringLiteral("Cód.Proc."));
+}
+
+QString PagamentoRecebido::linha() const
+{
+    return linhaDoPagamento(tipo, Currency(valor), obs);
+}
+
+QString PagamentoRecebido::titulo()
+{
+    return linhaDoPagamento(QStringLiteral("Tipo"), QStringLiteral("Valor"), QStringLiteral("Histórico"));
+}
+
+double Fechamento::total() const
+{
+    return std::accumulate(procedimentos.begin(), procedimentos.end(), 0.0,
+                           [](double soma, const ProcedimentoCobrado& um) { return soma + um.total(); });
+}
+
+double Fechamento::pago() const
+{
+    return std::accumulate(pagamentos.begin(), pagamentos.end(), 0.0,
+                           [](double soma, const PagamentoRecebido& um) { return soma + um.valor; });
+}
+
+void Fechamento::grava() const
+{
+    const QString idatendimento = QLatin1Char('0') + idpac + Format(Clock::now(), u"ddmmyyyyhhmmss");
+    for (const ProcedimentoCobrado& procedimento : procedimentos)
+        grava(procedimento, idatendimento);
+    for (const PagamentoRecebido& pagamento : pagamentos)
+        grava(pagamento, idatendimento);
+    gravaLinha("update agenda_clinica set status = '2' where idlic = " + aspas(idlic) +
+               " and idagenda = " + aspas(idagenda));
+}
+
+void Fechamento::grava(const ProcedimentoCobrado& procedimento, const QString& idatendimento) const
+{
+    const QString hr = QString(hora).remove(QLatin1Char(':'));
+    const QString idlan = idlic.trimmed() + QLatin1Char('0') + Format(data, u"ddmmyy") + hr + idpac +
+                          procedimento.idproc + idprof;
+    // The quantity without the points of its groups, which would be decimal points to the server.
+    gravaLinha("insert into atendimentos "
+               "(idlan,idlic,ondeatd,idprof,idproc,dt,hr,qtde,valor,cf,idatendimento,idconv,evcad,idpac) "
+               "values " +
+               listaDeValores({idlan, idlic, QStringLiteral("0"), idprof, procedimento.idproc,
+                               Format(data, u"yyyy/mm/dd"), hr, plainNumber(toNumber(procedimento.qtde)),
+                               comPonto(procedimento.valor, u"#########0.00##"), QStringLiteral("N"),
+                               idatendimento, procedimento.idconv, carimbo(), idpac}));
+}
+
+void Fechamento::grava(const PagamentoRecebido& pagamento, const QString& idatendimento) const
+{
+    gravaLinha(
+        "insert into atendimento_finan (idlic,idatend,mp,obs,valor,cf,evcad) values " +
+        listaDeValores({idlic, idatendimento, pagamento.tipo.trimmed(), pagamento.obs.trimmed(),
+                        comPonto(pagamento.valor, u"###########0.00##"), QStringLiteral("N"), carimbo()}));
+}

@@ -1,0 +1,302 @@
+#include "agenda/frmcli_agendacf.h"
+
+#include "app/core/sql.h"
+#include "app/core/variaveis.h"
+#include "platform/data/recordset.h"
+#include "platform/forms/dialogs.h"
+#include "platform/forms/hourglass.h"
+#include "platform/forms/theme.h"
+#include "platform/values/format.h"
+#include "platform/values/number.h"
+#include "registers/buscas.h"
+#include "ui_frmcli_agendacf.h"
+
+using namespace Variaveis;
+
+namespace {
+
+QString campo(const QString& item, int qual)
+{
+    return item.section(QLatin1Char('|'), qual, qual).trimmed();
+}
+
+bool isVazia(const QLineEdit* caixa)
+{
+    return caixa->text().trimmed().isEmpty();
+}
+
+QString codigo(const QLineEdit* caixa)
+{
+    return QString::number(integerPart(caixa->text()));
+}
+
+/// Puts the column of the row found into the box, which stays as it is where none is found.
+void mostraNome(QLineEdit* nome, const QString& coluna, const QString& consulta)
+{
+    AbreConexao();
+    ADODB::Recordset rs;
+    rs.Open(consulta, Conexao, 0, 1);
+    if (!rs.Eof())
+        nome->setText(rs.Fields(coluna).text());
+    rs.Close();
+}
+
+/// Takes the current line out of the list, and out of `linhas` behind it, if the user says so.
+template <class Linha>
+void estorna(ListBox* lista, std::vector<Linha>& linhas)
+{
+    if (!MsgYesNo(QStringLiteral("Estorna?"), QStringLiteral("Atenção")))
+        return;
+    const int qual = lista->ListIndex();
+    lista->RemoveItem(qual);
+    linhas.erase(linhas.begin() + qual);
+}
+
+void avisa(const QString& texto)
+{
+    MsgBox(texto, QStringLiteral("ATENÇÃO"));
+}
+
+} // namespace
+
+frmCli_AgendaCF::frmCli_AgendaCF() : ui(std::make_unique<Ui::frmCli_AgendaCF>())
+{
+    ui->setupUi(this);
+    ui->lTit1->setFont(Theme::fixedFont());
+    ui->lTit1->setText(ProcedimentoCobrado::titulo());
+    ui->lTit2->setFont(Theme::fixedFont());
+    ui->lTit2->setText(PagamentoRecebido::titulo());
+    QFont totais = Theme::fixedFont();
+    totais.setPointSizeF(14);
+    totais.setBold(true);
+    ui->List3->setFont(totais);
+    // The layout keeps the hidden card's place over the lists, and so the card follows the window's size.
+    QSizePolicy noLugar = ui->frmMPP->sizePolicy();
+    noLugar.setRetainSizeWhenHidden(true);
+    ui->frmMPP->setSizePolicy(noLugar);
+    ui->frmMPP->hide();
+    ui->cboMP->setCurrentIndex(-1);
+    wire();
+}
+
+frmCli_AgendaCF::~frmCli_AgendaCF() = default;
+
+void frmCli_AgendaCF::wire()
+{
+    onChange(ui->txtIdProc, &frmCli_AgendaCF::txtIdProc_Change);
+    onLostFocus(ui->txtIdProc, &frmCli_AgendaCF::txtIdProc_LostFocus);
+    onChange(ui->txtIdConv, &frmCli_AgendaCF::txtIdConv_Change);
+    onLostFocus(ui->txtIdConv, &frmCli_AgendaCF::txtIdConv_LostFocus);
+    selectOnFocus(ui->txtQt);
+    onClick(ui->txtQt, &frmCli_AgendaCF::txtQt_Click);
+    selectOnFocus(ui->txtVR);
+    onClick(ui->txtVR, &frmCli_AgendaCF::txtVR_Click);
+    onClick(ui->Command2, &frmCli_AgendaCF::Command2_Click);
+    onDblClick(ui->List1, &frmCli_AgendaCF::List1_DblClick);
+    onDblClick(ui->List2, &frmCli_AgendaCF::List2_DblClick);
+    onClick(ui->cboMP, &frmCli_AgendaCF::cboMP_Click);
+    onClick(ui->Command16, &frmCli_AgendaCF::Command16_Click);
+    onClick(ui->Command17, &frmCli_AgendaCF::Command17_Click);
+    onClick(ui->Command1, &frmCli_AgendaCF::Command1_Click);
+    onKey(Qt::Key_F2, &frmCli_AgendaCF::procuraProcedimento);
+    onKey(Qt::Key_F3, &frmCli_AgendaCF::procuraConvenio);
+}
+
+void frmCli_AgendaCF::recebe(const AtendimentoAFechar& atendimento)
+{
+    fechamento_ = {.idpac = atendimento.idPac.trimmed(),
+                   .idprof = campo(atendimento.profissional, 1),
+                   .idagenda = atendimento.idAgenda,
+                   .data = atendimento.data,
+                   .hora = atendimento.hora,
+                   .procedimentos = {},
+                   .pagamentos = {}};
+    ui->lPac->setText(atendimento.idPac + QStringLiteral(" | ") + atendimento.nmPac);
+    ui->lIdAgenda->setText(atendimento.idAgenda);
+    ui->lProf->setText(atendimento.profissional);
+    ui->lDT->setText(atendimento.data);
+    ui->lHR->setText(atendimento.hora);
+    // A code first: its change empties the name.
+    ui->txtIdProc->setText(campo(atendimento.procedimento, 1));
+    ui->txtNmProc->setText(campo(atendimento.procedimento, 0));
+    ui->txtVR->setText(atendimento.valor);
+    ui->txtQt->setText(QStringLiteral("1"));
+    ui->txtIdConv->setText(atendimento.idConv);
+    ui->txtNmConv->setText(atendimento.nmConv);
+}
+
+void frmCli_AgendaCF::procuraProcedimento()
+{
+    if (!ui->txtIdProc->isEnabled())
+        return;
+    RetornoCodigo = QStringLiteral("0"); // the clinic's
+    RetornoNome.clear();
+    Form::of<frmBuscaProcedimentos>().ShowModal();
+    if (!isNumeric(RetornoCodigo))
+        return;
+    ui->txtIdProc->setText(RetornoCodigo.trimmed());
+    ui->txtNmProc->setText(RetornoNome.trimmed());
+}
+
+void frmCli_AgendaCF::procuraConvenio()
+{
+    if (!ui->txtIdConv->isEnabled())
+        return;
+    RetornoCodigo.clear();
+    RetornoNome.clear();
+    Form::of<frmBuscaConvenios>().ShowModal();
+    if (!isNumeric(RetornoCodigo))
+        return;
+    ui->txtIdConv->setText(RetornoCodigo.trimmed());
+    ui->txtNmConv->setText(RetornoNome.trimmed());
+}
+
+void frmCli_AgendaCF::txtIdProc_Change()
+{
+    ui->txtNmProc->clear();
+}
+
+void frmCli_AgendaCF::txtIdProc_LostFocus()
+{
+    if (isNumeric(ui->txtIdProc->text()))
+        mostraNome(ui->txtNmProc, QStringLiteral("nmproc"),
+                   "select * from procedimentos where idlic = " + aspas(idlic) + " and idproc like " +
+                       codigo(ui->txtIdProc) + " and ondeatd = '0'");
+}
+
+void frmCli_AgendaCF::txtIdConv_Change()
+{
+    ui->txtNmConv->clear();
+}
+
+void frmCli_AgendaCF::txtIdConv_LostFocus()
+{
+    if (isNumeric(ui->txtIdConv->text()))
+        mostraNome(ui->txtNmConv, QStringLiteral("nmconv"),
+                   "select * from convenios where idlic = " + aspas(idlic) + " and idconv like " +
+                       codigo(ui->txtIdConv));
+}
+
+void frmCli_AgendaCF::txtQt_Click()
+{
+    ui->txtQt->selectAll();
+}
+
+void frmCli_AgendaCF::txtVR_Click()
+{
+    ui->txtVR->selectAll();
+}
+
+bool frmCli_AgendaCF::recusa()
+{
+    const QString valor = ui->txtVR->text();
+    const QString qtde = ui->txtQt->text();
+    if (isVazia(ui->txtNmProc) || isVazia(ui->txtNmConv) || !isNumeric(valor) || !isNumeric(qtde)) {
+        avisa(QStringLiteral("--- ERRO --- DADOS INVÁLIDOS!"));
+        return true;
+    }
+    if (toNumber(valor) < 0) {
+        avisa(QStringLiteral("--- ERRO --- VALOR NÃO PODE SER MENOR QUE ZERO!"));
+        return true;
+    }
+    if (toNumber(qtde) <= 0) {
+        avisa(QStringLiteral("--- ERRO --- QTDE NÃO PODE SER MENOR E/OU IGUAL A ZERO!"));
+        return true;
+    }
+    return false;
+}
+
+void frmCli_AgendaCF::Command2_Click()
+{
+    if (recusa())
+        return;
+    fechamento_.procedimentos.push_back({ui->txtNmProc->text(), ui->txtQt->text().trimmed(),
+                                         emCentavos(toNumber(ui->txtVR->text())), ui->txtNmConv->text(),
+                                         ui->txtIdConv->text().trimmed(), ui->txtIdProc->text().trimmed()});
+    ui->List1->AddItem(fechamento_.procedimentos.back().linha());
+    for (QLineEdit* caixa : {ui->txtIdProc, ui->txtNmProc, ui->txtQt, ui->txtVR})
+        caixa->clear();
+    Totaliza();
+    ui->txtIdProc->setFocus();
+}
+
+void frmCli_AgendaCF::List1_DblClick()
+{
+    estorna(ui->List1, fechamento_.procedimentos);
+    Totaliza();
+}
+
+void frmCli_AgendaCF::List2_DblClick()
+{
+    estorna(ui->List2, fechamento_.pagamentos);
+    Totaliza();
+}
+
+/// What could change the totals, while a payment is taken.
+void frmCli_AgendaCF::permite(bool sim)
+{
+    for (QWidget* controle : std::initializer_list<QWidget*>{ui->cboMP, ui->Command1, ui->Command2, ui->List1,
+                                                             ui->List2, ui->txtIdProc, ui->txtIdConv})
+        controle->setEnabled(sim);
+}
+
+void frmCli_AgendaCF::cboMP_Click()
+{
+    ui->lMP->setText(ui->cboMP->currentText());
+    ui->txtVrMp->clear();
+    ui->txtobs->clear();
+    ui->frmMPP->show();
+    ui->frmMPP->raise();
+    ui->txtVrMp->setFocus(); // before its own combo box, disabled, hands the focus to some other control
+    permite(false);
+}
+
+void frmCli_AgendaCF::Command16_Click()
+{
+    const QString valor = ui->txtVrMp->text();
+    if (!isNumeric(valor) || toNumber(valor) <= 0)
+        return avisa(QStringLiteral("--- ERRO --- VALOR INVÁLIDO!"));
+    fechamento_.pagamentos.push_back({ui->lMP->text(), emCentavos(toNumber(valor)), ui->txtobs->text()});
+    ui->List2->AddItem(fechamento_.pagamentos.back().linha());
+    Command17_Click();
+}
+
+void frmCli_AgendaCF::Command17_Click()
+{
+    permite(true);
+    ui->cboMP->setCurrentIndex(-1); // so that the same kind can be chosen again
+    ui->cboMP->setFocus();
+    ui->frmMPP->hide();
+    Totaliza();
+}
+
+void frmCli_AgendaCF::Totaliza()
+{
+    ui->Command1->setEnabled(!fechamento_.procedimentos.empty());
+    const double total = fechamento_.total();
+    const double pago = fechamento_.pago();
+    ui->List3->Clear();
+    ui->List3->AddItem(QStringLiteral("Total a Pagar.: ") + Currency(total));
+    ui->List3->AddItem(QStringLiteral("Total Pago....: ") + Currency(pago));
+    ui->List3->AddItem(QStringLiteral("Falta.........: ") + Currency(total - pago));
+    // As it is shown: a remainder that nobody can see must not refuse the closing.
+    Falta = emCentavos(total - pago);
+    if (Falta > 0)
+        ui->List3->item(2)->setForeground(QColor(0xa3241d));
+}
+
+void frmCli_AgendaCF::Command1_Click()
+{
+    if (!MsgYesNo(QStringLiteral("Confirma?"), QStringLiteral("Atenção")))
+        return;
+    if (Falta > 0)
+        return avisa(QStringLiteral("--- ERRO --- VALOR TOTAL RECEBIDO INFERIOR AO TOTAL A PAGAR!"));
+    for (QWidget* controle : std::initializer_list<QWidget*>{ui->Command1, ui->List1, ui->List2, ui->Command2,
+                                                             ui->txtIdProc, ui->txtIdConv})
+        controle->setEnabled(false);
+    const Hourglass ampulheta;
+    Repaint();
+    fechamento_.grava();
+    RetornoFechamento = QStringLiteral("S");
+    Unload();
+}
