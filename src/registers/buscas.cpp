@@ -16,6 +16,7 @@ namespace {
 const QString porNome = QStringLiteral("PESQUISA PELO NOME");
 const QString semPermissao = QStringLiteral("Perfil sem permissão!");
 const QString naoAutorizado = QStringLiteral("Perfil não autorizado!");
+const QString centroNaoAutorizado = QStringLiteral("--- Perfil não autorizado!");
 
 /// Texts that hold what was typed somewhere.
 QString contem(const QString& texto)
@@ -44,8 +45,7 @@ std::vector<GridColumn> codigoENome(const QString& codigo, const QString& nome, 
 QString profissionais()
 {
     return "select p.idpro,p.cidade,p.nrcon,p.fonefixo,p.fonecel,p.nmpro,e.nmesp from profissionais p left "
-           "join "
-           "especialidades e on p.idesp like e.idesp where p.idlic = " +
+           "join especialidades e on p.idesp like e.idesp where p.idlic = " +
            aspas(idlic);
 }
 
@@ -111,13 +111,9 @@ frmBuscaGrupo::frmBuscaGrupo()
 {
 }
 
-BuscaDeCentro::BuscaDeCentro(const DescricaoBusca& descricao) : Busca(descricao), direito_(descricao.direito)
+bool BuscaDeCentro::podeCadastrar(const QString& direito) const
 {
-}
-
-bool BuscaDeCentro::podeCadastrar() const
-{
-    Resultado = Funcoes::PerfilValor({}, direito_);
+    Resultado = Funcoes::PerfilValor({}, direito);
     return Resultado.toString() != QLatin1String("1");
 }
 
@@ -133,7 +129,7 @@ frmBuscaCentroCusto::frmBuscaCentroCusto()
            .codigo = QStringLiteral("cdcen"),
            .nome = QStringLiteral("nmcen"),
            .direito = QStringLiteral("ctpgcadcen"),
-           .recusa = QStringLiteral("--- Perfil não autorizado!"),
+           .recusa = centroNaoAutorizado,
            .cadastro = abre<frmCadCentroCusto>(),
            .colunas = codigoENome(QStringLiteral("cdcen"), QStringLiteral("nmcen"),
                                   QStringLiteral("CENTRO DE CUSTOS"))})
@@ -154,7 +150,7 @@ frmBuscaSubCentroCusto::frmBuscaSubCentroCusto()
                      .codigo = QStringLiteral("cdscen"),
                      .nome = QStringLiteral("nmscen"),
                      .direito = QStringLiteral("ctpgcadscen"),
-                     .recusa = QStringLiteral("--- Perfil não autorizado!"),
+                     .recusa = centroNaoAutorizado,
                      .cadastro = abre<frmCadSubCentro>(),
                      .colunas = codigoENome(QStringLiteral("cdscen"), QStringLiteral("nmscen"),
                                             QStringLiteral("SUBCENTRO DE CUSTOS"))})
