@@ -182,6 +182,7 @@ TEST_F(Searches, TheListOfASearchStaysUntilTheNext)
             plans.press(Qt::Key_Escape);
         });
         screen.click(u"Command6"_qs);
+        EXPECT_EQ(screen.focused(), u"DataGrid1");
         EXPECT_EQ(names(screen), (QStringList{u"BIA"_qs, u"BIANCA"_qs}));
         screen.press(Qt::Key_F2);
         EXPECT_EQ(names(screen), (QStringList{u"ANA"_qs, u"BIA"_qs, u"BIANCA"_qs}));
