@@ -241,11 +241,11 @@ frmBuscaFornecedor::frmBuscaFornecedor()
            .direito = QStringLiteral("cadfor"),
            .recusa = semPermissao,
            .cadastro = abre<frmCadFor>(),
-           .colunas = {{QStringLiteral("cdfor"), QStringLiteral("CÓDIGO"), 9},
-                       {QStringLiteral("nmfor"), QStringLiteral("NOME"), 34},
-                       {QStringLiteral("nmfant"), QStringLiteral("APELIDO"), 21},
-                       {QStringLiteral("cpf"), QStringLiteral("CPF/CNPJ"), 19},
-                       {QStringLiteral("fonefixo"), QStringLiteral("FONE"), 17}}})
+           .colunas = {{QStringLiteral("cdfor"), QStringLiteral("CÓDIGO"), 8},
+                       {QStringLiteral("nmfor"), QStringLiteral("NOME"), 31},
+                       {QStringLiteral("nmfant"), QStringLiteral("APELIDO"), 27},
+                       {QStringLiteral("cpf"), QStringLiteral("CPF/CNPJ"), 18},
+                       {QStringLiteral("fonefixo"), QStringLiteral("FONE"), 16}}})
 {
 }
 
@@ -303,10 +303,10 @@ frmBuscaProf::frmBuscaProf()
              .recusa = naoAutorizado,
              .cadastro = abre<frmCadProfissionais>(),
              .colunas = {{QStringLiteral("idpro"), QStringLiteral("CÓDIGO"), 9},
-                         {QStringLiteral("nmpro"), QStringLiteral("PROFISSIONAL"), 30},
-                         {QStringLiteral("nmesp"), QStringLiteral("ESPECIALIDADE"), 20},
-                         {QStringLiteral("nrcon"), QStringLiteral("CONSELHO"), 13},
-                         {QStringLiteral("fonecel"), QStringLiteral("CELULAR"), 14},
+                         {QStringLiteral("nmpro"), QStringLiteral("PROFISSIONAL"), 25},
+                         {QStringLiteral("nmesp"), QStringLiteral("ESPECIALIDADE"), 17},
+                         {QStringLiteral("nrcon"), QStringLiteral("CONSELHO"), 18},
+                         {QStringLiteral("fonecel"), QStringLiteral("CELULAR"), 17},
                          {QStringLiteral("cidade"), QStringLiteral("CIDADE"), 14}}})
 {
 }
