@@ -87,12 +87,15 @@ TEST(Documents, AcceptedRefusedAndMasked)
     }
 }
 
-TEST(PostalCode, AddressesReadFromTheAnswer)
+TEST(PostalCode, AddressesAndFailures)
 {
+    const QString noXml = u"91 A resposta não é um documento XML"_qs;
     const struct
     {
         QByteArray xml;
         QString address;
+        QString failure = {};
+        QByteArray status = "200 OK";
     } rows[] = {
         {"<?xml version=\"1.0\" encoding=\"UTF-8\"?>\n<xmlcep>\n  <cep>01001-000</cep>\n"
          "  <logradouro>Praça da Sé</logradouro>\n  <complemento/>\n  <bairro>Sé</bairro>\n"
@@ -105,46 +108,38 @@ TEST(PostalCode, AddressesReadFromTheAnswer)
         {"<w><cidade>B</cidade><localidade>A</localidade></w>", u" ||A||"_qs},
         {"<w><x><uf>RJ</uf></x><uf>SP</uf></w>", u" |||SP|"_qs},
         {"<xmlcep><erro>true</erro></xmlcep>", u" ||||"_qs},
+        {"<w><uf>SP</uf></w>", {}, u"404 O serviço respondeu com um erro"_qs, "404 Not Found"},
+        {"<w><uf>SP</uf>", {}, noXml},
+        {"<w><uf>SP</uf></w><w/>", {}, noXml},
+        {"{\"uf\": \"SP\"}", {}, noXml},
+        {"", {}, noXml},
+        {"<!DOCTYPE w [<!ENTITY e SYSTEM \"file:///etc/hostname\">]><w><uf>&e;</uf></w>",
+         {},
+         u"91 Elemento sem conteúdo: uf"_qs},
+        {"<w><uf>SP</uf><bairro></bairro></w>", {}, u"91 Elemento sem conteúdo: bairro"_qs},
+        {"<w><resultado_txt/></w>", {}, u"91 Elemento sem conteúdo: resultado_txt"_qs},
     };
     ScriptedDialogs dialogs;
     for (const auto& row : rows) {
-        OneAnswer server(OneAnswer::http("200 OK", row.xml));
+        if (!row.failure.isEmpty())
+            dialogs.expect(boxText(row.failure), u"Atenção"_qs);
+        OneAnswer server(OneAnswer::http(row.status, row.xml));
         const Services services(server.host());
         EXPECT_EQ(Funcoes::BuscaCep(u"01001000"_qs), row.address);
         EXPECT_TRUE(server.request().startsWith("GET /ws/01001000/xml/ HTTP/1.1\r\n"));
+        dialogs.verify();
     }
 }
 
-TEST(PostalCode, EveryFailureIsToldAndGivesNothing)
+TEST(PostalCode, NobodyAnswers)
 {
-    const QString noXml = u"91 A resposta não é um documento XML"_qs;
-    const struct
-    {
-        QByteArray answer;
-        QString failure;
-    } rows[] = {
-        {OneAnswer::http("404 Not Found", "<w><uf>SP</uf></w>"), u"404 O serviço respondeu com um erro"_qs},
-        {OneAnswer::http("200 OK", "<w><uf>SP</uf>"), noXml},
-        {OneAnswer::http("200 OK", "<w><uf>SP</uf></w><w/>"), noXml},
-        {OneAnswer::http("200 OK", "{\"uf\": \"SP\"}"), noXml},
-        {OneAnswer::http("200 OK", ""), noXml},
-        {OneAnswer::http("200 OK", "<!DOCTYPE w [<!ENTITY e SYSTEM \"file:///etc/hostname\">]>"
-                                   "<w><uf>&e;</uf></w>"),
-         u"91 Elemento sem conteúdo: uf"_qs},
-        {OneAnswer::http("200 OK", "<w><uf>SP</uf><bairro></bairro></w>"),
-         u"91 Elemento sem conteúdo: bairro"_qs},
-        {OneAnswer::http("200 OK", "<w><resultado_txt/></w>"), u"91 Elemento sem conteúdo: resultado_txt"_qs},
-        {"", u"12002 Operation canceled"_qs},
-    };
-    for (const auto& row : rows) {
-        ScriptedDialogs dialogs;
-        dialogs.expect(boxText(row.failure), u"Atenção"_qs);
-        OneAnswer server(row.answer);
-        const Services services(server.host());
-        EXPECT_EQ(Funcoes::BuscaCep(u"01001000"_qs, row.answer.isEmpty() ? 200ms : Funcoes::esperaCep), u"");
-    }
-
     ScriptedDialogs dialogs;
+    {
+        OneAnswer silent("");
+        const Services services(silent.host());
+        dialogs.expect(boxText(u"12002 Operation canceled"_qs), u"Atenção"_qs);
+        EXPECT_EQ(Funcoes::BuscaCep(u"01001000"_qs, 200ms), u"");
+    }
     const Services nobody(OneAnswer::closedHost());
     dialogs.expect(boxText(u"12029 Connection refused"_qs), u"Atenção"_qs);
     EXPECT_EQ(Funcoes::BuscaCep(u"01001000"_qs), u"");

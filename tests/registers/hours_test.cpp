@@ -2,9 +2,6 @@
 #include "registers/frmcadferiados.h"
 #include "registers/frmcadhorarios.h"
 
-#include <QTableView>
-#include <QTest>
-
 namespace {
 
 QStringList items(const ScreenDriver& screen, const QString& combo)
@@ -16,12 +13,13 @@ QStringList items(const ScreenDriver& screen, const QString& combo)
     return texts;
 }
 
-/// A double click on the grid where no row is.
-void doubleClickBelow(const ScreenDriver& screen)
+/// The shown cells of a column.
+QString cells(const ScreenDriver& screen, int column)
 {
-    QWidget* area = static_cast<QTableView*>(screen.find(u"DataGrid2"_qs))->viewport();
-    QTest::mouseDClick(area, Qt::LeftButton, {}, QPoint(20, area->height() - 5));
-    settle();
+    QStringList texts;
+    for (const QStringList& row : screen.grid(u"DataGrid2"_qs))
+        texts << row[column];
+    return texts.join(u' ');
 }
 
 class Hours : public LoggedIn
@@ -127,11 +125,7 @@ TEST_F(Hours, ARowIsDeletedAfterTheQuestion)
     dialogs.expectQuestion(u"Confirma a exclusão?"_qs, true, u"Atenção"_qs);
     open<frmCadHorarios>([&](ScreenDriver& screen) {
         screen.choose(u"cboPro"_qs, u"BRUNO"_qs);
-        QStringList hours;
-        for (const QStringList& row : screen.grid(u"DataGrid2"_qs))
-            hours << row[1];
-        EXPECT_EQ(hours.join(u' '), u"7:00 9:30 9:00") << "by place and day";
-        doubleClickBelow(screen);
+        EXPECT_EQ(cells(screen, 1), u"7:00 9:30 9:00") << "by place and day";
         screen.doubleClickRow(u"DataGrid2"_qs, 1);
         EXPECT_EQ(value(u"select count(*) from diahr"_qs), u"5");
         screen.doubleClickRow(u"DataGrid2"_qs, 1);
@@ -150,7 +144,6 @@ TEST_F(Holidays, ADayThatThisYearHasIsSaved)
     open<frmCadFeriados>([&](ScreenDriver& screen) {
         EXPECT_EQ(items(screen, u"cboDia"_qs).size(), 31);
         EXPECT_EQ(items(screen, u"cboMes"_qs).value(2), u"3, MARÇO");
-        doubleClickBelow(screen);
         screen.click(u"Command1"_qs);
         screen.choose(u"cboDia"_qs, u"25"_qs);
         screen.click(u"Command1"_qs);
@@ -177,10 +170,7 @@ TEST_F(Holidays, ASecondSaveChangesTheRemarkAndADoubleClickDeletes)
     dialogs.expectQuestion(u"Confirma a exclusão?"_qs, false, u"Atenção"_qs);
     dialogs.expectQuestion(u"Confirma a exclusão?"_qs, true, u"Atenção"_qs);
     open<frmCadFeriados>([&](ScreenDriver& screen) {
-        QStringList days;
-        for (const QStringList& row : screen.grid(u"DataGrid2"_qs))
-            days << row[0];
-        EXPECT_EQ(days.join(u' '), u"7 25 2 25") << "by month and day";
+        EXPECT_EQ(cells(screen, 0), u"7 25 2 25") << "by month and day";
         screen.doubleClickRow(u"DataGrid2"_qs, 1);
         save(screen, u"25"_qs, u"12"_qs, u"natal"_qs);
         save(screen, u"7"_qs, u"9"_qs, u"y"_qs);

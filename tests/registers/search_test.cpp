@@ -128,39 +128,38 @@ protected:
 
 TEST_F(Searches, EachFindsChoosesAndOpensItsRegister)
 {
-    const QString noPermission = u"Perfil sem permissão!"_qs;
-    const QString unauthorised = u"Perfil não autorizado!"_qs;
-    const QString byPatient = u"PESQUISA PELO NOME DO PACIENTE"_qs;
-    walk<frmBuscaConvenios>({u"Convênios - Pesquisa"_qs, u"cadConv"_qs, noPermission, u"frmCadConvenios"_qs});
+    const auto plain = [](const QString& caption, const QString& entry, const QString& opens) {
+        return Dialog{caption, entry, u"Perfil sem permissão!"_qs, opens};
+    };
+    const auto people = [](const QString& caption, const QString& entry, const QString& opens) {
+        return Dialog{caption, entry, u"Perfil não autorizado!"_qs, opens,
+                      u"PESQUISA PELO NOME DO PACIENTE"_qs};
+    };
+    const auto centres = [](const QString& caption, const QString& entry, const QString& opens) {
+        Dialog dialog{caption, entry, u"--- Perfil não autorizado!"_qs, opens};
+        dialog.rightByRow = true;
+        return dialog;
+    };
+    walk<frmBuscaConvenios>(plain(u"Convênios - Pesquisa"_qs, u"cadConv"_qs, u"frmCadConvenios"_qs));
     walk<frmBuscaEspecialidades>(
-        {u"Especialidades - Pesquisa"_qs, u"cadEsp"_qs, noPermission, u"frmCadEspecialidade"_qs});
-    walk<frmBuscaGrupo>(
-        {u"Pesquisa Grupo de Estoque"_qs, u"cadgru"_qs, noPermission, u"frmCadGrupoEstoque"_qs});
-    walk<frmBuscaCentroCusto>({.caption = u"Centro de Custos - Pesquisa"_qs,
-                               .entry = u"ctpgcadcen"_qs,
-                               .refusal = u"--- Perfil não autorizado!"_qs,
-                               .opens = u"frmCadCentroCusto"_qs,
-                               .rightByRow = true});
-    walk<frmBuscaSubCentroCusto>({.caption = u"SubCentro de Custos - Pesquisa"_qs,
-                                  .entry = u"ctpgcadscen"_qs,
-                                  .refusal = u"--- Perfil não autorizado!"_qs,
-                                  .opens = u"frmCadSubCentro"_qs,
-                                  .rightByRow = true});
+        plain(u"Especialidades - Pesquisa"_qs, u"cadEsp"_qs, u"frmCadEspecialidade"_qs));
+    walk<frmBuscaGrupo>(plain(u"Pesquisa Grupo de Estoque"_qs, u"cadgru"_qs, u"frmCadGrupoEstoque"_qs));
+    walk<frmBuscaCentroCusto>(
+        centres(u"Centro de Custos - Pesquisa"_qs, u"ctpgcadcen"_qs, u"frmCadCentroCusto"_qs));
+    walk<frmBuscaSubCentroCusto>(
+        centres(u"SubCentro de Custos - Pesquisa"_qs, u"ctpgcadscen"_qs, u"frmCadSubCentro"_qs));
     walk<frmBuscaProcedimentos>(
-        {u"Procedimentos - Pesquisa"_qs, u"cadproc"_qs, noPermission, u"frmCadProcedimentos"_qs});
-    walk<frmBuscaProd>({.caption = u"Insumos - Pesquisa"_qs,
-                        .entry = u"cadinsi"_qs,
-                        .refusal = noPermission,
-                        .opens = u"frmCadProduto"_qs,
-                        .newKey = Qt::Key_F5,
-                        .afterEnter = u"DataGrid1"_qs,
-                        .code = u"ANA"_qs,
-                        .name = u"BEFORE"_qs});
-    walk<frmBuscaFornecedor>({u"Pesquisa de Fornecedores"_qs, u"cadfor"_qs, noPermission, u"frmCadFor"_qs});
-    walk<frmBuscaPacientes>(
-        {u"Pacientes - Pesquisa"_qs, u"cadPac"_qs, unauthorised, u"frmcadcli"_qs, byPatient});
-    walk<frmBuscaProf>(
-        {u"Profissionais - Pesquisa"_qs, u"cadProf"_qs, unauthorised, u"frmCadProfissionais"_qs, byPatient});
+        plain(u"Procedimentos - Pesquisa"_qs, u"cadproc"_qs, u"frmCadProcedimentos"_qs));
+    walk<frmBuscaFornecedor>(plain(u"Pesquisa de Fornecedores"_qs, u"cadfor"_qs, u"frmCadFor"_qs));
+    walk<frmBuscaPacientes>(people(u"Pacientes - Pesquisa"_qs, u"cadPac"_qs, u"frmcadcli"_qs));
+    walk<frmBuscaProf>(people(u"Profissionais - Pesquisa"_qs, u"cadProf"_qs, u"frmCadProfissionais"_qs));
+
+    Dialog products = plain(u"Insumos - Pesquisa"_qs, u"cadinsi"_qs, u"frmCadProduto"_qs);
+    products.newKey = Qt::Key_F5;
+    products.afterEnter = u"DataGrid1"_qs;
+    products.code = u"ANA"_qs;
+    products.name = u"BEFORE"_qs;
+    walk<frmBuscaProd>(products);
 }
 
 TEST_F(Searches, TheListOfASearchStaysUntilTheNext)
