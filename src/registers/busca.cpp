@@ -69,14 +69,14 @@ void Busca::Command5_Click()
     Unload();
 }
 
-bool Busca::podeCadastrar() const
+bool Busca::podeCadastrar(const QString& direito) const
 {
-    return Menu::principal().enabled(descricao_.direito);
+    return Menu::principal().enabled(direito);
 }
 
 void Busca::Command6_Click()
 {
-    if (!podeCadastrar()) {
+    if (!podeCadastrar(descricao_.direito)) {
         MsgBox(descricao_.recusa, QStringLiteral("Atenção"));
         return;
     }

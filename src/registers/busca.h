@@ -55,8 +55,8 @@ protected:
     void Form_Load() override;
     void Form_Unload() override;
 
-    /// Whether the user may open the register: the state of its entry in the main menu.
-    virtual bool podeCadastrar() const;
+    /// Whether the user may open the register of this menu entry: the entry's state in the main menu.
+    virtual bool podeCadastrar(const QString& direito) const;
 
 private:
     void wire();

@@ -16,6 +16,7 @@ namespace {
 const QString porNome = QStringLiteral("PESQUISA PELO NOME");
 const QString semPermissao = QStringLiteral("Perfil sem permissão!");
 const QString naoAutorizado = QStringLiteral("Perfil não autorizado!");
+const QString centroNaoAutorizado = QStringLiteral("--- Perfil não autorizado!");
 
 /// Texts that hold what was typed somewhere.
 QString contem(const QString& texto)
@@ -44,8 +45,7 @@ std::vector<GridColumn> codigoENome(const QString& codigo, const QString& nome, 
 QString profissionais()
 {
     return "select p.idpro,p.cidade,p.nrcon,p.fonefixo,p.fonecel,p.nmpro,e.nmesp from profissionais p left "
-           "join "
-           "especialidades e on p.idesp like e.idesp where p.idlic = " +
+           "join especialidades e on p.idesp like e.idesp where p.idlic = " +
            aspas(idlic);
 }
 
@@ -111,13 +111,9 @@ frmBuscaGrupo::frmBuscaGrupo()
 {
 }
 
-BuscaDeCentro::BuscaDeCentro(const DescricaoBusca& descricao) : Busca(descricao), direito_(descricao.direito)
+bool BuscaDeCentro::podeCadastrar(const QString& direito) const
 {
-}
-
-bool BuscaDeCentro::podeCadastrar() const
-{
-    Resultado = Funcoes::PerfilValor({}, direito_);
+    Resultado = Funcoes::PerfilValor({}, direito);
     return Resultado.toString() != QLatin1String("1");
 }
 
@@ -133,7 +129,7 @@ frmBuscaCentroCusto::frmBuscaCentroCusto()
            .codigo = QStringLiteral("cdcen"),
            .nome = QStringLiteral("nmcen"),
            .direito = QStringLiteral("ctpgcadcen"),
-           .recusa = QStringLiteral("--- Perfil não autorizado!"),
+           .recusa = centroNaoAutorizado,
            .cadastro = abre<frmCadCentroCusto>(),
            .colunas = codigoENome(QStringLiteral("cdcen"), QStringLiteral("nmcen"),
                                   QStringLiteral("CENTRO DE CUSTOS"))})
@@ -154,7 +150,7 @@ frmBuscaSubCentroCusto::frmBuscaSubCentroCusto()
                      .codigo = QStringLiteral("cdscen"),
                      .nome = QStringLiteral("nmscen"),
                      .direito = QStringLiteral("ctpgcadscen"),
-                     .recusa = QStringLiteral("--- Perfil não autorizado!"),
+                     .recusa = centroNaoAutorizado,
                      .cadastro = abre<frmCadSubCentro>(),
                      .colunas = codigoENome(QStringLiteral("cdscen"), QStringLiteral("nmscen"),
                                             QStringLiteral("SUBCENTRO DE CUSTOS"))})
@@ -245,11 +241,11 @@ frmBuscaFornecedor::frmBuscaFornecedor()
            .direito = QStringLiteral("cadfor"),
            .recusa = semPermissao,
            .cadastro = abre<frmCadFor>(),
-           .colunas = {{QStringLiteral("cdfor"), QStringLiteral("CÓDIGO"), 9},
-                       {QStringLiteral("nmfor"), QStringLiteral("NOME"), 34},
-                       {QStringLiteral("nmfant"), QStringLiteral("APELIDO"), 21},
-                       {QStringLiteral("cpf"), QStringLiteral("CPF/CNPJ"), 19},
-                       {QStringLiteral("fonefixo"), QStringLiteral("FONE"), 17}}})
+           .colunas = {{QStringLiteral("cdfor"), QStringLiteral("CÓDIGO"), 8},
+                       {QStringLiteral("nmfor"), QStringLiteral("NOME"), 31},
+                       {QStringLiteral("nmfant"), QStringLiteral("APELIDO"), 27},
+                       {QStringLiteral("cpf"), QStringLiteral("CPF/CNPJ"), 18},
+                       {QStringLiteral("fonefixo"), QStringLiteral("FONE"), 16}}})
 {
 }
 
@@ -307,10 +303,10 @@ frmBuscaProf::frmBuscaProf()
              .recusa = naoAutorizado,
              .cadastro = abre<frmCadProfissionais>(),
              .colunas = {{QStringLiteral("idpro"), QStringLiteral("CÓDIGO"), 9},
-                         {QStringLiteral("nmpro"), QStringLiteral("PROFISSIONAL"), 30},
-                         {QStringLiteral("nmesp"), QStringLiteral("ESPECIALIDADE"), 20},
-                         {QStringLiteral("nrcon"), QStringLiteral("CONSELHO"), 13},
-                         {QStringLiteral("fonecel"), QStringLiteral("CELULAR"), 14},
+                         {QStringLiteral("nmpro"), QStringLiteral("PROFISSIONAL"), 25},
+                         {QStringLiteral("nmesp"), QStringLiteral("ESPECIALIDADE"), 17},
+                         {QStringLiteral("nrcon"), QStringLiteral("CONSELHO"), 18},
+                         {QStringLiteral("fonecel"), QStringLiteral("CELULAR"), 17},
                          {QStringLiteral("cidade"), QStringLiteral("CIDADE"), 14}}})
 {
 }

@@ -35,13 +35,10 @@ class BuscaDeCentro : public Busca
     Q_OBJECT
 
 public:
-    explicit BuscaDeCentro(const DescricaoBusca& descricao);
+    using Busca::Busca;
 
 protected:
-    bool podeCadastrar() const override;
-
-private:
-    QString direito_;
+    bool podeCadastrar(const QString& direito) const override;
 };
 
 class frmBuscaCentroCusto : public BuscaDeCentro

@@ -18,9 +18,9 @@ struct DescricaoCadastro
     QString rotuloNome;
     QString codigo;                    ///< column of the code, which the server numbers
     QString nome;                      ///< column of the name
-    QString codigoDoClique;            ///< column that a double click on the grid takes the code from
     std::function<QString()> consulta; ///< all rows of the tenant
     std::vector<GridColumn> colunas;
+    QString codigoDoClique = codigo; ///< column that a double click on the grid takes the code from
 };
 
 /// A register of codes and names: a code box, a name box, the grid of all rows and three buttons. A new row

@@ -30,7 +30,6 @@ frmCadConvenios::frmCadConvenios()
            .rotuloNome = QStringLiteral("CONVÊNIO"),
            .codigo = QStringLiteral("idconv"),
            .nome = QStringLiteral("nmconv"),
-           .codigoDoClique = QStringLiteral("idconv"),
            .consulta =
                [] { return "select * from convenios where idlic = " + aspas(idlic) + " order by nmconv"; },
            .colunas = {{QStringLiteral("idconv"), QStringLiteral("CÓDIGO"), 12},
@@ -83,7 +82,6 @@ frmCadEspecialidade::frmCadEspecialidade()
                        .rotuloNome = QStringLiteral("ESPECIALIDADE"),
                        .codigo = QStringLiteral("idesp"),
                        .nome = QStringLiteral("nmesp"),
-                       .codigoDoClique = QStringLiteral("idesp"),
                        .consulta =
                            [] {
                                return "select * from especialidades where idlic = " + aspas(idlic) +
@@ -100,7 +98,6 @@ frmCadProcedimentos::frmCadProcedimentos()
            .rotuloNome = QStringLiteral("NOME"),
            .codigo = QStringLiteral("idproc"),
            .nome = QStringLiteral("nmproc"),
-           .codigoDoClique = QStringLiteral("idproc"),
            .consulta =
                [] {
                    return "select * from procedimentos where idlic = " + aspas(idlic) + " order by nmproc";
@@ -155,7 +152,6 @@ frmCadGrupoEstoque::frmCadGrupoEstoque()
            .rotuloNome = QStringLiteral("NOME"),
            .codigo = QStringLiteral("cdgrupo"),
            .nome = QStringLiteral("dsgrupo"),
-           .codigoDoClique = QStringLiteral("cdgrupo"),
            .consulta =
                [] {
                    return "select * from grupoestoque where idlic = " + aspas(idlic) + "   order by dsgrupo";
@@ -179,7 +175,6 @@ frmCadCentroCusto::frmCadCentroCusto()
            .rotuloNome = QStringLiteral("NOME"),
            .codigo = QStringLiteral("cdcen"),
            .nome = QStringLiteral("nmcen"),
-           .codigoDoClique = QStringLiteral("cdcen"),
            .consulta =
                [] { return "select * from centrocusto where idlic = " + aspas(idlic) + " order by nmcen"; },
            .colunas = colunas(QStringLiteral("cdcen"), QStringLiteral("nmcen"), QStringLiteral("NOME"),
@@ -201,14 +196,14 @@ frmCadSubCentro::frmCadSubCentro()
            .rotuloNome = QStringLiteral("NOME"),
            .codigo = QStringLiteral("cdscen"),
            .nome = QStringLiteral("nmscen"),
-           .codigoDoClique =
-               QStringLiteral("cdcen"), // not a column of this table: the click is the server's error
            .consulta =
                [] {
                    return "select * from subcentrocusto where idlic = " + aspas(idlic) + " order by nmscen";
                },
            .colunas = colunas(QStringLiteral("cdscen"), QStringLiteral("nmscen"), QStringLiteral("NOME"),
-                              QStringLiteral("evcad"))},
+                              QStringLiteral("evcad")),
+           // Not a column of this table: the click is an error.
+           .codigoDoClique = QStringLiteral("cdcen")},
           [](const QString& nome) {
               return "insert into subcentrocusto (idlic,nmscen,evcad) values (" + aspas(idlic) + "," +
                      aspas(nome) + "," + aspas(carimbo()) + ")";

@@ -63,8 +63,7 @@ frmCadHorarios::frmCadHorarios() : ui(std::make_unique<Ui::frmCadHorarios>())
     ui->setupUi(this);
     ui->cboPro->setFont(Theme::fixedFont());
     ui->cboDia->setCurrentIndex(-1);
-    for (QWidget* daEscolha : std::initializer_list<QWidget*>{ui->cboCH, ui->cboDia, ui->txtHR, ui->Command1})
-        daEscolha->setEnabled(false);
+    habilita(false);
     ui->DataGrid2->setColumns({{QStringLiteral("dia"), QStringLiteral("DIA"), 18},
                                {QStringLiteral("hr"), QStringLiteral("HORÁRIOS"), 41},
                                {QStringLiteral("ondeatd"), QStringLiteral("LOCAL"), 10, {}, Qt::AlignHCenter},
@@ -103,6 +102,12 @@ void frmCadHorarios::Form_Load()
     ui->cboPro->setCurrentIndex(-1);
 }
 
+void frmCadHorarios::habilita(bool escolhido)
+{
+    for (QWidget* daEscolha : std::initializer_list<QWidget*>{ui->cboCH, ui->cboDia, ui->txtHR, ui->Command1})
+        daEscolha->setEnabled(escolhido);
+}
+
 void frmCadHorarios::cboPro_Click()
 {
     ui->cboCH->clear();
@@ -113,8 +118,7 @@ void frmCadHorarios::cboPro_Click()
     ui->cboCH->setCurrentIndex(-1);
     idesp_ = pedacos[fim - 2];
     idpro_ = pedacos[fim - 1];
-    for (QWidget* daEscolha : std::initializer_list<QWidget*>{ui->cboDia, ui->cboCH, ui->txtHR, ui->Command1})
-        daEscolha->setEnabled(true);
+    habilita(true);
     Adodc2.setRecordSource("select * from diahr where idlic = " + aspas(idlic) + " and idpro like " + idpro_ +
                            " order by ondeatd,dia,hr");
     Adodc2.Refresh();

@@ -30,6 +30,9 @@ private:
     void Command1_Click();
     void DataGrid2_DblClick();
 
+    /// The controls that wait for a professional to be chosen.
+    void habilita(bool escolhido);
+    /// True, after the message, if what is typed cannot be saved.
     bool recusa();
     void grava();
 

@@ -32,10 +32,11 @@ protected:
         screen.press(Qt::Key_Return);
     }
 
-    /// A name is entered, changed and refused in a register without further boxes.
+    /// A name is entered at half past eight, changed at nine and refused in a register without further boxes.
     template <class Screen>
     void entersAndChanges(const QString& title, const QString& label)
     {
+        clock.set(QDateTime(QDate(2026, 3, 16), QTime(8, 30, 15)));
         dialogs.expect(noName, u"ATENÇÃO"_qs);
         dialogs.expect(notFound, u"ATENÇÃO"_qs);
         dialogs.expect(u"Ainda não disponivel!"_qs, u"Atenção"_qs);
@@ -59,22 +60,27 @@ protected:
             code(screen, u"3"_qs);
             EXPECT_EQ(screen.text(u"txtnome"_qs), u"ZETA");
             screen.click(u"Command1"_qs);
+            clock.set(QDateTime(QDate(2026, 3, 16), QTime(9, 0)));
             screen.type(u"txtnome"_qs, u"alfa"_qs);
             screen.click(u"cmdsalva"_qs);
             EXPECT_FALSE(screen.enabled(u"Command1"_qs));
             EXPECT_EQ(screen.grid(u"DataGrid1"_qs).value(0).value(1), u"ALFA") << "in the order of the names";
         });
     }
+
+    const QString nine = u" 16/03/2026 09:00:00"_qs;
 };
 
 } // namespace
 
 TEST_F(SimpleRegisters, Plans)
 {
-    execute(u"insert into convenios (idlic,nmconv,pdesc) values ('C2','OUTRO',1)"_qs);
-    const QString negative = u"--- ERRO --- PERCENTUAL DE DESCONTO NÃO PODE SER MENOR QUE ZERO!"_qs;
+    const QString longName = u"NOME LONGO "_qs.repeated(10).trimmed();
+    execute(
+        u"insert into convenios (idlic,nmconv,pdesc,evcad) values ('C2','OUTRO',1,'A'),('C1','%1',1,'A')"_qs
+            .arg(longName));
     dialogs.expect(noName, u"ATENÇÃO"_qs);
-    dialogs.expect(negative, u"ATENÇÃO"_qs);
+    dialogs.expect(u"--- ERRO --- PERCENTUAL DE DESCONTO NÃO PODE SER MENOR QUE ZERO!"_qs, u"ATENÇÃO"_qs);
     dialogs.expect(notFound, u"ATENÇÃO"_qs);
     on<frmCadConvenios>([](ScreenDriver& screen) {
         EXPECT_EQ(screen.window().windowTitle(), u"Convênios - Cadastro");
@@ -84,17 +90,19 @@ TEST_F(SimpleRegisters, Plans)
         screen.click(u"cmdsalva"_qs);
         screen.type(u"txtPDesc"_qs, u"12,5"_qs);
         screen.click(u"cmdsalva"_qs);
-        EXPECT_EQ(screen.grid(u"DataGrid1"_qs).size(), 1);
+        EXPECT_EQ(screen.grid(u"DataGrid1"_qs).size(), 2);
 
         screen.doubleClickRow(u"DataGrid1"_qs, 0);
         EXPECT_EQ(screen.focused(), u"txtcodcli");
-        EXPECT_EQ(screen.text(u"txtcodcli"_qs), u"2");
+        EXPECT_EQ(screen.text(u"txtcodcli"_qs), u"3");
         screen.press(Qt::Key_Tab);
         EXPECT_EQ(screen.text(u"txtPDesc"_qs), u"12,50");
         EXPECT_TRUE(screen.enabled(u"Command1"_qs));
         screen.type(u"txtnome"_qs, u"prata"_qs);
         screen.type(u"txtPDesc"_qs, u"0"_qs);
-        screen.click(u"cmdsalva"_qs);
+        screen.clickRow(u"DataGrid1"_qs, 1);
+        screen.click(u"cmdsalva"_qs); // the code decides, not the row clicked on
+        EXPECT_EQ(screen.grid(u"DataGrid1"_qs).value(1).value(1), u"PRATA");
 
         screen.type(u"txtnome"_qs, u"x"_qs);
         code(screen, u"abc"_qs);
@@ -104,12 +112,16 @@ TEST_F(SimpleRegisters, Plans)
         screen.type(u"txtPDesc"_qs, u"3"_qs);
         screen.click(u"cmdsalva"_qs); // an empty code always adds
 
-        code(screen, u"2"_qs);
-        execute(u"delete from convenios where idconv = 2"_qs);
+        code(screen, u"3"_qs);
+        execute(u"delete from convenios where idconv = 3"_qs);
         screen.click(u"cmdsalva"_qs); // gone in the meantime: saves nothing and says nothing
+        code(screen, u"2"_qs);
+        screen.type(u"txtPDesc"_qs, u"2"_qs);
+        screen.click(u"cmdsalva"_qs);
     });
     EXPECT_EQ(rows(u"select idconv,idlic,nmconv,pdesc,evcad,evup from convenios order by idconv"_qs).mid(1),
-              (Table{{u"3"_qs, u"C1"_qs, u"PRATA"_qs, u"3.0000"_qs, boundStamp, boundStamp}}));
+              (Table{{u"2"_qs, u"C1"_qs, longName, u"2.0000"_qs, u"A"_qs, boundStamp},
+                     {u"4"_qs, u"C1"_qs, u"PRATA"_qs, u"3.0000"_qs, boundStamp, boundStamp}}));
 }
 
 TEST_F(SimpleRegisters, Specialities)
@@ -117,11 +129,21 @@ TEST_F(SimpleRegisters, Specialities)
     execute(u"insert into especialidades (idlic,nmesp) values ('C2','OUTRA'),('C1','BETA')"_qs);
     entersAndChanges<frmCadEspecialidade>(u"Especialidades - Cadastro"_qs, u"ESPECIALIDADE"_qs);
     EXPECT_EQ(rows(u"select idlic,nmesp,evcad,evup from especialidades where idesp = 3"_qs),
-              (Table{{u"C1"_qs, u"ALFA"_qs, boundStamp, boundStamp}}));
+              (Table{{u"C1"_qs, u"ALFA"_qs, boundStamp, u"MARIA -"_qs + nine}}));
+
+    on<frmCadEspecialidade>([](ScreenDriver& screen) {
+        code(screen, u"2"_qs);
+        screen.type(u"txtnome"_qs, u"gama"_qs);
+        screen.clickRow(u"DataGrid1"_qs, 0);
+        screen.click(u"cmdsalva"_qs); // the row clicked on decides, not the code
+    });
+    EXPECT_EQ(value(u"select group_concat(nmesp order by idesp) from especialidades"_qs), u"OUTRA,BETA,GAMA");
 }
 
 TEST_F(SimpleRegisters, Procedures)
 {
+    execute(u"insert into procedimentos (idlic,nmproc,ondeatd) values ('C2','OUTRO','0')"_qs);
+    dialogs.expect(noName, u"ATENÇÃO"_qs);
     dialogs.expect(noName, u"ATENÇÃO"_qs);
     on<frmCadProcedimentos>([](ScreenDriver& screen) {
         EXPECT_EQ(screen.window().windowTitle(), u"Procedimentos - Cadastro");
@@ -129,32 +151,33 @@ TEST_F(SimpleRegisters, Procedures)
         screen.click(u"cmdsalva"_qs); // no place chosen
         screen.choose(u"cboCH"_qs, u"1 - Home"_qs);
         screen.click(u"cmdsalva"_qs);
+        EXPECT_EQ(screen.grid(u"DataGrid1"_qs).size(), 1);
+        screen.click(u"cmdsalva"_qs); // no name
         screen.choose(u"cboCH"_qs, u"0 - Clinica"_qs);
-        code(screen, u"1"_qs);
+        code(screen, u"2"_qs);
         EXPECT_EQ(screen.text(u"cboCH"_qs), u"1 - Home");
         screen.choose(u"cboCH"_qs, u"0 - Clinica"_qs);
         screen.click(u"cmdsalva"_qs);
     });
-    EXPECT_EQ(rows(u"select idlic,nmproc,ondeatd,evcad,evup from procedimentos"_qs),
+    EXPECT_EQ(rows(u"select idlic,nmproc,ondeatd,evcad,evup from procedimentos where idproc > 1"_qs),
               (Table{{u"C1"_qs, u"D'AGUA"_qs, u"0"_qs, boundStamp, boundStamp}}));
 }
 
 TEST_F(SimpleRegisters, TheThreeThatSaveByStatement)
 {
-    execute(u"insert into grupoestoque (idlic,dsgrupo) values ('C2','OUTRO'),('C1','BETA')"_qs);
+    const QString later = u"MARIA"_qs + nine;
+    execute(u"insert into grupoestoque (idlic,dsgrupo) values ('C2','OUTRO'),('C1','BETA');"
+            "insert into centrocusto (idlic,nmcen) values ('C2','OUTRO'),('C1','BETA');"
+            "insert into subcentrocusto (idlic,nmscen) values ('C2','OUTRO'),('C1','BETA')"_qs);
     entersAndChanges<frmCadGrupoEstoque>(u"Cadastro Grupo de Insumos"_qs, u"NOME"_qs);
     EXPECT_EQ(rows(u"select idlic,dsgrupo,evcad,evup from grupoestoque where cdgrupo = 3"_qs),
-              (Table{{u"C1"_qs, u"ALFA"_qs, stamp, stamp}}));
-
-    execute(u"insert into centrocusto (idlic,nmcen) values ('C2','OUTRO'),('C1','BETA')"_qs);
+              (Table{{u"C1"_qs, u"ALFA"_qs, stamp, later}}));
     entersAndChanges<frmCadCentroCusto>(u"Centro de Custos - Cadastro"_qs, u"NOME"_qs);
     EXPECT_EQ(rows(u"select idlic,nmcen,evcad from centrocusto where cdcen = 3"_qs),
-              (Table{{u"C1"_qs, u"ALFA"_qs, stamp}}));
-
-    execute(u"insert into subcentrocusto (idlic,nmscen) values ('C2','OUTRO'),('C1','BETA')"_qs);
+              (Table{{u"C1"_qs, u"ALFA"_qs, later}}));
     entersAndChanges<frmCadSubCentro>(u"SubCentro de Custos - Cadastro"_qs, u"NOME"_qs);
     EXPECT_EQ(rows(u"select idlic,nmscen,evcad from subcentrocusto where cdscen = 3"_qs),
-              (Table{{u"C1"_qs, u"ALFA"_qs, stamp}}));
+              (Table{{u"C1"_qs, u"ALFA"_qs, later}}));
 }
 
 TEST_F(SimpleRegisters, WhatEndsTheProgram)
