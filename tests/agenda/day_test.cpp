@@ -1,0 +1,160 @@
+#include "agenda/agenda_fixture.h"
+
+namespace {
+
+class Day : public AgendaTest
+{
+protected:
+    Day()
+    {
+        execute(u"insert into profissionais (idpro,idlic,nmpro,idesp,ondeatd,valor) values "
+                "(16,'C1','ELZA',4,'2',0);"
+                "insert into diahr (idlic,idpro,dia,hr) values ('C1',14,'2 - SEGUNDA-FEIRA','08:30/09:00'),"
+                "('C1',16,'2 - SEGUNDA-FEIRA','08:30/10:00'),('C1',14,'3 - TERÇA-FEIRA','09:00');"
+                "insert into pacientes (idpac,idlic,nmPac,fonecel,idconv) values (24,'C1','SEBASTIÃO','9',6);"
+                "insert into feriados (idlic,dia,Mes,obs) values ('C1',17,3,'DIA DA CIDADE')"_qs);
+    }
+
+    /// The patient found in the dialog by name, the plan as well if one is named; then saved.
+    void bookByName(ScreenDriver& agenda, int line, const QString& patient, const QString& plan = {})
+    {
+        agenda.doubleClickRow(u"List1"_qs, line);
+        dialogs.expectInput(u"Nome"_qs, patient);
+        modal.expect(u"frmBuscaPacientes"_qs, [](ScreenDriver& search) {
+            search.press(Qt::Key_F2);
+            search.press(Qt::Key_F10);
+        });
+        agenda.press(Qt::Key_F2);
+        agenda.press(Qt::Key_Return);
+        if (!plan.isEmpty()) {
+            dialogs.expectInput(u"Nome"_qs, plan);
+            modal.expect(u"frmBuscaConvenios"_qs, [](ScreenDriver& search) {
+                search.press(Qt::Key_F2);
+                search.press(Qt::Key_F10);
+            });
+            agenda.focus(u"txtIdConv"_qs);
+            agenda.press(Qt::Key_F3);
+            agenda.press(Qt::Key_Return);
+        }
+        agenda.click(u"Command7"_qs);
+        clock.advance(60);
+    }
+
+    void close(ScreenDriver& agenda, int line, std::function<void(ScreenDriver&)> steps)
+    {
+        agenda.doubleClickRow(u"List1"_qs, line);
+        modal.expect(u"frmCli_AgendaCF"_qs, std::move(steps));
+        agenda.click(u"Command4"_qs);
+        clock.advance(60);
+    }
+
+    static void pay(ScreenDriver& closing, const QString& kind, const QString& value)
+    {
+        closing.choose(u"cboMP"_qs, kind);
+        closing.type(u"txtVrMp"_qs, value);
+        closing.click(u"Command16"_qs);
+    }
+};
+
+} // namespace
+
+/// From 08:30:15 a minute passes at each booking and closing.
+TEST_F(Day, FromFreeSlotsToClosedAttendances)
+{
+    const QString booked = u"Agendado com sucesso!"_qs;
+    open<frmCli_Agenda>([&](ScreenDriver& agenda) {
+        for (int i = 0; i < 4; ++i)
+            dialogs.expect(booked);
+        bookByName(agenda, 1, u"JO"_qs, u"PART"_qs); // ANA 08:30, at the full price
+        bookByName(agenda, 2, u"SEB"_qs);            // ANA 09:00
+        agenda.choose(u"cboPro"_qs, u"ELZA"_qs);
+        bookByName(agenda, 1, u"RITA"_qs); // 10:00, who takes no money
+        agenda.choose(u"cboPro"_qs, u"CARLA"_qs);
+        bookByName(agenda, 1, u"RITA"_qs); // 09:00
+        dialogs.expect(
+            u"--- PACIENTE JÁ POSSUI AGENDA NESSA MESMA DATA E HORÁRIO COM OUTRO PROFISSIONAL!"_qs);
+        bookByName(agenda, 0, u"JO"_qs); // at 08:30 he is with ANA
+        agenda.click(u"Command8"_qs);
+
+        // SEBASTIÃO is told, and moves to the afternoon; RITA calls CARLA off.
+        agenda.choose(u"cboPro"_qs, u"ANA"_qs);
+        dialogs.expectQuestion(u"Notificaçao confimada?"_qs, true);
+        agenda.doubleClickRow(u"List1"_qs, 2);
+        agenda.click(u"Command5"_qs);
+        agenda.doubleClickRow(u"List1"_qs, 2);
+        agenda.doubleClickRow(u"List1"_qs, 3);
+        dialogs.expect(booked);
+        agenda.click(u"Command7"_qs);
+        agenda.choose(u"cboPro"_qs, u"CARLA"_qs);
+        dialogs.expectQuestion(u"Confirma o cancelamento do agendamento?"_qs, true);
+        agenda.doubleClickRow(u"List1"_qs, 1);
+        agenda.click(u"Command9"_qs);
+
+        // DAVI works on the holiday, and nothing keeps the clerk from booking.
+        agenda.choose(u"cboPro"_qs, u"DAVI"_qs);
+        agenda.focus(u"Calendar1"_qs);
+        agenda.press(Qt::Key_Right);
+        EXPECT_EQ(agenda.text(u"lFeriado"_qs), u"FERIADO: DIA DA CIDADE");
+        dialogs.expect(booked);
+        bookByName(agenda, 0, u"RITA"_qs);
+
+        // JOÃO had two things done, and pays by cash and card, at first too little.
+        agenda.choose(u"cboPro"_qs, u"ANA"_qs);
+        close(agenda, 1, [&](ScreenDriver& closing) {
+            closing.click(u"Command2"_qs);
+            closing.type(u"txtIdProc"_qs, u"32"_qs);
+            closing.type(u"txtQt"_qs, u"1,5"_qs);
+            closing.type(u"txtVR"_qs, u"10,33"_qs);
+            closing.click(u"Command2"_qs);
+            pay(closing, u"DINHEIRO"_qs, u"200"_qs);
+            dialogs.expectQuestion(u"Confirma?"_qs, true);
+            dialogs.expect(u"--- ERRO --- VALOR TOTAL RECEBIDO INFERIOR AO TOTAL A PAGAR!"_qs);
+            closing.click(u"Command1"_qs);
+            pay(closing, u"CREDITO"_qs, u"15,50"_qs);
+            dialogs.expectQuestion(u"Confirma?"_qs, true);
+            closing.click(u"Command1"_qs);
+        });
+        // SEBASTIÃO pays more than is due, ELZA's RITA nothing.
+        close(agenda, 3, [&](ScreenDriver& closing) {
+            closing.click(u"Command2"_qs);
+            pay(closing, u"PIX"_qs, u"250"_qs);
+            dialogs.expectQuestion(u"Confirma?"_qs, true);
+            closing.click(u"Command1"_qs);
+        });
+        agenda.choose(u"cboPro"_qs, u"ELZA"_qs);
+        close(agenda, 1, [&](ScreenDriver& closing) {
+            closing.click(u"Command2"_qs);
+            dialogs.expectQuestion(u"Confirma?"_qs, true);
+            closing.click(u"Command1"_qs);
+        });
+        EXPECT_TRUE(agenda.list(u"List1"_qs)[1].contains(u"|2  |"));
+        agenda.press(Qt::Key_Escape);
+    });
+
+    const QString maria = u"MARIA 16/03/2026 08:"_qs;
+    EXPECT_EQ(flat(u"select idagenda,idpro,idesp,idconv,idpac,nmpac,fone,dia,hr,idproc,valor,status,evcad,evup,"
+                   "mobesp,ondeatd,obs from agenda_clinica where idlic = 'C1' order by idagenda"_qs),
+              (QStringList{
+                  u"260316083015MARIA11|11|3|6|21|JOÃO DA SILVA|99999-1111 3333-1111|2026-03-16|08:30|31|200.00|2|"_qs +
+                      maria + u"30:15|"_qs + maria + u"30:15|0 - Não|0|"_qs,
+                  u"260316083115MARIA11|11|3|6|24|SEBASTIÃO|9 |2026-03-16|13:00|31|200.00|2|"_qs + maria +
+                      u"31:15|"_qs + maria + u"35:15|0 - Não|0|"_qs,
+                  u"260316083215MARIA16|16|4|6|22|RITA|99999-2222 |2026-03-16|10:00|31|0.00|2|"_qs + maria +
+                      u"32:15|"_qs + maria + u"32:15|0 - Não|0|"_qs,
+                  u"260316083515MARIA14|14|4|6|22|RITA|99999-2222 |2026-03-17|09:00|31|100.00|0|"_qs + maria +
+                      u"35:15|"_qs + maria + u"35:15|0 - Não|0|"_qs}));
+    EXPECT_EQ(flat(u"select idlan,idlic,ondeatd,idprof,idproc,dt,hr,qtde,valor,cf,idatendimento,idconv,evcad,"
+                   "idpac from atendimentos order by idreg"_qs),
+              (QStringList{u"C1016032608302131" "11|C1|0|11|31|2026-03-16|0830|1.0000|200.0000|N|02116032026083615|6|"_qs +
+                               maria + u"36:15|21"_qs,
+                           u"C1016032608302132" "11|C1|0|11|32|2026-03-16|0830|1.5000|10.3300|N|02116032026083615|6|"_qs +
+                               maria + u"36:15|21"_qs,
+                           u"C1016032613002431" "11|C1|0|11|31|2026-03-16|1300|1.0000|200.0000|N|02416032026083715|6|"_qs +
+                               maria + u"37:15|24"_qs,
+                           u"C1016032610002231" "16|C1|0|16|31|2026-03-16|1000|1.0000|0.0000|N|02216032026083815|6|"_qs +
+                               maria + u"38:15|22"_qs}));
+    EXPECT_EQ(flat(u"select idlic,idatend,mp,obs,valor,cf,evcad from atendimento_finan order by idreg"_qs),
+              (QStringList{u"C1|02116032026083615|DINHEIRO||200.0000|N|"_qs + maria + u"36:15"_qs,
+                           u"C1|02116032026083615|CREDITO CARTAO||15.5000|N|"_qs + maria + u"36:15"_qs,
+                           u"C1|02416032026083715|PIX||250.0000|N|"_qs + maria + u"37:15"_qs}));
+}
