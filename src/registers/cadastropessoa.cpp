@@ -131,6 +131,9 @@ void CadastroPessoa::Command3_Click()
 
 void CadastroPessoa::pesquisaLigado()
 {
+    // Left behind the choice, the code box would empty the screen or load a row over it.
+    if (pessoa.txtcodcli->hasFocus())
+        pessoa.codigoLigado->setFocus();
     RetornoCodigo.clear();
     RetornoNome.clear();
     descricao_.ligacao.pesquisa();

@@ -13,12 +13,12 @@ using namespace Variaveis;
 frmCadFor::frmCadFor() : ui(std::make_unique<Ui::frmCadFor>())
 {
     ui->setupUi(this);
-    ui->DataGrid1->setColumns({{QStringLiteral("cdfor"), QStringLiteral("CÓDIGO"), 9},
-                               {QStringLiteral("nmfor"), QStringLiteral("NOME"), 30},
-                               {QStringLiteral("nmfant"), QStringLiteral("APELIDO"), 19},
-                               {QStringLiteral("cpf"), QStringLiteral("CNPJ/CPF"), 16},
-                               {QStringLiteral("fonefixo"), QStringLiteral("FONE FIXO"), 13},
-                               {QStringLiteral("fonecel"), QStringLiteral("CELULAR"), 13}});
+    ui->DataGrid1->setColumns({{QStringLiteral("cdfor"), QStringLiteral("CÓDIGO"), 7},
+                               {QStringLiteral("nmfor"), QStringLiteral("NOME"), 31},
+                               {QStringLiteral("nmfant"), QStringLiteral("APELIDO"), 23},
+                               {QStringLiteral("cpf"), QStringLiteral("CNPJ/CPF"), 15},
+                               {QStringLiteral("fonefixo"), QStringLiteral("FONE FIXO"), 12},
+                               {QStringLiteral("fonecel"), QStringLiteral("CELULAR"), 12}});
     ui->DataGrid1->setDataSource(&Adodc1);
     wire();
 }
