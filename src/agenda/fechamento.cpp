@@ -34,14 +34,6 @@ QString comPonto(double valor, QStringView mascara)
     return Format(valor, mascara).replace(QLatin1Char(','), QLatin1Char('.'));
 }
 
-QString listaDeValores(const QStringList& valores)
-{
-    QStringList textos;
-    for (const QString& valor : valores)
-        textos << aspas(valor);
-    return QLatin1Char('(') + textos.join(QLatin1Char(',')) + QLatin1Char(')');
-}
-
 void gravaLinha(const QString& comando)
 {
     AbreConexao();
@@ -113,19 +105,20 @@ void Fechamento::grava(const ProcedimentoCobrado& procedimento, const QString& i
     const QString idlan = idlic.trimmed() + QLatin1Char('0') + Format(data, u"ddmmyy") + hr + idpac +
                           procedimento.idproc + idprof;
     // The quantity without the points of its groups, which would be decimal points to the server.
-    gravaLinha("insert into atendimentos "
-               "(idlan,idlic,ondeatd,idprof,idproc,dt,hr,qtde,valor,cf,idatendimento,idconv,evcad,idpac) "
-               "values " +
-               listaDeValores({idlan, idlic, QStringLiteral("0"), idprof, procedimento.idproc,
-                               Format(data, u"yyyy/mm/dd"), hr, plainNumber(toNumber(procedimento.qtde)),
-                               comPonto(procedimento.valor, u"#########0.00##"), QStringLiteral("N"),
-                               idatendimento, procedimento.idconv, carimbo(), idpac}));
+    gravaLinha(
+        "insert into atendimentos "
+        "(idlan,idlic,ondeatd,idprof,idproc,dt,hr,qtde,valor,cf,idatendimento,idconv,evcad,idpac) "
+        "values (" +
+        aspas({idlan, idlic, QStringLiteral("0"), idprof, procedimento.idproc, Format(data, u"yyyy/mm/dd"),
+               hr, plainNumber(toNumber(procedimento.qtde)), comPonto(procedimento.valor, u"#########0.00##"),
+               QStringLiteral("N"), idatendimento, procedimento.idconv, carimbo(), idpac}) +
+        ")");
 }
 
 void Fechamento::grava(const PagamentoRecebido& pagamento, const QString& idatendimento) const
 {
-    gravaLinha(
-        "insert into atendimento_finan (idlic,idatend,mp,obs,valor,cf,evcad) values " +
-        listaDeValores({idlic, idatendimento, pagamento.tipo.trimmed(), pagamento.obs.trimmed(),
-                        comPonto(pagamento.valor, u"###########0.00##"), QStringLiteral("N"), carimbo()}));
+    gravaLinha("insert into atendimento_finan (idlic,idatend,mp,obs,valor,cf,evcad) values (" +
+               aspas({idlic, idatendimento, pagamento.tipo.trimmed(), pagamento.obs.trimmed(),
+                      comPonto(pagamento.valor, u"###########0.00##"), QStringLiteral("N"), carimbo()}) +
+               ")");
 }

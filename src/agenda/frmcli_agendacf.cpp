@@ -104,20 +104,21 @@ void frmCli_AgendaCF::wire()
 
 void frmCli_AgendaCF::recebe(const AtendimentoAFechar& atendimento)
 {
-    fechamento_ = {.idpac = atendimento.idPac.trimmed(),
-                   .idprof = campo(atendimento.profissional, 1),
-                   .idagenda = atendimento.idAgenda,
-                   .data = atendimento.data,
-                   .hora = atendimento.hora,
-                   .procedimentos = {},
-                   .pagamentos = {}};
+    fechamento_ = {
+        .idpac = atendimento.idPac.trimmed(),
+        .idprof = campo(atendimento.profissional, -4), // counted from the end: a name may hold the separator
+        .idagenda = atendimento.idAgenda,
+        .data = atendimento.data,
+        .hora = atendimento.hora,
+        .procedimentos = {},
+        .pagamentos = {}};
     ui->lPac->setText(atendimento.idPac + QStringLiteral(" | ") + atendimento.nmPac);
     ui->lIdAgenda->setText(atendimento.idAgenda);
     ui->lProf->setText(atendimento.profissional);
     ui->lDT->setText(atendimento.data);
     ui->lHR->setText(atendimento.hora);
     // A code first: its change empties the name.
-    ui->txtIdProc->setText(campo(atendimento.procedimento, 1));
+    ui->txtIdProc->setText(campo(atendimento.procedimento, -1));
     ui->txtNmProc->setText(campo(atendimento.procedimento, 0));
     ui->txtVR->setText(atendimento.valor);
     ui->txtQt->setText(QStringLiteral("1"));

@@ -15,4 +15,5 @@ public:
     {
         Clock::setSource([moment] { return moment; });
     }
+    void advance(int seconds) { set(Clock::now().addSecs(seconds)); }
 };

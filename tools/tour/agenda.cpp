@@ -27,6 +27,23 @@ void go(ScreenDriver& agenda, Qt::Key arrow, int times)
         agenda.press(arrow);
 }
 
+/// The open appointment is charged and half paid; nothing is written.
+void closing(Tour& tour, ScreenDriver& agenda)
+{
+    tour.screen(QStringLiteral("frmCli_AgendaCF"), [&tour](ScreenDriver& screen) {
+        tour.picture(QStringLiteral("frmCli_AgendaCF"), screen);
+        screen.click(QStringLiteral("Command2"));
+        screen.choose(QStringLiteral("cboMP"), QStringLiteral("DINHEIRO"));
+        screen.type(QStringLiteral("txtVrMp"), QStringLiteral("100"));
+        screen.type(QStringLiteral("txtobs"), QStringLiteral("entrada"));
+        tour.picture(QStringLiteral("frmCli_AgendaCF_pagamento"), screen);
+        screen.click(QStringLiteral("Command16"));
+        tour.picture(QStringLiteral("frmCli_AgendaCF_totais"), screen);
+        screen.press(Qt::Key_Escape);
+    });
+    agenda.click(QStringLiteral("Command4"));
+}
+
 /// Closed attendances lie in the past, a holiday at Easter, and on Sundays nobody works.
 void pastAndHoliday(Tour& tour, ScreenDriver& agenda)
 {
@@ -51,7 +68,14 @@ void walkAgenda(Tour& tour)
         tour.enlarged(QStringLiteral("frmCli_Agenda"), agenda);
         open(agenda, QStringLiteral("|0  |"));
         tour.picture(QStringLiteral("frmCli_Agenda_painel"), agenda);
+        closing(tour, agenda);
         agenda.click(QStringLiteral("Command8"));
+        tour.screen(QStringLiteral("frmCli_Agenda_Pesquisa"), [&tour](ScreenDriver& search) {
+            search.type(QStringLiteral("txtnmpac"), QStringLiteral("mar"));
+            tour.picture(QStringLiteral("frmCli_Agenda_Pesquisa"), search);
+            search.press(Qt::Key_Escape);
+        });
+        agenda.press(Qt::Key_F2);
         pastAndHoliday(tour, agenda);
         agenda.press(Qt::Key_Escape);
     });
