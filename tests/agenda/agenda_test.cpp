@@ -95,19 +95,6 @@ TEST_F(AgendaTest, HomeVisitsBelongToTheDay)
     });
 }
 
-TEST_F(AgendaTest, PrintingAsksUntilItKnows)
-{
-    const QString choice = u"0 - AGENDA DA CLINICA\n1 - AGENDA DO HOME"_qs;
-    const QString title = u"QUAL AGENDA DESEJA IMPRIMIR?"_qs;
-    dialogs.expectInput(choice, u"2"_qs, title);
-    dialogs.expectInput(choice, u""_qs, title);
-    dialogs.expectInput(choice, {}, title);
-    open<frmCli_Agenda>([&](ScreenDriver& agenda) {
-        agenda.press(Qt::Key_F3);
-        agenda.press(Qt::Key_Escape);
-    });
-}
-
 TEST_F(AgendaTest, AClinicWithoutProfessionalsHasNoAgenda)
 {
     execute(u"delete from profissionais where idlic = 'C1'"_qs);

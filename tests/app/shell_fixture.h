@@ -19,10 +19,10 @@
 
 /// The program's shell in a folder of its own, configured for the tenant C1 of the test database, with the
 /// clock standing still. MARIA, password SEGREDO, is a user without rows.
-class Shell : public testing::Test
+class Program : public testing::Test
 {
 protected:
-    Shell()
+    Program()
     {
         Files::setProgramFolder(folder.path());
         Database& database = Database::instance();
@@ -33,7 +33,7 @@ protected:
         ligaMenu();
     }
 
-    ~Shell() override
+    ~Program() override
     {
         delete &Form::of<frmPrincipal>();
         FechaConexao();
@@ -94,7 +94,7 @@ protected:
 };
 
 /// MARIA is in, as after a login; every menu entry is open to her.
-class LoggedIn : public Shell
+class LoggedIn : public Program
 {
 protected:
     LoggedIn()

@@ -19,7 +19,7 @@ struct Outcome
     QStringList boxes; ///< "title|text", and "|critical"
 };
 
-class Ending : public Shell
+class Ending : public Program
 {
 protected:
     Outcome run(const QString& scenario, const QStringList& answers = {})
@@ -35,7 +35,7 @@ protected:
 
 } // namespace
 
-TEST_F(Shell, StartCleansUpReadsTheConfigurationAndLogsIn)
+TEST_F(Program, StartCleansUpReadsTheConfigurationAndLogsIn)
 {
     Files::write(Files::inProgramFolder(u"\\adm_atu.exe"_qs), "x");
     dialogs.expect(u"\"F1 SUPORTE\" ainda não está disponível nesta versão."_qs);
@@ -84,7 +84,7 @@ TEST_F(Shell, StartCleansUpReadsTheConfigurationAndLogsIn)
     EXPECT_EQ(bar->panel(3), u"Usuário: MARIA");
 }
 
-TEST_F(Shell, AUserWithoutRowsHasTheTwoLastEntriesAlone)
+TEST_F(Program, AUserWithoutRowsHasTheTwoLastEntriesAlone)
 {
     start();
     EXPECT_EQ(enabledEntries(), always);
@@ -94,7 +94,7 @@ TEST_F(Shell, AUserWithoutRowsHasTheTwoLastEntriesAlone)
     EXPECT_TRUE(principal.findChild<QAction*>(u"mnuoff"_qs)->isEnabled());
 }
 
-TEST_F(Shell, RightsGoRowByRowAndTheLastOneDecides)
+TEST_F(Program, RightsGoRowByRowAndTheLastOneDecides)
 {
     addRight(u"C1"_qs, u"MARIA"_qs, u"MNUCAD              "_qs, u"0"_qs);
     addRight(u"C1"_qs, u"MARIA"_qs, u" cadConv"_qs, u"1"_qs);
@@ -115,7 +115,7 @@ TEST_F(Shell, RightsGoRowByRowAndTheLastOneDecides)
     EXPECT_EQ(Funcoes::PerfilValor(u""_qs, u"cadConv"_qs), u"1");
 }
 
-TEST_F(Shell, AfterALogOffOnlyTheNextUsersRowsCount)
+TEST_F(Program, AfterALogOffOnlyTheNextUsersRowsCount)
 {
     addUser(u"C1"_qs, u"ANA"_qs, u"X"_qs);
     addRight(u"C1"_qs, u"MARIA"_qs, u"cliAG               "_qs, u"0"_qs);
@@ -142,7 +142,7 @@ TEST_F(Shell, AfterALogOffOnlyTheNextUsersRowsCount)
     EXPECT_FALSE(principal.visible(u"cmdST"_qs));
 }
 
-TEST_F(Shell, TheLoginIsLeftWithoutAUser)
+TEST_F(Program, TheLoginIsLeftWithoutAUser)
 {
     Usuario = u"OLD"_qs;
     for (const bool byEsc : {false, true}) {
@@ -161,7 +161,7 @@ TEST_F(Shell, TheLoginIsLeftWithoutAUser)
     }
 }
 
-TEST_F(Shell, ALogoFillsTheWindowBehindEverything)
+TEST_F(Program, ALogoFillsTheWindowBehindEverything)
 {
     QImage image(40, 30, QImage::Format_RGB32);
     image.fill(Qt::red);
@@ -176,7 +176,7 @@ TEST_F(Shell, ALogoFillsTheWindowBehindEverything)
     EXPECT_EQ(logo->geometry(), principal.clientArea()->rect());
 }
 
-TEST_F(Shell, TheConfigurationScreenKeepsTheFile)
+TEST_F(Program, TheConfigurationScreenKeepsTheFile)
 {
     addRight(u"C1"_qs, u"MARIA"_qs, u"mnupram             "_qs, u"0"_qs);
     start();

@@ -1,6 +1,7 @@
 #include "agenda.h"
 
 #include "app/core/menu.h"
+#include "app/core/variaveis.h"
 #include "tour.h"
 
 namespace {
@@ -76,6 +77,9 @@ void walkAgenda(Tour& tour)
             search.press(Qt::Key_Escape);
         });
         agenda.press(Qt::Key_F2);
+        tour.box(QStringLiteral("frmCli_Agenda_impressao"), QStringLiteral("0"));
+        agenda.press(Qt::Key_F3);
+        tour.document(QStringLiteral("cli_agenda"), Variaveis::ArquivoPDF);
         pastAndHoliday(tour, agenda);
         agenda.press(Qt::Key_Escape);
     });

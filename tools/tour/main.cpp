@@ -9,6 +9,7 @@
 #include "platform/forms/application.h"
 #include "platform/forms/theme.h"
 #include "platform/system/files.h"
+#include "platform/system/shell.h"
 #include "support/fixedclock.h"
 #include "support/report.h"
 
@@ -122,6 +123,7 @@ int main(int argc, char** argv)
     Application::setFailureHandler(
         [](const std::exception& error) { Report::fail(QString::fromUtf8(error.what())); });
 
+    Shell::setHandler([](const QString&) {}); // a document is kept with the pictures
     const FixedClock clock(QDateTime(QDate(2026, 3, 16), QTime(8, 30)));
     Tour tour(arguments[2]);
     QMetaObject::invokeMethod(

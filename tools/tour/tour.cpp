@@ -4,9 +4,11 @@
 
 #include <QAbstractButton>
 #include <QApplication>
+#include <QInputDialog>
 #include <QMenu>
 #include <QMessageBox>
 #include <QPainter>
+#include <QProcess>
 
 namespace {
 
@@ -31,27 +33,49 @@ Tour::Tour(const QString& pictures) : pictures_(pictures)
     timer_.start(20);
 }
 
-void Tour::box(const QString& name, const QString& button)
+void Tour::box(const QString& name, const QString& answer)
 {
-    boxes_ << Box{name, button};
+    boxes_ << Box{name, answer};
 }
 
 void Tour::look()
 {
-    auto* box = qobject_cast<QMessageBox*>(QApplication::activeModalWidget());
+    auto* box = qobject_cast<QDialog*>(QApplication::activeModalWidget());
     if (!box || !box->isVisible())
         return;
     if (boxes_.isEmpty()) {
-        Report::fail(QStringLiteral("unexpected box \"%1\"").arg(box->text()));
+        Report::fail(QStringLiteral("unexpected box \"%1\"").arg(box->windowTitle()));
         return;
     }
     const Box expected = boxes_.takeFirst();
     settle();
+    if (auto* input = qobject_cast<QInputDialog*>(box))
+        input->setTextValue(expected.answer);
     picture(expected.name, box->grab().toImage());
-    for (QAbstractButton* button : box->buttons())
-        if (button->text().remove(QLatin1Char('&')) == expected.button)
-            return button->click();
-    Report::fail(QStringLiteral("the box \"%1\" has no button %2").arg(box->text(), expected.button));
+    if (auto* message = qobject_cast<QMessageBox*>(box))
+        answer(*message, expected.answer);
+    else
+        box->accept();
+}
+
+void Tour::answer(QMessageBox& box, const QString& button)
+{
+    for (QAbstractButton* one : box.buttons())
+        if (one->text().remove(QLatin1Char('&')) == button)
+            return one->click();
+    Report::fail(QStringLiteral("the box \"%1\" has no button %2").arg(box.text(), button));
+}
+
+QString Tour::numbered(const QString& name)
+{
+    return QStringLiteral("%1_%2").arg(++count_, 2, 10, QLatin1Char('0')).arg(name);
+}
+
+void Tour::list(const QString& file)
+{
+    QFile list(pictures_.filePath(listName()));
+    if (!list.open(QIODevice::Append) || list.write(file.toUtf8() + '\n') < 0)
+        Report::fail(QStringLiteral("%1 cannot be written").arg(list.fileName()));
 }
 
 void Tour::picture(const QString& name, const ScreenDriver& screen)
@@ -62,12 +86,25 @@ void Tour::picture(const QString& name, const ScreenDriver& screen)
 
 void Tour::picture(const QString& name, const QImage& image)
 {
-    const QString file = QStringLiteral("%1_%2.png").arg(++count_, 2, 10, QLatin1Char('0')).arg(name);
+    const QString file = numbered(name) + QStringLiteral(".png");
     if (image.isNull() || !image.save(pictures_.filePath(file)))
         Report::fail(QStringLiteral("the picture %1 cannot be kept").arg(pictures_.filePath(file)));
-    QFile list(pictures_.filePath(listName()));
-    if (!list.open(QIODevice::Append) || list.write(file.toUtf8() + '\n') < 0)
-        Report::fail(QStringLiteral("%1 cannot be written").arg(list.fileName()));
+    list(file);
+}
+
+void Tour::document(const QString& name, const QString& path)
+{
+    const QString file = numbered(name);
+    const QString copy = file + QStringLiteral(".pdf");
+    if (!QFile::copy(path, pictures_.filePath(copy)))
+        Report::fail(QStringLiteral("there is no document %1").arg(path));
+    list(copy);
+    if (QProcess::execute(QStringLiteral("pdftoppm"),
+                          {QStringLiteral("-png"), QStringLiteral("-r"), QStringLiteral("100"), path,
+                           pictures_.filePath(file)}) != 0)
+        Report::fail(QStringLiteral("the pages of %1 cannot be drawn").arg(path));
+    for (const QString& page : pictures_.entryList({file + QStringLiteral("-*.png")}))
+        list(page);
 }
 
 void Tour::pictureWithMenu(const QString& name, const ScreenDriver& screen, QMenu& menu)

@@ -7,6 +7,7 @@
 #include <QTimer>
 
 class QMenu;
+class QMessageBox;
 
 /// Walks through the program's real windows and keeps a picture of what a user sees at each step, numbered in
 /// the order of the walk. A step that does not work ends the walk with status 1.
@@ -21,8 +22,9 @@ public:
         modal_.expect(name, std::move(steps));
     }
 
-    /// A message box that the next step brings: its picture is kept under `name`, and the button pressed.
-    void box(const QString& name, const QString& button);
+    /// A box that the next step brings: its picture is kept under `name`; the answer is the button to press, or
+    /// what is typed into an input box.
+    void box(const QString& name, const QString& answer);
 
     void picture(const QString& name, const ScreenDriver& screen);
     void picture(const QString& name, const QImage& image);
@@ -31,16 +33,22 @@ public:
     /// The window at 1.5 and 2 times its size, each with a picture; then as it was.
     void enlarged(const QString& name, ScreenDriver& screen);
 
+    /// A PDF document: the file itself, and a picture of each page.
+    void document(const QString& name, const QString& path);
+
     int count() const { return count_; }
 
 private:
     struct Box
     {
         QString name;
-        QString button;
+        QString answer; ///< a button's text, or what is typed
     };
 
     void look();
+    void answer(QMessageBox& box, const QString& button);
+    QString numbered(const QString& name);
+    void list(const QString& file);
 
     QDir pictures_;
     int count_ = 0;
