@@ -13,6 +13,9 @@ namespace {
 constexpr qint32 azul = 0xff0000; // packed colours have the blue in front
 constexpr qint32 branco = 0xffffff;
 constexpr qint32 preto = 0;
+constexpr qint32 helvetica = 0;
+constexpr qint32 courier = 1;
+constexpr qint32 negrito = 2;
 constexpr double esquerda = 15;
 constexpr double direita = 575;
 constexpr double margemDoTexto = 20;
@@ -65,19 +68,20 @@ void prepara(PDFPrinter& pdf)
 void cabecalho(PDFPrinter& pdf, const FolhaDaAgenda& folha)
 {
     linhaCheia(pdf, 32);
-    pdf.PDFSetFont(0, 12, 2);
+    pdf.PDFSetFont(helvetica, 12, negrito);
     pdf.PDFTextOut(QStringLiteral("Tremo Silva 1.0 - AGENDA CLINICA"), margemDoTexto, 25);
-    pdf.PDFSetFont(0, 9, 0);
+    pdf.PDFSetFont(helvetica, 9, 0);
     pdf.PDFTextOut(QStringLiteral("PROFISSIONAL: ") + folha.profissional.left(45), margemDoTexto, 45);
-    pdf.PDFSetFont(0, 10, 0);
+    pdf.PDFSetFont(helvetica, 10, 0);
     pdf.PDFTextOut(folha.dia, margemDoTexto, 55);
-    pdf.PDFSetFont(0, 9, 0);
+    pdf.PDFSetFont(helvetica, 9, 0);
     pdf.PDFTextOut(Variaveis::Usuario + QStringLiteral(" - ") + agora(), margemDoTexto, 65);
     linhaCheia(pdf, 70);
     pdf.PDFSetLineColor(azul);
     pdf.PDFSetLineWidth(12);
     linhaCheia(pdf, 77); // so thick that it is a band
     pdf.PDFSetTextColor(branco);
+    pdf.PDFSetFont(courier, 9, 0); // of one pitch, so that the columns of list and headings stand in line
     pdf.PDFTextOut(semBarras(folha.titulo), margemDoTexto, 79);
 }
 
@@ -105,7 +109,7 @@ void rodape(PDFPrinter& pdf, double y)
     pdf.PDFSetLineColor(azul);
     pdf.PDFSetLineWidth(2);
     linhaCheia(pdf, y - 8);
-    pdf.PDFSetFont(0, 12, 0);
+    pdf.PDFSetFont(helvetica, 12, 0);
     pdf.PDFSetLineColor(preto);
     pdf.PDFSetTextColor(preto);
     pdf.PDFSetLineWidth(0.2);
