@@ -102,9 +102,9 @@ std::optional<PageQuery> PageQuery::make(const PlainSelect& select, const std::v
     if (result.key_.empty())
         return std::nullopt;
     const auto add = [&](qsizetype column, bool descending) {
-        const bool isKey = std::find(result.key_.begin(), result.key_.end(), column) != result.key_.end();
-        result.order_.push_back(
-            {column, quotedName(columns[std::size_t(column)].baseName), descending, !isKey});
+        const Column& ordered = columns[std::size_t(column)];
+        // Asked whether it is null, a date that may not be answers yes for 0000-00-00.
+        result.order_.push_back({column, quotedName(ordered.baseName), descending, ordered.nullable});
     };
     for (const PlainSelect::Order& order : select.order) {
         const qsizetype column = columnPlace(columns, order.column);
@@ -207,23 +207,42 @@ ParameterisedStatement PageQuery::page(Direction direction, const std::optional<
 
 ParameterisedStatement PageQuery::rowWithKey(const std::vector<WireValue>& key) const
 {
+    return restricted(QStringLiteral("*"), table_, {}, isKey(key));
+}
+
+ParameterisedStatement PageQuery::count(const Keys& without) const
+{
+    return restricted(QStringLiteral("count(*)"), table_, {}, isNone(without));
+}
+
+ParameterisedStatement PageQuery::countBefore(const Place& place, const Keys& without) const
+{
+    return restricted(QStringLiteral("count(*)"), table_, behind(Direction::Backward, place),
+                      isNone(without));
+}
+
+ParameterisedStatement PageQuery::isKey(const std::vector<WireValue>& key) const
+{
     std::vector<ParameterisedStatement> terms;
     for (std::size_t i = 0; i < key_.size(); ++i) {
         const auto column = std::find_if(order_.begin(), order_.end(),
                                          [&](const Order& order) { return order.column == key_[i]; });
         terms.push_back({column->name + QStringLiteral(" = ?"), {key[i]}});
     }
-    return restricted(QStringLiteral("*"), table_, {}, joined(terms, QStringLiteral(" and ")));
+    return joined(terms, QStringLiteral(" and "));
 }
 
-ParameterisedStatement PageQuery::count() const
+ParameterisedStatement PageQuery::isNone(const Keys& keys) const
 {
-    return restricted(QStringLiteral("count(*)"), table_, {}, {});
-}
-
-ParameterisedStatement PageQuery::countBefore(const Place& place) const
-{
-    return restricted(QStringLiteral("count(*)"), table_, behind(Direction::Backward, place), {});
+    if (keys.empty())
+        return {};
+    std::vector<ParameterisedStatement> terms;
+    for (const std::vector<WireValue>& key : keys) {
+        ParameterisedStatement term = isKey(key);
+        term.sql.prepend(QStringLiteral("not "));
+        terms.push_back(std::move(term));
+    }
+    return joined(terms, QStringLiteral(" and "));
 }
 
 ParameterisedStatement PageQuery::restricted(const QString& what, const QString& table,

@@ -3,6 +3,7 @@
 #include "platform/data/basetable.h"
 
 #include <QStringList>
+#include <set>
 
 namespace ADODB {
 
@@ -41,6 +42,8 @@ public:
 
     /// A row's values of the columns of the order, the primary key among them.
     using Place = std::vector<WireValue>;
+    /// Values of primary keys.
+    using Keys = std::set<std::vector<WireValue>>;
 
     /// None where the result lacks a column of the order or of the key `primaryKey`, or is ordered by a
     /// floating-point number, whose text form is not exact.
@@ -66,9 +69,9 @@ public:
     ParameterisedStatement page(Direction direction, const std::optional<Place>& from, qsizetype limit,
                                 const ParameterisedStatement& filter = {}) const;
     ParameterisedStatement rowWithKey(const std::vector<WireValue>& key) const;
-    ParameterisedStatement count() const;
-    /// Counts the rows in front of a place.
-    ParameterisedStatement countBefore(const Place& place) const;
+    /// Counts the rows whose keys are not among these; with a place, those in front of it.
+    ParameterisedStatement count(const Keys& without) const;
+    ParameterisedStatement countBefore(const Place& place, const Keys& without) const;
 
 private:
     struct Order
@@ -86,6 +89,8 @@ private:
                                       const ParameterisedStatement& seek,
                                       const ParameterisedStatement& filter) const;
     ParameterisedStatement behind(Direction direction, const Place& place) const;
+    ParameterisedStatement isKey(const std::vector<WireValue>& key) const;
+    ParameterisedStatement isNone(const Keys& keys) const;
 
     QString table_;
     QString conditions_;
