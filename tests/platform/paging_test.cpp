@@ -2,6 +2,7 @@
 #include "platform/data/datagrid.h"
 #include "platform/data/error.h"
 #include "platform/datafixture.h"
+#include "support/statements.h"
 
 #include <QScrollBar>
 #include <QTest>
@@ -142,7 +143,7 @@ TEST_F(Paging, ARowIsFoundNearFarAndNotAtAll)
     Recordset rs;
     open(rs, u"select * from plano order by nmplano"_qs);
     QStringList statements;
-    Connection::setObserver([&](const StatementEvent& event) { statements << event.statement; });
+    const StatementWatch watch([&](const StatementEvent& event) { statements << event.statement; });
     const auto firstOf = [&](const QString& condition) {
         return codes(u"where "_qs + condition + u" order by nmplano, idplano limit 1"_qs).value(0);
     };
@@ -179,7 +180,6 @@ TEST_F(Paging, ARowIsFoundNearFarAndNotAtAll)
         EXPECT_EQ(code(rs), expected.last());
         rs.MoveFirst();
     }
-    Connection::setObserver({});
 }
 
 TEST_F(Paging, RequeryStandsOnTheRowWhereverItIsNow)
