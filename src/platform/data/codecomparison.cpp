@@ -1,100 +1,17 @@
 #include "platform/data/codecomparison.h"
 
+#include "platform/data/sqltokens.h"
+
 #include <QRegularExpression>
-#include <optional>
-#include <vector>
 
 namespace ADODB {
 
 namespace {
 
-struct Token
-{
-    enum class Kind
-    {
-        Word,       ///< a name or keyword, in small letters
-        QuotedName, ///< in small letters, without its quotes
-        Number,     ///< as it stands; whatever begins with a digit
-        Text,       ///< between single quotes, without them
-        OtherText,  ///< between double quotes
-        Sign,
-        End
-    };
-
-    Kind kind = Kind::End;
-    QString text;
-    qsizetype at = 0;
-
-    bool isName() const { return kind == Kind::Word || kind == Kind::QuotedName; }
-    bool is(QLatin1String word) const { return kind == Kind::Word && text == word; }
-    bool is(char sign) const { return kind == Kind::Sign && text == QLatin1Char(sign); }
-    bool isOneOf(const QSet<QString>& words) const { return kind == Kind::Word && words.contains(text); }
-};
-
 QSet<QString> words(const char* list)
 {
     const QStringList each = QString::fromLatin1(list).split(u' ');
     return {each.begin(), each.end()};
-}
-
-bool isWordSign(QChar sign)
-{
-    return sign.isLetterOrNumber() || sign == u'_' || sign == u'$' || sign.unicode() >= 0x80;
-}
-
-/// The text or quoted name that begins at `at`, with its quotes; null where it stays open or has a backslash,
-/// whose meaning hangs on the server's mode.
-QStringView quotedAt(QStringView sql, qsizetype at)
-{
-    const QChar quote = sql[at];
-    for (qsizetype i = at + 1; i < sql.size(); ++i) {
-        if (sql[i] == u'\\' && quote != u'`')
-            return {};
-        if (sql[i] != quote)
-            continue;
-        if (i + 1 < sql.size() && sql[i + 1] == quote)
-            ++i;
-        else
-            return sql.mid(at, i + 1 - at);
-    }
-    return {};
-}
-
-/// None where the statement has a comment or cannot be read.
-std::optional<std::vector<Token>> tokensOf(QStringView sql)
-{
-    using Kind = Token::Kind;
-    std::vector<Token> tokens;
-    for (qsizetype i = 0; i < sql.size();) {
-        const QChar sign = sql[i];
-        const QStringView two = sql.mid(i, 2);
-        if (sign == u'#' || two == u"--" || two == u"/*")
-            return std::nullopt;
-        qsizetype size = 1;
-        if (sign == u'\'' || sign == u'"' || sign == u'`') {
-            const QStringView quoted = quotedAt(sql, i);
-            if (quoted.isNull())
-                return std::nullopt;
-            size = quoted.size();
-            const QString inside = quoted.mid(1, size - 2).toString();
-            tokens.push_back({sign == u'\''  ? Kind::Text
-                              : sign == u'"' ? Kind::OtherText
-                                             : Kind::QuotedName,
-                              sign == u'`' ? inside.toLower() : inside, i});
-        } else if (isWordSign(sign)) {
-            while (i + size < sql.size() && isWordSign(sql[i + size]))
-                ++size;
-            const QString word = sql.mid(i, size).toString();
-            // Behind a point "1" is the end of a number; a name may begin with a digit there, but no code
-            // does.
-            tokens.push_back({sign.isDigit() ? Kind::Number : Kind::Word, word.toLower(), i});
-        } else if (!sign.isSpace()) {
-            tokens.push_back({Kind::Sign, sign, i});
-        }
-        i += size;
-    }
-    tokens.push_back({Kind::End, {}, sql.size()});
-    return tokens;
 }
 
 /// Reads a statement's tokens once from left to right and notes the places of the comparisons.

@@ -1,29 +1,12 @@
 #pragma once
 
 #include "platform/data/basetable.h"
+#include "platform/data/plainselect.h"
 
 #include <QStringList>
 #include <set>
 
 namespace ADODB {
-
-/// The parts of a statement of the form "select * from table [where conditions] [order by columns]".
-struct PlainSelect
-{
-    struct Order
-    {
-        QString column;
-        bool descending = false;
-    };
-
-    QString table;
-    QString conditions; ///< empty for all rows
-    std::vector<Order> order;
-};
-
-/// None for a statement of any other form: with a join, a subselect, a grouping, a limit, a comment, an order
-/// by expressions; and where quotes or brackets do not match.
-std::optional<PlainSelect> plainSelect(const QString& sql);
 
 /// The statements that read a plain result page by page, from a row on, in its order. Rows that are equal by
 /// the columns of the order follow each other by the primary key, so every row has one place. Null is less
