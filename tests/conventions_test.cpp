@@ -30,7 +30,7 @@ const QList<Rule>& rules()
          u"platform/system/http.cpp"_qs},
         {u"ODBC stays in its room"_qs,
          QRegularExpression(u"#include\\s*<(sql|sqlext|sqltypes|odbcinst)\\.h>"_qs),
-         u"platform/data/odbc.cpp"_qs},
+         u"platform/data/odbc"_qs},
         {u"values enter a statement through aspas"_qs,
          QRegularExpression(
              u"'\"\\s*\\+|\\+\\s*\"'|'\"_qs\\s*\\+|\\+\\s*u\"'|\\+\\s*QStringLiteral\\(\"'|'\"\\)\\s*\\+"_qs),

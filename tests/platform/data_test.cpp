@@ -1,5 +1,6 @@
 #include "platform/data/error.h"
 #include "platform/datafixture.h"
+#include "support/statements.h"
 
 using namespace ADODB;
 
@@ -422,7 +423,7 @@ TEST_F(Data, TwoResultsAndTwoConnectionsStandSideBySide)
 TEST_F(Data, EveryStatementPassesTheObserver)
 {
     QStringList seen;
-    Connection::setObserver([&](const StatementEvent& event) {
+    const StatementWatch watch([&](const StatementEvent& event) {
         EXPECT_GE(event.seconds, 0);
         seen << (event.ok ? u"+"_qs : u"-"_qs) + event.statement.section(u' ', 0, 0);
     });
@@ -433,10 +434,9 @@ TEST_F(Data, EveryStatementPassesTheObserver)
     rs.Update();
     rs.Delete();
     EXPECT_NE(errorOf([&] { connection.Execute(u"selec"_qs); }), 0);
-    Connection::setObserver({});
     connection.Execute(u"delete from plano"_qs);
     EXPECT_EQ(seen, (QStringList{u"+insert"_qs, u"+select"_qs, u"+update"_qs, u"+select"_qs, u"+delete"_qs,
-                                 u"-selec"_qs}));
+                                 u"-selec"_qs, u"+delete"_qs}));
 }
 
 } // namespace

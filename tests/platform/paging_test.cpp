@@ -2,6 +2,7 @@
 #include "platform/data/datagrid.h"
 #include "platform/data/error.h"
 #include "platform/datafixture.h"
+#include "support/statements.h"
 
 #include <QScrollBar>
 #include <QTest>
@@ -142,7 +143,7 @@ TEST_F(Paging, ARowIsFoundNearFarAndNotAtAll)
     Recordset rs;
     open(rs, u"select * from plano order by nmplano"_qs);
     QStringList statements;
-    Connection::setObserver([&](const StatementEvent& event) { statements << event.statement; });
+    const StatementWatch watch([&](const StatementEvent& event) { statements << event.statement; });
     const auto firstOf = [&](const QString& condition) {
         return codes(u"where "_qs + condition + u" order by nmplano, idplano limit 1"_qs).value(0);
     };
@@ -179,7 +180,6 @@ TEST_F(Paging, ARowIsFoundNearFarAndNotAtAll)
         EXPECT_EQ(code(rs), expected.last());
         rs.MoveFirst();
     }
-    Connection::setObserver({});
 }
 
 TEST_F(Paging, RequeryStandsOnTheRowWhereverItIsNow)
@@ -216,42 +216,6 @@ TEST_F(Paging, RequeryStandsOnTheRowWhereverItIsNow)
         const QStringList now = codes(inOrder);
         EXPECT_EQ(walk(rs), now.mid(std::max<qsizetype>(now.indexOf(given.after), 0)));
     }
-}
-
-TEST_F(Paging, ChangedRowsAtTheEdgesLoseAndRepeatNone)
-{
-    Recordset rs;
-    open(rs, u"select * from plano "_qs + ownersRows);
-    const QStringList before = codes(inOrder);
-    // The last row held goes to the end of the order, and stays where it stands until a requery.
-    rs.moveToHeld(rs.rowsHeld() - 1);
-    rs.Fields("nmplano") = u"zzz"_qs;
-    rs.Update();
-    rs.MoveFirst();
-    EXPECT_EQ(walk(rs), before);
-    rs.Requery();
-    // All the rows held are deleted: the next ones take their place.
-    for (int i = 0; i < 30; ++i)
-        rs.Delete();
-    EXPECT_EQ(code(rs), before[31]) << "the renamed row was among the first 31";
-    const qsizetype mark = rs.Bookmark();
-    rs.AddNew();
-    rs.Fields("nmplano") = u"AAA"_qs;
-    rs.Update();
-    EXPECT_TRUE(rs.Fields("idplano").integer() > 1000);
-    rs.MovePrevious();
-    EXPECT_EQ(rs.Fields("nmplano").text(), u"zzz") << "the new row stands behind the last one";
-    rs.setBookmark(mark);
-    EXPECT_EQ(code(rs), before[31]);
-    rs.Requery();
-    rs.MoveFirst();
-    EXPECT_EQ(walk(rs), codes(inOrder));
-    EXPECT_EQ(database().value(u"select count(*) from plano where sit = 'X'"_qs), u"500");
-    // What was deleted stays away when the front is read again.
-    rs.Filter(u"nmplano like 'AAA'"_qs);
-    EXPECT_EQ(rs.RecordCount(), 1);
-    rs.Filter({});
-    EXPECT_EQ(rs.RecordCount(), 471);
 }
 
 TEST_F(Paging, AGridReadsOnAsItIsLookedThrough)

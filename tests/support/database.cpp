@@ -1,5 +1,7 @@
 #include "support/database.h"
 
+#include "support/statements.h"
+
 #include <QCoreApplication>
 #include <QDir>
 #include <QFileInfo>
@@ -39,8 +41,16 @@ QString tool(const QString& name, const QStringList& arguments)
 class DatabaseEnvironment : public testing::Environment
 {
 public:
-    void SetUp() override { Database::instance().create(); }
-    void TearDown() override { Database::instance().drop(); }
+    void SetUp() override
+    {
+        Database::instance().create();
+        StatementRecord::start();
+    }
+    void TearDown() override
+    {
+        StatementRecord::write();
+        Database::instance().drop();
+    }
 };
 
 [[maybe_unused]] static const auto* const environment =

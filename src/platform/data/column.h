@@ -41,6 +41,7 @@ struct Column
     ColumnKind kind = ColumnKind::Text;
     int bytes = 0; ///< room that the longest value takes, 0 where the driver does not know
     bool autoIncrement = false;
+    bool nullable = true;
     /// Where the column comes from; the names are empty for an expression.
     QByteArray catalog;
     QByteArray table;

@@ -1,5 +1,7 @@
 #include "platform/data/connection.h"
 
+#include "platform/data/rowstore.h"
+
 #include <QElapsedTimer>
 
 namespace ADODB {
@@ -7,6 +9,28 @@ namespace ADODB {
 namespace {
 
 std::function<void(const StatementEvent&)> statementObserver;
+
+bool& isByEquality()
+{
+    static bool on = qEnvironmentVariableIsEmpty("TREMOSILVA_COMPARE_AS_WRITTEN");
+    return on;
+}
+
+/// What a database has answered to codeNamesQuery().
+struct KnownCodes
+{
+    CodeNames names;
+    QElapsedTimer age;
+};
+
+constexpr qint64 oldestCodes = 60'000; ///< milliseconds
+
+/// By connection string.
+std::map<QString, KnownCodes>& knownCodes()
+{
+    static std::map<QString, KnownCodes> known;
+    return known;
+}
 
 } // namespace
 
@@ -36,6 +60,7 @@ void Connection::Close()
         return;
     session_->disconnect();
     session_.reset();
+    namesChanged_ = false;
     primaryKeys_.clear();
 }
 
@@ -63,17 +88,54 @@ void Connection::setObserver(std::function<void(const StatementEvent&)> observer
     statementObserver = std::move(observer);
 }
 
+void Connection::setCodesByEquality(bool on)
+{
+    isByEquality() = on;
+}
+
 std::unique_ptr<Odbc::Statement> Connection::run(const QString& sql, const std::vector<WireValue>& parameters)
+{
+    const QString text = withCodesCompared(sql);
+    auto statement = guarded([&] { return send(text, sql, parameters); });
+    if (mayChangeNames(sql)) {
+        namesChanged_ = true;
+        knownCodes().erase(connectionString_);
+    }
+    return statement;
+}
+
+QString Connection::withCodesCompared(const QString& sql)
+{
+    if (!isByEquality() || namesChanged_ || !session_ ||
+        !sql.contains(QLatin1String("like"), Qt::CaseInsensitive))
+        return sql;
+    KnownCodes& known = knownCodes()[connectionString_];
+    if (!known.age.isValid() || known.age.hasExpired(oldestCodes)) {
+        const QString query = codeNamesQuery();
+        try {
+            known.names.clear();
+            for (const Row& row : allRows(*send(query, query, {})))
+                known.names.insert(QString::fromUtf8(row.cell(0)));
+            known.age.start();
+        } catch (const Error&) {
+            // The statement itself will meet the same trouble, and is the one to tell of it.
+            return sql;
+        }
+    }
+    return comparedByEquality(sql, known.names);
+}
+
+std::unique_ptr<Odbc::Statement> Connection::send(const QString& sql, const QString& asWritten,
+                                                  const std::vector<WireValue>& parameters)
 {
     QElapsedTimer timer;
     timer.start();
     const auto report = [&](bool ok) {
         if (statementObserver)
-            statementObserver({sql, double(timer.nsecsElapsed()) / 1e9, ok});
+            statementObserver({asWritten, sql, double(timer.nsecsElapsed()) / 1e9, ok});
     };
     try {
-        auto statement =
-            guarded([&] { return std::make_unique<Odbc::Statement>(session(), sql.toUtf8(), parameters); });
+        auto statement = std::make_unique<Odbc::Statement>(session(), sql.toUtf8(), parameters);
         report(true);
         return statement;
     } catch (const Error&) {

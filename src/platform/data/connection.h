@@ -1,5 +1,6 @@
 #pragma once
 
+#include "platform/data/codecomparison.h"
 #include "platform/data/error.h"
 #include "platform/data/odbc.h"
 
@@ -12,6 +13,7 @@ namespace ADODB {
 struct StatementEvent
 {
     QString statement;
+    QString sent;   ///< as the server got it: codes compared by equality
     double seconds; ///< until the server's answer was there
     bool ok;
 };
@@ -49,6 +51,11 @@ public:
     /// Error 3219 outside a transaction.
     void CommitTrans();
 
+    /// Whether codes are compared by equality on their way to the server (comparedByEquality); that is so
+    /// unless the environment has a variable TREMOSILVA_COMPARE_AS_WRITTEN that is not empty. For all
+    /// connections.
+    static void setCodesByEquality(bool on);
+
     /// Called after every statement of every connection; an empty function ends it. For tracing and timing.
     static void setObserver(std::function<void(const StatementEvent&)> observer);
 
@@ -69,13 +76,22 @@ private:
         }
     }
     /// Every statement of the program passes here. Error 3704 where the connection is closed.
+    ///
+    /// Codes are compared by equality. What the codes are is asked of the database at the first statement
+    /// that has `like`, and again when the answer is a minute old: it is shared by the connections of one
+    /// connection string. A connection that has run a statement which may change it compares as written from
+    /// then on.
     std::unique_ptr<Odbc::Statement> run(const QString& sql, const std::vector<WireValue>& parameters = {});
+    std::unique_ptr<Odbc::Statement> send(const QString& sql, const QString& asWritten,
+                                          const std::vector<WireValue>& parameters);
+    QString withCodesCompared(const QString& sql);
     const std::shared_ptr<Odbc::Session>& session() const;
     /// The names of a table's key columns, asked for once per connection.
     const std::vector<QByteArray>& primaryKey(const QByteArray& catalog, const QByteArray& table);
 
     QString connectionString_;
     std::shared_ptr<Odbc::Session> session_;
+    bool namesChanged_ = false;
     std::map<std::pair<QByteArray, QByteArray>, std::vector<QByteArray>> primaryKeys_;
 };
 

@@ -76,7 +76,8 @@ public:
     /// fetched singly in the block that it is asked for first.
     QByteArrayView cell(qsizetype row, qsizetype column);
 
-    /// The names of the columns of a table's primary key, in the key's order; none where there is no key.
+    /// The names of the columns of a table's primary key; none where there is no key. The connector gives
+    /// them in the table's order, whatever the key's is.
     static std::vector<QByteArray> primaryKey(std::shared_ptr<Session> session, const QByteArray& catalog,
                                               const QByteArray& table);
 

@@ -96,7 +96,7 @@ qsizetype PagedRows::readOn(Direction direction)
         if (!other)
             other = query_.place(page.front());
         for (Row& row : page) {
-            if (isOwn(row))
+            if (own_.contains(query_.key(row)))
                 continue;
             ++added;
             if (isForward) {
@@ -119,32 +119,29 @@ void PagedRows::readWhole()
 
 void PagedRows::dropBefore(qsizetype place)
 {
-    // A row that was changed here does not say where its page ended.
-    while (place > first_ && isOwn(row(place)))
-        --place;
+    // Nor may the row that tells where the run begins be one that was changed.
+    for (qsizetype other = first_; other <= place; ++other)
+        if (isOwn(other))
+            place = other - 1;
     if (place <= first_)
         return;
     frontEdge_ = query_.place(row(place));
     atFront_ = false;
-    for (; first_ < place; ++first_) {
-        own_.erase(query_.key(rows_.front()));
-        rows_.pop_front();
-    }
+    rows_.erase(rows_.begin(), rows_.begin() + (place - first_));
+    first_ = place;
 }
 
 void PagedRows::dropFrom(qsizetype place)
 {
     const qsizetype end = first_ + count();
-    while (place < end && isOwn(row(place - 1)))
-        ++place;
+    for (qsizetype other = end - 1; other >= place - 1; --other)
+        if (isOwn(other))
+            place = other + 2;
     if (place >= end)
         return;
     endEdge_ = query_.place(row(place - 1));
     atEnd_ = false;
-    while (first_ + count() > place) {
-        own_.erase(query_.key(rows_.back()));
-        rows_.pop_back();
-    }
+    rows_.erase(rows_.begin() + (place - first_), rows_.end());
 }
 
 std::optional<Row> PagedRows::find(const Criteria& criteria, bool behindTheRun) const
@@ -171,9 +168,11 @@ std::optional<Row> PagedRows::rowWithKey(const std::vector<WireValue>& key) cons
 std::optional<qsizetype> PagedRows::placeOf(const Row& wanted) const
 {
     const std::vector<WireValue> key = query_.key(wanted);
-    const auto found =
-        std::find_if(rows_.begin(), rows_.end(), [&](const Row& row) { return query_.key(row) == key; });
-    return found == rows_.end() ? std::nullopt : std::optional(first_ + (found - rows_.begin()));
+    // From the end: in front of it may stand a deleted row whose key was given to a new one.
+    for (qsizetype place = first_ + count() - 1; place >= first_; --place)
+        if (keyOf(place) == key)
+            return place;
+    return std::nullopt;
 }
 
 bool PagedRows::namesOneRow(const Criteria& criteria) const
@@ -181,14 +180,9 @@ bool PagedRows::namesOneRow(const Criteria& criteria) const
     return query_.keyColumns().size() == 1 && criteria.namesNumber(query_.keyColumns().front());
 }
 
-qsizetype PagedRows::countAll() const
-{
-    return number(query_.count());
-}
-
 qsizetype PagedRows::countBeforeTheRun() const
 {
-    return atFront_ || !frontEdge_ ? 0 : number(query_.countBefore(*frontEdge_));
+    return atFront_ || !frontEdge_ ? 0 : number(query_.countBefore(*frontEdge_, own_));
 }
 
 qsizetype PagedRows::number(const ParameterisedStatement& statement) const

@@ -53,9 +53,10 @@ public:
     /// A further page at an end of the run; returns its number of rows, 0 at the end of the result.
     qsizetype readOn(PageQuery::Direction direction);
 
-    /// Forgets the rows in front of a place, or some fewer.
+    /// Forgets the rows in front of a place, or some fewer: none that was changed or added, for it would not
+    /// be met again where it stood.
     void dropBefore(qsizetype place);
-    /// Forgets the rows from a place on, or some fewer.
+    /// The same for the rows from a place on.
     void dropFrom(qsizetype place);
 
     /// The first row of the result, or the first one behind the run, that meets the criteria.
@@ -66,14 +67,15 @@ public:
     std::vector<WireValue> keyOf(qsizetype place) const { return query_.key(row(place)); }
     /// No two rows meet the criteria, because they name the primary key.
     bool namesOneRow(const Criteria& criteria) const;
-    /// Asks the server.
-    qsizetype countAll() const;
+    /// The row was changed or added through the store.
+    bool isOwn(qsizetype place) const { return own_.contains(keyOf(place)); }
+    /// Ask the server for the number of rows that are not own ones: in the result, and in front of the run.
+    qsizetype countOthers() const { return number(query_.count(own_)); }
     qsizetype countBeforeTheRun() const;
 
 private:
     using Direction = PageQuery::Direction;
 
-    bool isOwn(const Row& row) const { return own_.contains(query_.key(row)); }
     std::vector<Row> rowsOf(const ParameterisedStatement& statement) const;
     qsizetype number(const ParameterisedStatement& statement) const;
     PagedRows empty() const { return PagedRows(query_, run_, pageSize_); }
@@ -89,7 +91,7 @@ private:
     /// Where the pages read so far end. A row at the edge may say something else: it may have been changed.
     std::optional<PageQuery::Place> frontEdge_;
     std::optional<PageQuery::Place> endEdge_;
-    std::set<std::vector<WireValue>> own_; ///< keys of the rows changed or added here
+    PageQuery::Keys own_; ///< keys of the rows changed or added here
 };
 
 } // namespace ADODB

@@ -9,38 +9,6 @@ namespace ADODB {
 
 namespace {
 
-/// The statement with the insides of its texts blanked, character by character; null where a text stays open.
-QString withoutTexts(QString sql)
-{
-    QChar quote;
-    for (qsizetype i = 0; i < sql.size(); ++i) {
-        const QChar sign = sql[i];
-        if (quote.isNull()) {
-            if (sign == u'\'' || sign == u'"')
-                quote = sign;
-        } else if (sign == u'\\' && i + 1 < sql.size()) {
-            sql[i] = sql[i + 1] = u'x';
-            ++i;
-        } else if (sign == quote) {
-            quote = QChar();
-        } else {
-            sql[i] = u'x';
-        }
-    }
-    return quote.isNull() ? sql : QString();
-}
-
-bool bracketsMatch(const QString& text)
-{
-    int depth = 0;
-    for (const QChar sign : text) {
-        depth += sign == u'(' ? 1 : sign == u')' ? -1 : 0;
-        if (depth < 0)
-            return false;
-    }
-    return depth == 0;
-}
-
 void append(ParameterisedStatement& statement, const ParameterisedStatement& more)
 {
     statement.sql += more.sql;
@@ -61,34 +29,6 @@ ParameterisedStatement joined(const std::vector<ParameterisedStatement>& terms, 
 
 } // namespace
 
-std::optional<PlainSelect> plainSelect(const QString& sql)
-{
-    static const QRegularExpression form(QStringLiteral("^\\s*select\\s+\\*\\s+from\\s+(\\w+)(?:\\s+where\\s+"
-                                                        "(.+?))?(?:\\s+order\\s+by\\s+([\\w\\s,]+))?\\s*$"),
-                                         QRegularExpression::CaseInsensitiveOption |
-                                             QRegularExpression::DotMatchesEverythingOption);
-    static const QRegularExpression foreign(
-        QStringLiteral(
-            "[?;#`]|--|/\\*|\\b(select|where|group|having|window|order|limit|offset|fetch|procedure|"
-            "into|for|lock|union|except|intersect)\\b"),
-        QRegularExpression::CaseInsensitiveOption);
-    static const QRegularExpression orderForm(QStringLiteral("^\\s*(\\w+)(?:\\s+(asc|desc))?\\s*$"),
-                                              QRegularExpression::CaseInsensitiveOption);
-    const QRegularExpressionMatch match = form.match(withoutTexts(sql));
-    if (!match.hasMatch() || match.captured(2).contains(foreign) || !bracketsMatch(match.captured(2)))
-        return std::nullopt;
-    PlainSelect result{match.captured(1), sql.mid(match.capturedStart(2), match.capturedLength(2)), {}};
-    if (match.hasCaptured(3))
-        for (const QString& item : match.captured(3).split(u',')) {
-            const QRegularExpressionMatch order = orderForm.match(item);
-            if (!order.hasMatch())
-                return std::nullopt;
-            result.order.push_back(
-                {order.captured(1), order.captured(2).compare(u"desc", Qt::CaseInsensitive) == 0});
-        }
-    return result;
-}
-
 std::optional<PageQuery> PageQuery::make(const PlainSelect& select, const std::vector<Column>& columns,
                                          const std::vector<QByteArray>& primaryKey)
 {
@@ -102,9 +42,9 @@ std::optional<PageQuery> PageQuery::make(const PlainSelect& select, const std::v
     if (result.key_.empty())
         return std::nullopt;
     const auto add = [&](qsizetype column, bool descending) {
-        const bool isKey = std::find(result.key_.begin(), result.key_.end(), column) != result.key_.end();
-        result.order_.push_back(
-            {column, quotedName(columns[std::size_t(column)].baseName), descending, !isKey});
+        const Column& ordered = columns[std::size_t(column)];
+        // Asked whether it is null, a date that may not be answers yes for 0000-00-00.
+        result.order_.push_back({column, quotedName(ordered.baseName), descending, ordered.nullable});
     };
     for (const PlainSelect::Order& order : select.order) {
         const qsizetype column = columnPlace(columns, order.column);
@@ -207,23 +147,42 @@ ParameterisedStatement PageQuery::page(Direction direction, const std::optional<
 
 ParameterisedStatement PageQuery::rowWithKey(const std::vector<WireValue>& key) const
 {
+    return restricted(QStringLiteral("*"), table_, {}, isKey(key));
+}
+
+ParameterisedStatement PageQuery::count(const Keys& without) const
+{
+    return restricted(QStringLiteral("count(*)"), table_, {}, isNone(without));
+}
+
+ParameterisedStatement PageQuery::countBefore(const Place& place, const Keys& without) const
+{
+    return restricted(QStringLiteral("count(*)"), table_, behind(Direction::Backward, place),
+                      isNone(without));
+}
+
+ParameterisedStatement PageQuery::isKey(const std::vector<WireValue>& key) const
+{
     std::vector<ParameterisedStatement> terms;
     for (std::size_t i = 0; i < key_.size(); ++i) {
         const auto column = std::find_if(order_.begin(), order_.end(),
                                          [&](const Order& order) { return order.column == key_[i]; });
         terms.push_back({column->name + QStringLiteral(" = ?"), {key[i]}});
     }
-    return restricted(QStringLiteral("*"), table_, {}, joined(terms, QStringLiteral(" and ")));
+    return joined(terms, QStringLiteral(" and "));
 }
 
-ParameterisedStatement PageQuery::count() const
+ParameterisedStatement PageQuery::isNone(const Keys& keys) const
 {
-    return restricted(QStringLiteral("count(*)"), table_, {}, {});
-}
-
-ParameterisedStatement PageQuery::countBefore(const Place& place) const
-{
-    return restricted(QStringLiteral("count(*)"), table_, behind(Direction::Backward, place), {});
+    if (keys.empty())
+        return {};
+    std::vector<ParameterisedStatement> terms;
+    for (const std::vector<WireValue>& key : keys) {
+        ParameterisedStatement term = isKey(key);
+        term.sql.prepend(QStringLiteral("not "));
+        terms.push_back(std::move(term));
+    }
+    return joined(terms, QStringLiteral(" and "));
 }
 
 ParameterisedStatement PageQuery::restricted(const QString& what, const QString& table,

@@ -1,28 +1,12 @@
 #pragma once
 
 #include "platform/data/basetable.h"
+#include "platform/data/plainselect.h"
 
 #include <QStringList>
+#include <set>
 
 namespace ADODB {
-
-/// The parts of a statement of the form "select * from table [where conditions] [order by columns]".
-struct PlainSelect
-{
-    struct Order
-    {
-        QString column;
-        bool descending = false;
-    };
-
-    QString table;
-    QString conditions; ///< empty for all rows
-    std::vector<Order> order;
-};
-
-/// None for a statement of any other form: with a join, a subselect, a grouping, a limit, a comment, an order
-/// by expressions; and where quotes or brackets do not match.
-std::optional<PlainSelect> plainSelect(const QString& sql);
 
 /// The statements that read a plain result page by page, from a row on, in its order. Rows that are equal by
 /// the columns of the order follow each other by the primary key, so every row has one place. Null is less
@@ -41,6 +25,8 @@ public:
 
     /// A row's values of the columns of the order, the primary key among them.
     using Place = std::vector<WireValue>;
+    /// Values of primary keys.
+    using Keys = std::set<std::vector<WireValue>>;
 
     /// None where the result lacks a column of the order or of the key `primaryKey`, or is ordered by a
     /// floating-point number, whose text form is not exact.
@@ -66,9 +52,9 @@ public:
     ParameterisedStatement page(Direction direction, const std::optional<Place>& from, qsizetype limit,
                                 const ParameterisedStatement& filter = {}) const;
     ParameterisedStatement rowWithKey(const std::vector<WireValue>& key) const;
-    ParameterisedStatement count() const;
-    /// Counts the rows in front of a place.
-    ParameterisedStatement countBefore(const Place& place) const;
+    /// Counts the rows whose keys are not among these; with a place, those in front of it.
+    ParameterisedStatement count(const Keys& without) const;
+    ParameterisedStatement countBefore(const Place& place, const Keys& without) const;
 
 private:
     struct Order
@@ -86,6 +72,8 @@ private:
                                       const ParameterisedStatement& seek,
                                       const ParameterisedStatement& filter) const;
     ParameterisedStatement behind(Direction direction, const Place& place) const;
+    ParameterisedStatement isKey(const std::vector<WireValue>& key) const;
+    ParameterisedStatement isNone(const Keys& keys) const;
 
     QString table_;
     QString conditions_;

@@ -270,7 +270,8 @@ qsizetype Recordset::RecordCount() const
 {
     requireOpen();
     if (!atFront() || !atEnd())
-        return paged_->countAll();
+        return paged_->countOthers() + std::count_if(visible_.begin(), visible_.end(),
+                                                     [&](qsizetype place) { return paged_->isOwn(place); });
     return forwardOnly_ ? -1 : rowsHeld();
 }
 
@@ -290,6 +291,7 @@ void Recordset::setAbsolutePosition(qsizetype position)
         throw Error(Error::InvalidArgument, QStringLiteral("Posição inválida: %1").arg(position));
     if (!atFront())
         MoveFirst();
+    position_ = 0; // near the front no row in front is let go
     while (position > rowsHeld() && readOn(Side::End)) {
     }
     moveTo(std::min(position, rowsHeld()) - 1);

@@ -101,7 +101,7 @@ public:
     /// From 1; 0 where there is no current row.
     qsizetype AbsolutePosition() const;
     void setAbsolutePosition(qsizetype position);
-    /// A mark of the current row, good until Requery or Close. (Paged: it finds the row by its key.)
+    /// A mark of the current row, good until Requery or Close. (Paged: it stands for the row's key.)
     qsizetype Bookmark() const;
     void setBookmark(qsizetype mark);
 
@@ -226,9 +226,8 @@ private:
     std::set<qsizetype> deleted_;    ///< places
     bool wantsPages_ = false;
     qsizetype pageSize_ = 200;
-    PagedRows* paged_ = nullptr; ///< the store, where it is a paged one
-    mutable std::map<qsizetype, std::vector<WireValue>>
-        marks_; ///< keys of the places marked in a paged store
+    PagedRows* paged_ = nullptr;                        ///< the store, where it is a paged one
+    mutable std::vector<std::vector<WireValue>> marks_; ///< keys of the rows marked in a paged store
     std::unique_ptr<Criteria> filter_;
     qsizetype position_ = 0; ///< in visible_; -1 in front of the first
 

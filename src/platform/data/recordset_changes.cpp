@@ -87,7 +87,9 @@ void Recordset::updateRow()
     const Row& old = rowAt(position_);
     const ParameterisedStatement update = table_->update(old, changes_);
     requireFound(*connection_->run(update.sql, update.parameters));
-    rows_->replace(visible_[std::size_t(position_)], rowFromServer(table_->key(old, changes_), &old));
+    const std::vector<WireValue> key = table_->key(old, changes_);
+    std::replace(marks_.begin(), marks_.end(), table_->key(old), key);
+    rows_->replace(visible_[std::size_t(position_)], rowFromServer(key, &old));
     CancelUpdate();
     tell([&](RecordsetListener& listener) { listener.rowChanged(position_); });
 }

@@ -124,7 +124,8 @@ void Recordset::findBeyond(const Criteria& wanted)
     std::optional<Row> row = paged_->find(wanted, atFront());
     if (!row)
         return moveTo(rowsHeld());
-    if (const auto place = paged_->placeOf(*row))
+    const auto place = paged_->placeOf(*row);
+    if (place && !deleted_.contains(*place))
         return moveTo(positionOf(*place));
     showRun(paged_->readAroundFound(std::move(*row)));
 }
@@ -132,14 +133,13 @@ void Recordset::findBeyond(const Criteria& wanted)
 /// The row marked with its key in a paged store; false where the store is none or the row is not shown.
 bool Recordset::goToMarkedRow(qsizetype mark)
 {
-    const auto marked = marks_.find(mark);
-    if (marked == marks_.end())
+    if (mark < 0 || mark >= qsizetype(marks_.size()))
         return false;
-    std::optional<Row> row = paged_->rowWithKey(marked->second);
+    std::optional<Row> row = paged_->rowWithKey(marks_[std::size_t(mark)]);
     if (!row)
         return false;
     const auto place = paged_->placeOf(*row);
-    if (!place && !filter_) {
+    if (!filter_ && (!place || deleted_.contains(*place))) {
         showRun(paged_->readAroundFound(std::move(*row)));
         return true;
     }

@@ -11,9 +11,15 @@ qsizetype Recordset::Bookmark() const
     requireNoEdit();
     requireRow();
     const qsizetype place = visible_[std::size_t(position_)];
-    if (paged_)
-        marks_[place] = paged_->keyOf(place);
-    return place;
+    if (!paged_)
+        return place;
+    // A place is another row's when another run is read.
+    std::vector<WireValue> key = paged_->keyOf(place);
+    const auto known = std::find(marks_.begin(), marks_.end(), key);
+    const qsizetype mark = known - marks_.begin();
+    if (known == marks_.end())
+        marks_.push_back(std::move(key));
+    return mark;
 }
 
 void Recordset::setBookmark(qsizetype mark)
@@ -22,8 +28,8 @@ void Recordset::setBookmark(qsizetype mark)
     requireNoEdit();
     if (goToMarkedRow(mark))
         return;
-    const qsizetype position = positionOf(mark);
-    if (paged_ || position == rowsHeld() || visible_[std::size_t(position)] != mark)
+    const qsizetype position = paged_ ? rowsHeld() : positionOf(mark);
+    if (position == rowsHeld() || visible_[std::size_t(position)] != mark)
         throw Error(Error::InvalidArgument, QStringLiteral("Marca inválida: %1").arg(mark));
     moveTo(position);
 }

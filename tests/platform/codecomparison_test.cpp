@@ -1,0 +1,186 @@
+#include "platform/data/codecomparison.h"
+#include "platform/datafixture.h"
+#include "support/statements.h"
+
+using namespace ADODB;
+
+namespace {
+
+const CodeNames codes{u"idpac"_qs, u"idpro"_qs, u"cdfor"_qs};
+
+/// Statements, each with "~" where `like` is to become "=".
+void expectCompared(const QStringList& statements)
+{
+    for (const QString& statement : statements) {
+        const QString written = QString(statement).replace(u'~', u"like"_qs);
+        EXPECT_EQ(comparedByEquality(written, codes), QString(statement).replace(u'~', u'='));
+    }
+}
+
+TEST(CodeComparison, CodesAreComparedByEqualityInConditions)
+{
+    expectCompared({
+        u"select * from a where idpac ~ 12"_qs,
+        u"select * from a where idpac ~ '12' and nome like '12'"_qs,
+        u"select * from a where idlic = 'x like 1'and IDPAC ~ 0 or(idpro ~ 7)order by nome"_qs,
+        u"delete from a where `idpac` ~ 999999999999999;"_qs,
+        u"update a set idpac = 2, nome = 'idpac like 1' where a.idpac ~ 1 limit 1"_qs,
+        u"select * from a A left join b B on A.idpac ~ B.idpac left join c on (c.cdfor ~ A.cdfor and "
+        "c.idpro ~ '3') where A.idlic = 'L' and A.nome like '%ANA%' and A.idpro ~ 3 group by 1"_qs,
+        u"select * from a, b where a.idpac\n~\tb.idpac and a.dia between '1' and '2' and a.idpro ~ 4"_qs,
+        u"select * from (a, b) where a.idpac ~ b.idpac"_qs,
+        u"select * from a where idpac in (select idpac from b where b.idpro ~ a.idpro) for update"_qs,
+        u"select * from a where exists (select 1 from b where b.idpac ~ a.idpac) and not (idpro ~ 5)"_qs,
+        u"select nome as paciente, idpac codigo from a where idpac ~ 5"_qs,
+        u"select * from a where nome = \"it's\" and obs = 'd''água' and idpac ~ 5"_qs,
+    });
+}
+
+TEST(CodeComparison, WhatIsNoCodeOrNoPlainComparisonIsLeftAsWritten)
+{
+    // Values that are no number's own text.
+    for (const char* value : {"'007'",
+                              "007",
+                              "'12%'",
+                              "'1_'",
+                              "'-1'",
+                              "-1",
+                              "'+1'",
+                              "' 1'",
+                              "'1 '",
+                              "''",
+                              "1.0",
+                              "'1.0'",
+                              "1e3",
+                              "0x1F",
+                              "x'31'",
+                              "1234567890123456",
+                              "null",
+                              "nome",
+                              "b.nome",
+                              "\"12\"",
+                              "?",
+                              "@n",
+                              "(1)",
+                              "binary 1",
+                              "1 + 1",
+                              "'1' '2'",
+                              "'1' escape '1'",
+                              "concat(1)",
+                              "idpac(1)",
+                              "b.a.idpac",
+                              "1 collate utf8mb4_bin",
+                              "1 like 1"})
+        expectCompared({u"select * from a where idpac like "_qs + QString::fromLatin1(value)});
+    // Left sides and places.
+    expectCompared({
+        u"select * from a where nome like 12"_qs,
+        u"select * from a where idpac not like 12"_qs,
+        u"select * from a where not idpac like 12"_qs,
+        u"select * from a where x.a.idpac like 12"_qs,
+        u"select * from a where 1 + idpac like 12"_qs,
+        u"select * from a where -idpac like 12"_qs,
+        u"select * from a where @idpac like 12"_qs,
+        u"select * from a where nome = idpac like 12"_qs,
+        u"select * from a where nome between 1 and idpac like 12"_qs,
+        u"select idpac like 12 from a"_qs,
+        u"select sum(idpac like 12) from a"_qs,
+        u"select * from a order by idpac like 12"_qs,
+        u"update a set nome = idpac like 12"_qs,
+        u"show columns from idpac like '12'"_qs,
+    });
+    // Statements in which a name may be something else than the column of a table of this database.
+    expectCompared({
+        u"select nome as idpac from a where idpac like 12"_qs,
+        u"select nome idpac from a where idpac like 12"_qs,
+        u"select left(nome, 2) idpac from a where idpac like 12"_qs,
+        u"select max(idpac) from a where idpac like 12 having idpac like 12"_qs,
+        u"select * from (select nome as n from a) x where idpac like 12"_qs,
+        u"select * from a join (select 1) x on x.idpac like a.idpac"_qs,
+        u"with x (idpac) as (select nome from a) select * from x where idpac like 12"_qs,
+        u"select idpac from a where idpac like 12 union select nome from a"_qs,
+        u"select * from outro.a where idpac like 12"_qs,
+        u"select * from a, outro.b where idpac like 12"_qs,
+        u"select * from json_table(nome, '$') j where idpac like 12"_qs,
+    });
+    // What cannot be read with certainty.
+    expectCompared({
+        u"select * from a where /* x */ idpac like 12"_qs,
+        u"select * from a where nome = '\\' and idpac like 12"_qs,
+        u"select * from a where nome = 'D'Á' and idpac like 12"_qs,
+        u"select * from a where idpac like 12 -- and"_qs,
+        u"select * from a where nome = 'x and idpac like 12"_qs,
+    });
+}
+
+class CodesOnTheWire : public DataFixture
+{
+protected:
+    void TearDown() override
+    {
+        Connection::setCodesByEquality(true);
+        database().execute(u"drop table if exists visita, recado"_qs);
+    }
+
+    /// What the server is sent for a statement through this connection.
+    static QString sent(Connection& target, const QString& sql)
+    {
+        QString last;
+        const StatementWatch watch([&](const StatementEvent& event) { last = event.sent; });
+        target.Execute(sql);
+        return last;
+    }
+};
+
+TEST_F(CodesOnTheWire, TheCatalogueSaysWhatACodeIs)
+{
+    database().execute(
+        u"create table visita (codvis int, codtxt int, codzer int zerofill, codlon bigint unsigned);"
+        "create table recado (codvis smallint, codtxt varchar(9), codlon tinyint)"_qs);
+    // Another connection string: what a connection like this one has learned may be older than the tables.
+    Connection own;
+    own.setConnectionString(database().connectionString() + u"Charset=utf8mb4;"_qs);
+    own.Open();
+    const auto isTurned = [&](const QString& condition) {
+        return !sent(own, u"select * from visita where "_qs + condition).contains(u"like"_qs);
+    };
+    EXPECT_TRUE(isTurned(u"codvis like 1"_qs));
+    EXPECT_TRUE(isTurned(u"CODLON like codvis"_qs));
+    EXPECT_FALSE(isTurned(u"codtxt like 1"_qs)) << "a text in another table";
+    EXPECT_FALSE(isTurned(u"codzer like 1"_qs)) << "its text has zeros in front";
+    EXPECT_FALSE(isTurned(u"codvis like codtxt"_qs));
+
+    Connection::setCodesByEquality(false);
+    EXPECT_FALSE(isTurned(u"codvis like 1"_qs));
+    Connection::setCodesByEquality(true);
+    EXPECT_TRUE(isTurned(u"codvis like 1"_qs));
+    own.Execute(u"use "_qs + database().name());
+    EXPECT_FALSE(isTurned(u"codvis like 1"_qs)) << "the names may mean something else now";
+    own.Close();
+    own.Open();
+    EXPECT_TRUE(isTurned(u"codvis like 1"_qs));
+}
+
+TEST_F(CodesOnTheWire, BoundRowsAndChangesAreSentSoToo)
+{
+    database().execute(u"insert into plano (nmplano) values ('A'), ('B'), ('C')"_qs);
+    QStringList written;
+    QStringList seen;
+    const StatementWatch watch([&](const StatementEvent& event) {
+        written << event.statement;
+        seen << event.sent;
+    });
+    pageSize = 1;
+    Recordset rs;
+    open(rs, u"select * from plano where idplano like 2 or idplano like '3' order by nmplano"_qs);
+    EXPECT_EQ(rs.Fields("nmplano").text(), u"B");
+    rs.MoveNext();
+    EXPECT_EQ(rs.Fields("nmplano").text(), u"C");
+    EXPECT_EQ(rs.RecordCount(), 2);
+    EXPECT_EQ(connection.Execute(u"delete from plano where idplano like 2"_qs), 1);
+    EXPECT_GE(written.filter(u"like"_qs).size(), 4);
+    EXPECT_EQ(seen.filter(u"like"_qs), QStringList());
+    EXPECT_EQ(planos().size(), 2);
+}
+
+} // namespace
