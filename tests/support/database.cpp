@@ -23,7 +23,7 @@ QByteArray output(const QString& program, const QStringList& arguments, const QB
     process.start(program, arguments);
     process.write(input);
     process.closeWriteChannel();
-    if (!process.waitForFinished(60000) || process.exitStatus() != QProcess::NormalExit ||
+    if (!process.waitForFinished(300000) || process.exitStatus() != QProcess::NormalExit ||
         process.exitCode() != 0)
         fail(QStringLiteral("%1: %2 %3")
                  .arg(program, process.errorString(), QString::fromUtf8(process.readAllStandardError())));

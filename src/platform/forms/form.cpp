@@ -112,11 +112,7 @@ void Form::Unload()
 
 void Form::Repaint()
 {
-    repaint();
-    const QList<QWidget*> children = findChildren<QWidget*>();
-    for (QWidget* child : children)
-        if (child->isVisible() && !child->isWindow())
-            child->repaint();
+    repaint(); // the controls on it as well
 }
 
 void Form::showEvent(QShowEvent* event)

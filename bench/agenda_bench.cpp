@@ -1,0 +1,266 @@
+/// The reception's day in a clinic with years of data: 100,000 patients, 500,000 appointments, 200,000 home
+/// visits. A day of the agenda against the time of its own statements, with codes compared by equality on the
+/// wire and as they are written; a booking, a keystroke of the search, a closing.
+#include "agenda/frmcli_agenda.h"
+#include "agenda/frmcli_agenda_pesquisa.h"
+#include "agenda/frmcli_agendacf.h"
+#include "app/core/variaveis.h"
+#include "platform/forms/application.h"
+#include "platform/forms/calendar.h"
+#include "platform/forms/dialogs.h"
+#include "platform/forms/theme.h"
+#include "support/database.h"
+#include "support/fixedclock.h"
+#include "support/report.h"
+#include "support/screendriver.h"
+
+#include <QDir>
+#include <QElapsedTimer>
+#include <QProcess>
+#include <QTemporaryDir>
+#include <benchmark/benchmark.h>
+
+namespace {
+
+const QDate today(2026, 3, 16);
+
+/// Every question is a yes.
+class Agreeing : public Dialogs
+{
+public:
+    Answer message(const MessageBox& box) override
+    {
+        return box.buttons == Buttons::YesNo ? Answer::Yes : Answer::Ok;
+    }
+    std::optional<QString> input(const QString&, const QString&, const QString&) override { return {}; }
+    std::optional<QString> file(const FileDialog&) override { return {}; }
+};
+
+void makeClinic()
+{
+    const QTemporaryDir folder;
+    QProcess generator;
+    generator.start(QStringLiteral(GENERATOR_PROGRAM),
+                    {QStringLiteral("--tenant"), QStringLiteral("C1"), QStringLiteral("--today"),
+                     today.toString(Qt::ISODate), QStringLiteral("--patients"), QStringLiteral("100000"),
+                     QStringLiteral("--appointments"), QStringLiteral("500000"), QStringLiteral("--visits"),
+                     QStringLiteral("200000"), QStringLiteral("--out"), folder.path()});
+    if (!generator.waitForFinished(120000) || generator.exitCode() != 0)
+        Report::fail(QStringLiteral("the clinic was not made"));
+    Database::instance().load(folder.path());
+}
+
+/// The time of all statements since the last reset, in seconds.
+double statements = 0;
+
+void report(benchmark::State& state, const std::function<void()>& step)
+{
+    double total = 0, ofStatements = 0, longest = 0;
+    for (auto _ : state) {
+        statements = 0;
+        QElapsedTimer timer;
+        timer.start();
+        step();
+        const double seconds = double(timer.nsecsElapsed()) / 1e9;
+        state.SetIterationTime(seconds);
+        total += seconds;
+        ofStatements += statements;
+        longest = std::max(longest, seconds);
+    }
+    state.counters["statements_ms"] = ofStatements / double(state.iterations()) * 1e3;
+    state.counters["ratio_to_statements"] = total / ofStatements;
+    state.counters["longest_ms"] = longest * 1e3;
+}
+
+class Agenda
+{
+public:
+    Agenda() : driver_(screen_)
+    {
+        screen_.Show();
+        settle();
+    }
+    ~Agenda() { screen_.Unload(); }
+
+    /// As a click on the day, until the day stands in list and grid.
+    void go(QDate day)
+    {
+        auto* calendar = static_cast<MonthCalendar*>(driver_.find(QStringLiteral("Calendar1")));
+        calendar->setValue(day);
+        Q_EMIT calendar->dayChosen(day);
+    }
+
+    ScreenDriver& driver() { return driver_; }
+
+    int lines() const { return int(driver_.list(QStringLiteral("List1")).size()); }
+    int visits() const { return int(driver_.grid(QStringLiteral("DataGrid1")).size()); }
+    int freeLine() const
+    {
+        const QStringList all = driver_.list(QStringLiteral("List1"));
+        for (int i = 0; i < all.size(); ++i)
+            if (all[i].size() == 5)
+                return i;
+        return -1;
+    }
+
+private:
+    frmCli_Agenda screen_;
+    ScreenDriver driver_;
+};
+
+/// A working day a time, around today.
+QDate workingDay(int number)
+{
+    return today.addDays(number / 5 * 7 + number % 5);
+}
+
+void day(benchmark::State& state, bool equality, bool painted)
+{
+    ADODB::Connection::setCodesByEquality(equality);
+    Agenda agenda;
+    agenda.driver().window().setUpdatesEnabled(painted);
+    int number = 0;
+    report(state, [&] { agenda.go(workingDay(number++ % 10)); });
+    agenda.go(today);
+    state.counters["lines"] = agenda.lines();
+    state.counters["visits"] = agenda.visits();
+    ADODB::Connection::setCodesByEquality(true);
+}
+
+/// "Salvar" on a filled panel, until the day stands anew.
+void booking(benchmark::State& state)
+{
+    Agenda agenda;
+    int number = 400;
+    FixedClock clock(QDateTime(today, QTime(8, 30)));
+    double total = 0, longest = 0;
+    for (auto _ : state) {
+        agenda.go(workingDay(number++));
+        clock.advance(1);
+        agenda.driver().doubleClickRow(QStringLiteral("List1"), agenda.freeLine());
+        agenda.driver().type(QStringLiteral("txtIdPac"), QString::number(number));
+        agenda.driver().press(Qt::Key_Return);
+        QElapsedTimer timer;
+        timer.start();
+        agenda.driver().click(QStringLiteral("Command7"));
+        const double seconds = double(timer.nsecsElapsed()) / 1e9;
+        state.SetIterationTime(seconds);
+        total += seconds;
+        longest = std::max(longest, seconds);
+        if (agenda.driver().visible(QStringLiteral("frmAgendamento")))
+            state.SkipWithError("not booked");
+    }
+    state.counters["longest_ms"] = longest * 1e3;
+}
+
+/// One more letter of a name, until the grid is painted.
+void keystroke(benchmark::State& state)
+{
+    frmCli_Agenda_Pesquisa screen;
+    screen.Show();
+    settle();
+    auto* box = static_cast<QLineEdit*>(ScreenDriver(screen).find(QStringLiteral("txtnmpac")));
+    const QString name = QStringLiteral("MARIA APARECIDA");
+    int letters = 0;
+    report(state, [&] {
+        box->setText(name.left(letters++ % int(name.size()) + 1));
+        benchmark::DoNotOptimize(screen.grab().cacheKey());
+    });
+    screen.Unload();
+}
+
+/// "Encerrar" with 5 procedures and 3 payments.
+void closing(benchmark::State& state)
+{
+    const QStringList first =
+        Database::instance().rows(QStringLiteral("select idagenda, idpac, nmpac, idpro, idproc, idconv from "
+                                                 "agenda_clinica where status <> '2' limit 1"))[0];
+    FixedClock clock(QDateTime(today, QTime(8, 30)));
+    double total = 0, longest = 0;
+    for (auto _ : state) {
+        frmCli_AgendaCF screen;
+        screen.recebe({.idPac = first[1],
+                       .nmPac = first[2],
+                       .idAgenda = first[0],
+                       .profissional = QStringLiteral("DRA|%1|100|1|0").arg(first[3]),
+                       .data = QStringLiteral("16/03/2026"),
+                       .hora = QStringLiteral("08:30"),
+                       .procedimento = QStringLiteral("CONSULTA|") + first[4],
+                       .valor = QStringLiteral("100"),
+                       .idConv = first[5],
+                       .nmConv = QStringLiteral("PLANO")});
+        screen.Show();
+        ScreenDriver driver(screen);
+        settle();
+        for (int i = 0; i < 5; ++i) {
+            static_cast<QLineEdit*>(driver.find(QStringLiteral("txtIdProc")))->setText(first[4]);
+            static_cast<QLineEdit*>(driver.find(QStringLiteral("txtNmProc")))
+                ->setText(QStringLiteral("CONSULTA"));
+            static_cast<QLineEdit*>(driver.find(QStringLiteral("txtQt")))->setText(QStringLiteral("1"));
+            static_cast<QLineEdit*>(driver.find(QStringLiteral("txtVR")))->setText(QStringLiteral("100"));
+            driver.click(QStringLiteral("Command2"));
+        }
+        for (const char* kind : {"DINHEIRO", "PIX", "CONVENIO"}) {
+            driver.choose(QStringLiteral("cboMP"), QString::fromLatin1(kind));
+            driver.type(QStringLiteral("txtVrMp"), QStringLiteral("200"));
+            driver.click(QStringLiteral("Command16"));
+        }
+        clock.advance(1);
+        QElapsedTimer timer;
+        timer.start();
+        driver.click(QStringLiteral("Command1"));
+        const double seconds = double(timer.nsecsElapsed()) / 1e9;
+        state.SetIterationTime(seconds);
+        total += seconds;
+        longest = std::max(longest, seconds);
+        if (screen.isLoaded())
+            state.SkipWithError("not closed");
+    }
+    state.counters["longest_ms"] = longest * 1e3;
+}
+
+void runAll()
+{
+    const FixedClock clock(QDateTime(today, QTime(8, 30)));
+    Database::instance().create();
+    makeClinic();
+    Variaveis::idlic = QStringLiteral("C1");
+    Variaveis::Usuario = QStringLiteral("MARIA");
+    Variaveis::StringConexao = Database::instance().connectionString();
+    ADODB::Connection::setObserver([](const ADODB::StatementEvent& event) { statements += event.seconds; });
+    const auto timed = [](const char* name, auto function, int iterations = 30) {
+        benchmark::RegisterBenchmark(name, function)
+            ->UseManualTime()
+            ->Unit(benchmark::kMillisecond)
+            ->Iterations(iterations);
+    };
+    timed(
+        "day", [](benchmark::State& state) { day(state, true, true); }, 30);
+    timed(
+        "day, not painted", [](benchmark::State& state) { day(state, true, false); }, 30);
+    timed(
+        "day, codes compared as written", [](benchmark::State& state) { day(state, false, true); }, 3);
+    timed("booking", booking);
+    timed("keystroke of the search", keystroke);
+    timed("closing, 5 procedures and 3 payments", closing);
+    benchmark::RunSpecifiedBenchmarks();
+    Database::instance().drop();
+}
+
+} // namespace
+
+int main(int argc, char** argv)
+{
+    qputenv("QT_QPA_PLATFORM", "offscreen");
+    qputenv("QT_LOGGING_RULES", "default.warning=false"); // what the window system off the screen cannot do
+    benchmark::Initialize(&argc, argv);
+    Application application(argc, argv);
+    Theme::apply(application);
+    Dialogs::install(std::make_unique<Agreeing>());
+    Report::setHandler([](const QString& what) {
+        std::fprintf(stderr, "agenda_bench: %s\n", qPrintable(what));
+        Application::end(1);
+    });
+    runAll();
+    Application::end(0);
+}
