@@ -1,5 +1,6 @@
 #include "documents/pdf/lines.h"
 
+#include "platform/system/error.h"
 #include "platform/values/format.h"
 
 #include <algorithm>
@@ -39,6 +40,8 @@ qsizetype PDFMostBytes(PDFNumber number)
 {
     constexpr qsizetype Usual = 16;    // sign, nine digits, point
     constexpr qsizetype Longest = 320; // the largest double has 309 digits
+    if (!std::isfinite(number.value))
+        Errors::overflow();
     return unitsOf(number) < MostUnits ? Usual : Longest;
 }
 
