@@ -92,6 +92,8 @@ void PDFPrinter::PDFCellLine(const QByteArray& text, double x, double y, double 
     PDFWriteLine(page(), "q ", textColor_, " ");
     if (!underline.isEmpty())
         PDFWriteLine(page(), underline);
+    x_ = x; // a link at 0 stands where the current position is
+    y_ = y;
     PDFWriteLine(page(), "BT");
     PDFWriteLine(page(), "/F", document_.fonts.indexOf(fontName_), " ", int(fontSize()), " Tf");
     PDFWriteLine(page(), PDFNumber(textX), " ", PDFNumber(textY), " Td");
@@ -113,14 +115,12 @@ QByteArray PDFPrinter::cellFrame(double x, double y, double width, double height
 {
     QByteArray frame;
     if (fill_)
-        PDFAppend(frame, across(x), " ", down(y), " ", scaled(width), " ", scaled(-height), " re f\r");
+        frame = PDFText(across(x), " ", down(y), " ", scaled(width), " ", scaled(-height), " re f\r");
 
     PDFWriteLine(page(), scaled(lineWidth_), " w");
     const auto edge = [&](char letter, double x1, double y1, double x2, double y2, const char* stroke) {
-        if (!border_.contains(letter))
-            return;
-        frame.clear();
-        PDFAppend(frame, across(x1), " ", down(y1), " m ", across(x2), " ", down(y2), stroke, "\r");
+        if (border_.contains(letter))
+            frame = PDFText(across(x1), " ", down(y1), " m ", across(x2), " ", down(y2), stroke, "\r");
     };
     edge('L', x, y, x, y + height, " l S");
     edge('T', x, y, x + width, y, " l S ");
@@ -137,7 +137,7 @@ double PDFPrinter::alignedOffset(QByteArrayView text, double width)
     const double room = width * document_.scale;
     const double used = widthOf(text);
     if (alignment_ == "R")
-        return leadingNumber(QString::fromLatin1(PDFNumber(room - cellMargin_ - used).text()));
+        return leadingNumber(QString::fromLatin1(PDFText(PDFNumber(room - cellMargin_ - used))));
     if (alignment_ == "C")
         return toInt16((room - used) / 2);
     if (alignment_ == "FJ") {

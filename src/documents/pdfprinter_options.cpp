@@ -46,9 +46,9 @@ void PDFPrinter::PDFFormatPage(const QVariant& format)
         size = {sides[0].value<double>(), sides[1].value<double>()};
         return;
     }
-    const bool isCode = type == QMetaType::Int || type == QMetaType::LongLong || type == QMetaType::Short;
-    const qint64 code = isCode ? format.toLongLong() : -1;
-    const bool known = code >= 0 && code < qint64(std::size(Formats));
+    const bool isCode = type == QMetaType::Int;
+    const int code = isCode ? format.toInt() : -1;
+    const bool known = code >= 0 && code < int(std::size(Formats));
     size = Formats[known ? code : 0];
     if (!known)
         PDFMessages::badArgument(QStringLiteral("Format de Page - "),

@@ -77,12 +77,9 @@ QByteArray PDFPrinter::PDFTextMatrix(double x, double y) const
     const double radians = rotation_ * 3.1416 / 180;
     const double c = std::cos(radians);
     const double s = std::sin(radians);
-    QByteArray text;
-    for (const double factor : {c, -s, s, c}) {
-        PDFAppend(text, PDFNumber(factor, 5));
-        text += ' ';
-    }
-    return text + across(x).text() + ' ' + down(y).text() + " Tm";
+    const auto factor = [](double number) { return PDFNumber(number, 5); };
+    return PDFText(factor(c), " ", factor(-s), " ", factor(s), " ", factor(c), " ", across(x), " ", down(y),
+                   " Tm");
 }
 
 /// The operator of a thin rectangle below the text; x and y in points, inside a cell from the lower edge of
@@ -104,12 +101,7 @@ QByteArray PDFPrinter::PDFUnderline(bool inCell, QByteArrayView text, double x, 
         x = toInt16(leftMargin_ * document_.scale + x);
         y = PDFGetPageHeight() - (y - up / 1000 * fontSize()) - 2;
     }
-    QByteArray line;
-    for (const PDFNumber& number : {PDFNumber(x), PDFNumber(y), PDFNumber(width), height}) {
-        PDFAppend(line, number);
-        line += ' ';
-    }
-    return line + "re f";
+    return PDFText(PDFNumber(x), " ", PDFNumber(y), " ", PDFNumber(width), " ", height, " re f");
 }
 
 void PDFPrinter::PDFRotatedText(double x, double y, const QString& text, double degrees)

@@ -41,12 +41,9 @@ PDFRgb PDFColor(const QVariant& colour)
 
 QByteArray PDFColorOperator(const PDFRgb& colour, const char* operatorName)
 {
-    QByteArray text;
-    for (const double component : {colour.red, colour.green, colour.blue}) {
-        PDFAppend(text, PDFNumber(component / 255, 3));
-        text += ' ';
-    }
-    return text + operatorName;
+    const auto part = [](double component) { return PDFNumber(component / 255, 3); };
+    return PDFText(part(colour.red), " ", part(colour.green), " ", part(colour.blue), " ",
+                   QByteArrayView(operatorName));
 }
 
 QByteArray PDFFillOperator(QByteArray lineColour)

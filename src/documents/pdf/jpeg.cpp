@@ -48,14 +48,15 @@ void readFrame(const Bytes& bytes, qsizetype position, PDFJpeg& picture)
 {
     picture.height = bytes.PDFWord(position + 5);
     picture.width = bytes.PDFWord(position + 7);
-    const int bits = bytes.at(position + 9) * 8;
-    picture.bitsPerComponent = 8;
-    picture.colourSpace = bits == 8    ? "DeviceGray"
-                          : bits == 24 ? "DeviceRGB"
-                          : bits == 32 ? "DeviceCMYK"
-                                       : "";
-    if (picture.colourSpace.isEmpty())
-        picture.bitsPerComponent = bits;
+    const int components = bytes.at(position + 9);
+    if (components == 1)
+        picture.colourSpace = "DeviceGray";
+    else if (components == 3)
+        picture.colourSpace = "DeviceRGB";
+    else if (components == 4)
+        picture.colourSpace = "DeviceCMYK";
+    else
+        picture.bitsPerComponent = components * 8;
 }
 
 bool isFrame(const QByteArray& marker)
@@ -84,9 +85,11 @@ std::optional<PDFJpeg> PDFScanJpeg(QByteArrayView file, QString& complaint)
         if (bytes.PDFHexPair(position) == "FFFF") // fill bytes in front of a marker
             while (bytes.at(position + 1) == 0xFF)
                 ++position;
-        const QByteArray marker = bytes.PDFHexPair(position);
-        if (marker == "FFDA" || !bytes.has(position, 4)) // behind the start of the scan there are no segments
+        if (!bytes.has(position, 4))
             break;
+        // The data of a scan are walked through as well. No marker is found in them: behind FF they have 00,
+        // or the mark of a restart.
+        const QByteArray marker = bytes.PDFHexPair(position);
         if (marker == "FFE0") {
             if (!bytes.has(position, 12))
                 return std::nullopt;

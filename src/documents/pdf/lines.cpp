@@ -29,13 +29,6 @@ QByteArray byMask(const PDFNumber& number)
 
 } // namespace
 
-QByteArray PDFNumber::text() const
-{
-    QByteArray result;
-    PDFAppend(result, *this);
-    return result;
-}
-
 qsizetype PDFMostBytes(PDFNumber number)
 {
     constexpr qsizetype Usual = 16;    // sign, nine digits, point

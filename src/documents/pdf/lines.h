@@ -8,10 +8,8 @@
 /// zero on its decimal digits (15 significant), one digit at least in front of the point.
 struct PDFNumber
 {
-    /// `decimals` is 1 to 5.
+    /// `places` is 1 to 5.
     explicit PDFNumber(double number, int places = 2) : value(number), decimals(places) {}
-
-    QByteArray text() const;
 
     double value;
     int decimals;
@@ -78,6 +76,15 @@ void PDFAppend(QByteArray& buffer, const Part&... parts)
     char* place = buffer.data() + before;
     ((place = PDFPut(place, parts)), ...);
     buffer.truncate(place - buffer.constData());
+}
+
+/// The parts as a text of their own.
+template <typename... Part>
+QByteArray PDFText(const Part&... parts)
+{
+    QByteArray text;
+    PDFAppend(text, parts...);
+    return text;
 }
 
 /// The parts and CR LF.

@@ -26,15 +26,13 @@ QByteArray PDFAnnotations(const std::vector<PDFLinkArea>& areas)
 {
     QByteArray text = "/Annots [";
     for (const PDFLinkArea& area : areas) {
-        text += "<</Type /Annot /Subtype /Link /Rect [";
-        text += plainNumber(area.x).toLatin1() + ' ' + plainNumber(area.y).toLatin1() + ' ';
-        text += plainNumber(area.x + area.width).toLatin1() + ' ';
-        text += plainNumber(area.y - area.height).toLatin1() + "] /Border [0 0 0] ";
+        const auto plain = [](double number) { return plainNumber(number).toLatin1(); };
+        PDFAppend(text, "<</Type /Annot /Subtype /Link /Rect [", plain(area.x), " ", plain(area.y), " ",
+                  plain(area.x + area.width), " ", plain(area.y - area.height), "] /Border [0 0 0] ");
         if (area.target.typeId() != QMetaType::QString || area.target.toString().isEmpty())
             continue; // without an action the dictionary stays open
-        text += "/A <</S /URI /URI (";
-        PDFAppend(text, PDFEscaped{CodePage::encode(area.target.toString())});
-        text += ")>>>>\r\n";
+        const QByteArray target = CodePage::encode(area.target.toString());
+        PDFAppend(text, "/A <</S /URI /URI (", PDFEscaped{target}, ")>>>>\r\n");
     }
     return text + ']';
 }
