@@ -29,8 +29,8 @@ class PDFImages : public PDFTest
 protected:
     void expectRefused(const QString& name, const QString& reason)
     {
-        dialogs_.expect(QStringLiteral("Impossible d'inclure l'image dans le fichier PDF.\n") + reason,
-                        QStringLiteral("Fichier Image - Vespadoc 4.0"), Icon::Critical);
+        dialogs_.expect(u"Impossible d'inclure l'image dans le fichier PDF.\n"_qs + reason,
+                        u"Fichier Image - Vespadoc 4.0"_qs, Icon::Critical);
         PDFPrinter pdf;
         EXPECT_EQ(pdf.PDFImageWidth(path(name)), 0) << name.toStdString();
         dialogs_.verify();
@@ -61,8 +61,9 @@ TEST_F(PDFImages, WhatTheHeaderTells)
         // Broken off in the frame header, and in the length of a segment.
         {framed(0xC0, 3).left(266) + QByteArray::fromHex("ffd9"), {}, 0},
         {framed(0xC0, 3, QByteArray::fromHex("ffe1")).left(255) + QByteArray::fromHex("ffd9"), {}, 0},
-        // Header of a scan in front of the frame
-        {framed(0xC0, 3, QByteArray::fromHex("ffda0008010100003f00")), {}, 0},
+        // Another header behind a scan: what is said last counts.
+        {framed(0xC0, 1, framed(0xC1, 3).sliced(2).chopped(2) + QByteArray::fromHex("ffda0008010100003f00")),
+         "DeviceGray", 8},
     };
     int row = 0;
     for (const auto& [file, colours, bits] : rows) {
@@ -83,28 +84,26 @@ TEST_F(PDFImages, WhatTheHeaderTells)
 TEST_F(PDFImages, Refused)
 {
     const QByteArray good = framed(0xC0, 3);
-    const QString markers = QStringLiteral("Marqueur de début JPEG ou marqueur de fin JPEG non valide.");
-    const QString noJpeg = QStringLiteral("Fichier image non JPEG.");
-    const QString kind =
-        QStringLiteral("Seule les images de types JPG sont supportées.\nFormat d'image non supportée.");
-    put(QStringLiteral("curto.jpg"), good.left(247) + QByteArray::fromHex("ffd9"));
-    put(QStringLiteral("cortado.jpg"), good.left(270));
-    put(QStringLiteral("outro.jpg"), QByteArray("GIF89a") + QByteArray(300, 'x'));
-    put(QStringLiteral("unidade.jpg"), framed(0xC0, 3, jfif(7)));
-    put(QStringLiteral("foto.JPG"), good);
-    put(QStringLiteral("foto.png"), good);
-    expectRefused(QStringLiteral("curto.jpg"), noJpeg);
-    expectRefused(QStringLiteral("falta.jpg"), noJpeg);
-    expectRefused(QStringLiteral("cortado.jpg"), markers);
-    expectRefused(QStringLiteral("outro.jpg"), markers);
-    expectRefused(QStringLiteral("unidade.jpg"),
-                  QStringLiteral("Erreur de résolution d'image , l'Opcode est 7\n"
-                                 "Les Opcodes valides sont  0, 1, 2."));
-    expectRefused(QStringLiteral("foto.JPG"), kind);
-    expectRefused(QStringLiteral("foto.png"), kind);
-    dialogs_.expect(QStringLiteral("Impossible d'inclure l'image dans le fichier PDF.\n"
-                                   "Le fichier image foto ne possède pas d'extension."));
-    content([](PDFPrinter& pdf) { pdf.PDFImage(QStringLiteral("foto"), 1, 1, 0, 0); });
+    const QString markers = u"Marqueur de début JPEG ou marqueur de fin JPEG non valide."_qs;
+    const QString noJpeg = u"Fichier image non JPEG."_qs;
+    const QString kind = u"Seule les images de types JPG sont supportées.\nFormat d'image non supportée."_qs;
+    put(u"curto.jpg"_qs, good.left(247) + QByteArray::fromHex("ffd9"));
+    put(u"cortado.jpg"_qs, good.left(270));
+    put(u"outro.jpg"_qs, QByteArray("GIF89a") + QByteArray(300, 'x'));
+    put(u"unidade.jpg"_qs, framed(0xC0, 3, jfif(7)));
+    put(u"foto.JPG"_qs, good);
+    put(u"foto.png"_qs, good);
+    expectRefused(u"curto.jpg"_qs, noJpeg);
+    expectRefused(u"falta.jpg"_qs, noJpeg);
+    expectRefused(u"cortado.jpg"_qs, markers);
+    expectRefused(u"outro.jpg"_qs, markers);
+    expectRefused(u"unidade.jpg"_qs, u"Erreur de résolution d'image , l'Opcode est 7\n"
+                                     "Les Opcodes valides sont  0, 1, 2."_qs);
+    expectRefused(u"foto.JPG"_qs, kind);
+    expectRefused(u"foto.png"_qs, kind);
+    dialogs_.expect(u"Impossible d'inclure l'image dans le fichier PDF.\n"
+                    "Le fichier image foto ne possède pas d'extension."_qs);
+    content([](PDFPrinter& pdf) { pdf.PDFImage(u"foto"_qs, 1, 1, 0, 0); });
     EXPECT_TRUE(bytes().contains("/XObject << \r\n>>"));
 }
 
@@ -112,26 +111,23 @@ TEST_F(PDFImages, SizesPositionAndLink)
 {
     QImage picture(40, 30, QImage::Format_RGB32);
     picture.fill(Qt::blue);
-    const QString file = path(QStringLiteral("foto.jpeg"));
+    const QString file = path(u"foto.jpeg"_qs);
     ASSERT_TRUE(picture.save(file));
     PDFPrinter pdf;
     configure(pdf);
     EXPECT_EQ(pdf.PDFImageWidth(file), 40);
     EXPECT_EQ(pdf.PDFImageHeight(file), 30);
     pdf.PDFSetUnit(2);
-    pdf.PDFBeginDoc();
-    pdf.PDFSetBookmark(QStringLiteral("um"), 0, 40);
-    pdf.PDFSetBookmark(QStringLiteral("dois"), 1, 60);
+    beginDocument(pdf);
     pdf.PDFSetFont(0, 10, 0);
     pdf.PDFImage(file, 2.54, 2.54, 0, 0);
     EXPECT_EQ(pdf.PDFGetX(), 112); // points, though the unit is the centimetre
     EXPECT_EQ(pdf.PDFGetY(), 102);
     pdf.PDFImage(file, 0, 0, 0, 2.54);
-    pdf.PDFImage(file, 0, 0, 2.54, 0, QStringLiteral("x"));
+    pdf.PDFImage(file, 0, 0, 2.54, 0, u"x"_qs);
     EXPECT_EQ(pdf.PDFGetTextColor(), u"0.000 0.000 1.000 rg");
-    dialogs_.expect(
-        QStringLiteral("URL objet image non valide : 3.\nImpossible d'inclure le lien dans l'image."),
-        QStringLiteral("Lien URL Fichier Image - Vespadoc 4.0"), Icon::Critical);
+    dialogs_.expect(u"URL objet image non valide : 3.\nImpossible d'inclure le lien dans l'image."_qs,
+                    u"Lien URL Fichier Image - Vespadoc 4.0"_qs, Icon::Critical);
     pdf.PDFImage(file, 0, 0, 2.54, 2.54, 3);
     pdf.PDFEndDoc();
     expectReadable(1);

@@ -17,34 +17,38 @@ void PDFTest::put(const QString& name, const QByteArray& bytes) const
 
 QString PDFTest::oneFont() const
 {
-    Files::makeFolder(path(QStringLiteral("one")));
-    put(QStringLiteral("one/Helvetica.afm"),
-        "StartFontMetrics 4.1\r\nC 33 ; WX 999 ;\r\nStartCharMetrics 5\r\n"
-        "C 32 ; WX 250 ; N space ;\r\nC 65 ; WX 700.9 ; N A ;\r\n"
-        "C 97 ; WX 500 ; N a ;\r\nC 110 ; WX 600 ; N n ;\r\n"
-        "C -1 ; WX 800 ; N Aacute ;\r\nEndCharMetrics\r\n");
-    return path(QStringLiteral("one"));
+    Files::makeFolder(path(u"one"_qs));
+    put(u"one/Helvetica.afm"_qs, "StartFontMetrics 4.1\r\nC 33 ; WX 999 ;\r\nStartCharMetrics 5\r\n"
+                                 "C 32 ; WX 250 ; N space ;\r\nC 65 ; WX 700.9 ; N A ;\r\n"
+                                 "C 97 ; WX 500 ; N a ;\r\nC 110 ; WX 600 ; N n ;\r\n"
+                                 "C -1 ; WX 800 ; N Aacute ;\r\nEndCharMetrics\r\n");
+    return path(u"one"_qs);
 }
 
 void PDFTest::configure(PDFPrinter& pdf, const QString& fonts) const
 {
     pdf.PDFFileName(path());
-    pdf.PDFLoadAfm(fonts.isEmpty() ? Files::inProgramFolder(QStringLiteral("\\fonts")) : fonts);
+    pdf.PDFLoadAfm(fonts.isEmpty() ? Files::inProgramFolder(u"\\fonts"_qs) : fonts);
     pdf.PDFFormatPage(0);
     pdf.PDFOrientation(1);
     pdf.PDFSetUnit(0);
+}
+
+void PDFTest::beginDocument(PDFPrinter& pdf)
+{
+    pdf.PDFBeginDoc();
+    pdf.PDFSetBookmark(u"um"_qs, 0, 40);
+    pdf.PDFSetBookmark(u"dois"_qs, 1, 60);
 }
 
 QByteArray PDFTest::content(const std::function<void(PDFPrinter&)>& draw)
 {
     PDFPrinter pdf;
     configure(pdf);
-    pdf.PDFBeginDoc();
+    beginDocument(pdf);
     pdf.PDFSetLineStyle(0);
     pdf.PDFSetLineWidth(0.5);
     pdf.PDFSetFont(0, 10, 0);
-    pdf.PDFSetBookmark(QStringLiteral("um"), 0, 40);
-    pdf.PDFSetBookmark(QStringLiteral("dois"), 1, 60);
     draw(pdf);
     pdf.PDFEndDoc();
     expectReadable(1);
@@ -56,10 +60,10 @@ QByteArray PDFTest::content(const std::function<void(PDFPrinter&)>& draw)
 void PDFTest::expectReadable(int pages, const QString& name) const
 {
     const auto found = [&](const QString& text) {
-        return QRegularExpression(QStringLiteral("Pages:\\s+(\\d+)")).match(text).captured(1).toInt();
+        return QRegularExpression(u"Pages:\\s+(\\d+)"_qs).match(text).captured(1).toInt();
     };
-    EXPECT_EQ(found(printed(QStringLiteral("pdfinfo"), {path(name)})), pages);
-    EXPECT_EQ(found(printed(QStringLiteral("mutool"), {QStringLiteral("info"), path(name)})), pages);
+    EXPECT_EQ(found(printed(u"pdfinfo"_qs, {path(name)})), pages);
+    EXPECT_EQ(found(printed(u"mutool"_qs, {u"info"_qs, path(name)})), pages);
 }
 
 QString PDFTest::printed(const QString& program, const QStringList& arguments)

@@ -14,11 +14,8 @@
 class PDFTest : public testing::Test
 {
 protected:
-    QString path(const QString& name = QStringLiteral("documento.pdf")) const
-    {
-        return folder_.filePath(name);
-    }
-    QByteArray bytes(const QString& name = QStringLiteral("documento.pdf")) const;
+    QString path(const QString& name = u"documento.pdf"_qs) const { return folder_.filePath(name); }
+    QByteArray bytes(const QString& name = u"documento.pdf"_qs) const;
     void put(const QString& name, const QByteArray& bytes) const;
 
     /// A folder with the metrics of Helvetica alone, of which "A" (700), "a" (500), "n" (600) and the blank
@@ -28,12 +25,15 @@ protected:
     /// The file's name, the fonts, A4 portrait and points.
     void configure(PDFPrinter& pdf, const QString& fonts = {}) const;
 
+    /// Begins the document, with bookmarks at 40 (level 0) and 60 (level 1).
+    static void beginDocument(PDFPrinter& pdf);
+
     /// What the drawing leaves in the content of a page of A4 in points, with line feeds between the lines.
     /// The font is Helvetica of size 10, the line 0.5 wide and solid. Two readers have accepted the document.
     QByteArray content(const std::function<void(PDFPrinter&)>& draw);
 
     /// A document of that many pages is complete: poppler's and mupdf's tools find so many.
-    void expectReadable(int pages, const QString& name = QStringLiteral("documento.pdf")) const;
+    void expectReadable(int pages, const QString& name = u"documento.pdf"_qs) const;
     /// What a program prints; fails where it does not succeed.
     static QString printed(const QString& program, const QStringList& arguments);
 
