@@ -96,7 +96,9 @@ TEST_F(Printing, ADay)
         (QStringList{
             u"15 132 575 132"_qs, u"15 132 575 132"_qs, u"15 800 575 800"_qs,
             u"21 810 Tremosilva Sistemas - www.tremosilva.example - \\(00\\) 0000-0000 - 16/03/2026 08:30:15"_qs}));
-    EXPECT_TRUE(pdf.contains("12.00 w S")) << "the band behind the headings";
+    EXPECT_TRUE(pdf.contains("0.000 0.000 1.000 RG\r\n12.00 w S\r\n%FIN_LN/%\r\nq 1.000 1.000 1.000 rg "))
+        << "white headings on a blue band";
+    EXPECT_TRUE(pdf.contains("0.000 0.000 1.000 RG\r\n2.00 w S")) << "the end of the list";
     const QString text = printed(u"pdftotext"_qs, {u"-layout"_qs, Variaveis::ArquivoPDF, u"-"_qs});
     EXPECT_TRUE(text.contains(u"JOÃO (O VELHO)"));
     EXPECT_FALSE(text.contains(u"OBSERVAÇÃO")) << "beyond the hundredth character";

@@ -76,23 +76,22 @@ TEST_F(PDFContent, RotatedAndUnderlinedText)
     // The rotation and the underline are used up by one text; a rotated one has no margin.
     expectContent(
         [](PDFPrinter& pdf) {
-            pdf.PDFSetRotation(90);
+            pdf.PDFSetRotation(810); // so that the rounded pi shows
             pdf.PDFTextOut(u"A"_qs, 30, 40);
             pdf.PDFTextOut(u"A"_qs, 30, 40);
         },
-        text("0.00000 1.00000 -1.00000 0.00000 30.00 802.00 Tm", "A") + text("31.00 802.00 Td", "A"));
-    // "AA A" is 6.67 x 3 + 2.78 wide, and the blank counts twice; "up" is 11.12, rounded 11, of which 1000ths
-    // of the size are added: 842 - (40 - 0.11) - 2.
-    const std::string line = "31.00 800.11 25.57 -0.05 re f\n";
-    std::string expected = text("31.00 802.00 Td", "AA A");
-    expected.insert(expected.find("Q\n%FIN"), line);
+        text("-0.00003 1.00000 -1.00000 -0.00003 30.00 802.00 Tm", "A") + text("31.00 802.00 Td", "A"));
+    // "AA A" of 50 is 33.35 x 3 + 13.9 wide, and the blank counts twice; "up" is 55.6, rounded 56, of which
+    // 1000ths of the size are added: 842 - (40 - 2.8) - 2.
+    std::string expected = text("31.00 802.00 Td", "AA A", "/F8 50.00");
+    expected.insert(expected.find("Q\n%FIN"), "31.00 802.80 127.85 -0.26 re f\n");
     expectContent(
         [](PDFPrinter& pdf) {
-            pdf.PDFSetFont(0, 10, 3);
+            pdf.PDFSetFont(0, 50, 3);
             pdf.PDFTextOut(u"AA A"_qs, 30, 40);
             pdf.PDFTextOut(u"A"_qs, 30, 40);
         },
-        expected + text("31.00 802.00 Td", "A"));
+        expected + text("31.00 802.00 Td", "A", "/F8 50.00"));
 }
 
 TEST_F(PDFContent, Watermark)
@@ -185,7 +184,9 @@ TEST_F(PDFContent, RectanglesEllipsesPolygons)
                    EXPECT_EQ(pdf.PDFGetTextColor(), u"1.000 1.000 1.000 rg");
                    EXPECT_EQ(pdf.PDFGetX(), 10);
                    EXPECT_EQ(pdf.PDFGetY(), 60);
+                   pdf.PDFSetTextColor(0);
                    pdf.PDFDrawEllipse(100, 200, 40, 0);
+                   EXPECT_EQ(pdf.PDFGetTextColor(), u"1.000 1.000 1.000 rg");
                    EXPECT_EQ(pdf.PDFGetY(), 220);
                    pdf.PDFDrawPolygon({{1, 2, 3, 4, 5, 6}});
                })
@@ -391,6 +392,12 @@ TEST_F(PDFContent, NamesAndWidthsOfFonts)
         pdf.PDFPathConfiguration(path(u"one"_qs));
         EXPECT_EQ(errorOf([&] { width(u"A"_qs, helvetica, 9); }), error) << bad;
     }
+    // What lies below the first code or above the last one does not count.
+    put(u"one/Helvetica.afm"_qs,
+        "StartCharMetrics\nC 66 ; WX 9 ;\nC 65 ; WX 7 ;\nC 70 ; WX 5 ;\nC 69 ; WX 3 ;\n"
+        "EndCharMetrics");
+    pdf.PDFPathConfiguration(path(u"one"_qs));
+    EXPECT_EQ(width(u"ABEF"_qs, helvetica, 1000), 12);
 }
 
 TEST_F(PDFContent, MarginsAndPageSizes)

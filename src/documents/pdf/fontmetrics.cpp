@@ -68,22 +68,24 @@ const PDFFontMetrics::Widths& PDFFontMetrics::widths(const QString& font)
 
 PDFFontMetrics::Widths PDFFontMetrics::readWidths(const QString& path)
 {
-    QByteArray content = Files::read(path);
-    if (content.endsWith('\n'))
-        content.chop(1); // or a line would seem to follow
-    const QList<QByteArray> lines = content.split('\n');
-    auto line = std::find_if(lines.begin(), lines.end(),
-                             [](const QByteArray& text) { return text.contains("StartCharMetrics"); });
+    const QByteArray content = Files::read(path);
+    qsizetype place = content.indexOf("StartCharMetrics");
+    const auto nextLine = [&] {
+        place = place < 0 ? 0 : content.indexOf('\n', place) + 1;
+        if (place == 0 || place == content.size())
+            throw RuntimeError(62, QStringLiteral("Entrada após o fim do arquivo: %1").arg(path));
+        const qsizetype end = content.indexOf('\n', place);
+        return content.sliced(place, (end < 0 ? content.size() : end) - place);
+    };
     Widths widths{};
     int bottom = 0;
     int top = 0;
     while (true) {
-        if (line == lines.end() || ++line == lines.end())
-            throw RuntimeError(62, QStringLiteral("Entrada após o fim do arquivo: %1").arg(path));
+        const QByteArray line = nextLine();
         // From here on the characters have no code.
-        if (line->contains("EndCharMetrics") || line->contains("-1 ;"))
+        if (line.contains("EndCharMetrics") || line.contains("-1 ;"))
             break;
-        const QList<QByteArray> pieces = line->split(';');
+        const QList<QByteArray> pieces = line.split(';');
         top = secondWord(pieces[0]).toInt();
         if (bottom == 0)
             bottom = top;
