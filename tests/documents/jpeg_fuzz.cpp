@@ -12,16 +12,6 @@
 
 namespace {
 
-QByteArray jpegOf(const QImage& image, bool progressive)
-{
-    QByteArray file;
-    QBuffer buffer(&file);
-    QImageWriter writer(&buffer, "jpeg");
-    writer.setProgressiveScanWrite(progressive);
-    EXPECT_TRUE(writer.write(image));
-    return file;
-}
-
 /// Pictures of each kind that the library writes.
 QByteArrayList seeds()
 {
@@ -29,9 +19,15 @@ QByteArrayList seeds()
     for (int y = 0; y < colours.height(); ++y)
         for (int x = 0; x < colours.width(); ++x)
             colours.setPixel(x, y, qRgb(x * 4, y * 5, x ^ y));
-    const QImage grey = colours.convertToFormat(QImage::Format_Grayscale8);
-    return {jpegOf(colours, false), jpegOf(colours, true), jpegOf(grey, false),
-            jpegOf(grey.copy(0, 0, 8, 8), false)};
+    QByteArrayList files;
+    for (const QImage& image : {colours, colours.convertToFormat(QImage::Format_Grayscale8)})
+        for (const bool progressive : {false, true}) {
+            QBuffer buffer(&files.emplaceBack());
+            QImageWriter writer(&buffer, "jpeg");
+            writer.setProgressiveScanWrite(progressive);
+            EXPECT_TRUE(writer.write(image));
+        }
+    return files;
 }
 
 /// One of the ways a file gets damaged; the markers at both ends are often put right again, or no damage
@@ -39,25 +35,19 @@ QByteArrayList seeds()
 void damage(QByteArray& file, QRandomGenerator& random)
 {
     const auto place = [&] { return random.bounded(int(file.size())); };
-    const auto header = [&] { return random.bounded(std::min(int(file.size()), 700)); };
+    const int header = random.bounded(std::min(int(file.size()), 700));
     const char markers[] = {'\xC0', '\xC2', '\xC4', '\xD8', '\xDA', '\xE0', '\xE1', '\xFF', '\x00'};
-    switch (random.bounded(6)) {
+    switch (random.bounded(5)) {
     case 0:
-        file[place()] = char(random.bounded(256));
+        file[header] = char(random.bounded(256));
         break;
-    case 1:
-        file[header()] = char(random.bounded(256));
+    case 1: // a marker where none belongs
+        file.replace(header, 2, QByteArray("\xFF") + markers[random.bounded(int(std::size(markers)))]);
         break;
-    case 2: // a marker where none belongs
-        if (const int at = header(); at + 1 < file.size()) {
-            file[at] = '\xFF';
-            file[at + 1] = markers[random.bounded(int(std::size(markers)))];
-        }
-        break;
-    case 3:
+    case 2:
         file.truncate(place() + 1);
         break;
-    case 4:
+    case 3:
         file.remove(place(), random.bounded(40));
         break;
     default:

@@ -311,6 +311,13 @@ TEST_F(PDFContent, Links)
     EXPECT_EQ(annotations, area("15 802 45 792", action) + "]");
     draw([&](PDFPrinter& pdf) { pdf.PDFDrawEllipse(10, 20, 30, 40, url); });
     EXPECT_EQ(annotations, area("10 802 32 792", action) + "]"); // as wide as "LINK"
+    // A figure without a link leaves its kind, and no text to be as wide as, to the next one.
+    draw([&](PDFPrinter& pdf) {
+        pdf.PDFDrawEllipse(10, 20, 30, 40);
+        pdf.PDFLink(30, 40, url);
+        pdf.PDFLink(30, 60, url);
+    });
+    EXPECT_EQ(annotations, area("30 802 30 792", action) + area("30 782 43 772", action) + "]");
     // A cell's text is a link, and so is what stands under the same address at its corner.
     // The corner is at 0, which stands for the X that the cell has set. The blank of the justified text is
     // 60 - 2 x 3 - 16.12 wider, of which the line leaves out 2 x 3 again, and at its end 3 more.
@@ -420,15 +427,13 @@ TEST_F(PDFContent, MarginsAndPageSizes)
         QVariant format;
         qint32 orientation;
         double width, height;
-    } rows[] = {
-        {0, 1, 595, 842},
-        {0, 0, 842, 595},
-        {1, 1, 842, 1191},
-        {2, 1, 421, 595},
-        {3, 1, 612, 792},
-        {4, 0, 1008, 612},
-        {QVariantList{100.5, 200.5}, 1, 100, 200},
-    };
+    } rows[] = {{0, 1, 595, 842},
+                {0, 0, 842, 595},
+                {1, 1, 842, 1191},
+                {2, 1, 421, 595},
+                {3, 1, 612, 792},
+                {4, 0, 1008, 612},
+                {QVariantList{100.5, 200.5}, 1, 100, 200}};
     for (const auto& row : rows) {
         pdf.PDFFormatPage(row.format);
         pdf.PDFOrientation(row.orientation);
@@ -458,53 +463,48 @@ TEST_F(PDFContent, BadArgumentsAreToldAndReplaced)
     PDFPrinter pdf;
     configure(pdf);
     pdf.PDFBeginDoc();
-    const auto expect = [this](const QString& title, const QString& text) {
-        dialogs_.expect(text, title + u" - Vespadoc 4.0"_qs, Icon::Critical);
-    };
-    expect(u"Layout Mode"_qs, u"Layout incorrect : 4.\nLe Layout utilisé sera le layout simple."_qs);
-    pdf.PDFSetLayoutMode(4);
-    EXPECT_EQ(pdf.PDFGetLayoutMode(), 0);
-    expect(u"Code Unité de Mesure"_qs,
-           u"Code unité de mesure incorrect : -1.\nL'Unité de Mesure utilisée sera le centimètre."_qs);
-    pdf.PDFSetUnit(-1);
-    EXPECT_EQ(pdf.PDFGetUnit(), u"cm");
-    pdf.PDFSetUnit(0);
-    expect(u"Type d'Orientation de Page"_qs,
-           u"Code orientation de page incorrect : 2.\nL'Orientation de la page sera le mode portrait."_qs);
-    pdf.PDFOrientation(2);
-    EXPECT_EQ(pdf.PDFGetPageHeight(), 842);
-    expect(u"Format de Page"_qs,
-           u"Code format de page incorrect : 5.\nLe Format de page utilisé sera le format A4."_qs);
-    pdf.PDFFormatPage(5);
-    expect(u"Format de Page"_qs,
-           u"Code format de page incorrect : A4.\nLe Format de page utilisé sera le format A4"_qs);
-    pdf.PDFFormatPage(u"A4"_qs);
-    EXPECT_EQ(pdf.PDFGetPageWidth(), 595.28);
-    expect(u"Nom de Font"_qs, u"Nom de font incorrecte : 5.\n"
-                              "La font utilisée sera Times New Roman non gras , non italique."_qs);
-    pdf.PDFSetFont(5, 9, 12);
-    EXPECT_EQ(errorOf([&] { pdf.PDFTextOut(u"A"_qs, 1, 1); }), 53);
-    expect(u"Objet Rectangle"_qs, u"Code type de traçage incorrect : D.\n"
-                                  "Le type de traçage utilisé sera bordure et remplissage."_qs);
-    pdf.PDFSetDrawMode(u"D"_qs);
-    expect(u"Style de Ligne"_qs,
-           u"Code style de ligne incorrect : 4.\nLe style de ligne utilisé sera pSolid."_qs);
-    pdf.PDFSetLineStyle(4);
-    expect(u"Code Alignement de Cellule"_qs,
-           u"Code alignement incorrect : 4.\nL'alignement utilisé sera l'alignement à gauche."_qs);
+    const struct
+    {
+        std::function<void()> give;
+        QString title, text;
+    } rows[] = {
+        {[&] { pdf.PDFSetLayoutMode(4); }, u"Layout Mode"_qs,
+         u"Layout incorrect : 4.\nLe Layout utilisé sera le layout simple."_qs},
+        {[&] { pdf.PDFSetUnit(-1); }, u"Code Unité de Mesure"_qs,
+         u"Code unité de mesure incorrect : -1.\nL'Unité de Mesure utilisée sera le centimètre."_qs},
+        {[&] { pdf.PDFOrientation(2); }, u"Type d'Orientation de Page"_qs,
+         u"Code orientation de page incorrect : 2.\nL'Orientation de la page sera le mode portrait."_qs},
+        {[&] { pdf.PDFFormatPage(5); }, u"Format de Page"_qs,
+         u"Code format de page incorrect : 5.\nLe Format de page utilisé sera le format A4."_qs},
+        {[&] { pdf.PDFFormatPage(u"A4"_qs); }, u"Format de Page"_qs,
+         u"Code format de page incorrect : A4.\nLe Format de page utilisé sera le format A4"_qs},
+        {[&] { pdf.PDFSetDrawMode(u"D"_qs); }, u"Objet Rectangle"_qs,
+         u"Code type de traçage incorrect : D.\nLe type de traçage utilisé sera bordure et remplissage."_qs},
+        {[&] { pdf.PDFSetLineStyle(4); }, u"Style de Ligne"_qs,
+         u"Code style de ligne incorrect : 4.\nLe style de ligne utilisé sera pSolid."_qs},
+        {[&] { pdf.PDFSetAlignement(4); }, u"Code Alignement de Cellule"_qs,
+         u"Code alignement incorrect : 4.\nL'alignement utilisé sera l'alignement à gauche."_qs},
+        {[&] { pdf.PDFDrawEllipse(1, 1, 1, 1, 5); }, u"Lien URL Objet Ellipse"_qs,
+         u"URL objet ellipse non valide : 5.\nImpossible d'inclure le lien dans l'ellipse."_qs},
+        {[&] { pdf.PDFCell(u"A"_qs, 1, 1, 50, 10, 5); }, u"Lien URL Objet Cellule"_qs,
+         u"URL objet cellule non valide : 5.\nImpossible d'inclure le lien dans la cellule."_qs},
+        {[&] { pdf.PDFSetFont(5, 9, 12); }, u"Nom de Font"_qs,
+         u"Nom de font incorrecte : 5.\nLa font utilisée sera Times New Roman non gras , non italique."_qs}};
+    pdf.PDFSetFont(0, 9, 0);
     pdf.PDFSetAlignement(2);
     EXPECT_EQ(pdf.PDFGetAlignement(), u"Right");
-    pdf.PDFSetAlignement(4);
+    for (const auto& row : rows) {
+        dialogs_.expect(row.text, row.title + u" - Vespadoc 4.0"_qs, Icon::Critical);
+        row.give();
+        dialogs_.verify();
+    }
+    EXPECT_EQ(pdf.PDFGetLayoutMode(), 0);
+    EXPECT_EQ(pdf.PDFGetUnit(), u"cm");
+    EXPECT_EQ(pdf.PDFGetPageWidth(), 595.28);
     EXPECT_EQ(pdf.PDFGetAlignement(), u"Left");
-
-    pdf.PDFSetFont(0, 9, 0);
+    EXPECT_EQ(errorOf([&] { pdf.PDFTextOut(u"A"_qs, 1, 1); }), 53);
+    pdf.PDFSetUnit(0);
     pdf.PDFDrawRectangle(1, 1, 1, 1, 5); // says nothing
-    expect(u"Lien URL Objet Ellipse"_qs,
-           u"URL objet ellipse non valide : 5.\nImpossible d'inclure le lien dans l'ellipse."_qs);
-    pdf.PDFDrawEllipse(1, 1, 1, 1, 5);
-    expect(u"Lien URL Objet Cellule"_qs,
-           u"URL objet cellule non valide : 5.\nImpossible d'inclure le lien dans la cellule."_qs);
-    pdf.PDFCell(u"A"_qs, 1, 1, 50, 10, 5);
     pdf.PDFNewPage();
     EXPECT_TRUE(bytes().contains("/F0 9.00 Tf\r\n(A) Tj"));
     EXPECT_TRUE(bytes().contains("0 G\r\n[] 0 d\r\n1.00 840.89 1.00 -1.00 re s\r\n"));

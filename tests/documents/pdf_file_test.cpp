@@ -113,6 +113,7 @@ TEST_F(PDFFile, TwoPagesOfDifferentSize)
     pdf.PDFNewPage();
     EXPECT_EQ(bytes().count("endobj"), 3);
     EXPECT_EQ(pdf.PDFPageNumber(), 2);
+    EXPECT_EQ(pdf.PDFGetX() + pdf.PDFGetY(), 2); // at the margins
     pdf.PDFDrawLine(10, 20, 30, 40);
     pdf.PDFEndDoc();
 
