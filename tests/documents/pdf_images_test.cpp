@@ -26,15 +26,6 @@ QByteArray jfif(int unit)
 
 class PDFImages : public PDFTest
 {
-protected:
-    void expectRefused(const QString& name, const QString& reason)
-    {
-        dialogs_.expect(u"Impossible d'inclure l'image dans le fichier PDF.\n"_qs + reason,
-                        u"Fichier Image - Vespadoc 4.0"_qs, Icon::Critical);
-        PDFPrinter pdf;
-        EXPECT_EQ(pdf.PDFImageWidth(path(name)), 0) << name.toStdString();
-        dialogs_.verify();
-    }
 };
 
 } // namespace
@@ -87,22 +78,33 @@ TEST_F(PDFImages, Refused)
     const QString markers = u"Marqueur de début JPEG ou marqueur de fin JPEG non valide."_qs;
     const QString noJpeg = u"Fichier image non JPEG."_qs;
     const QString kind = u"Seule les images de types JPG sont supportées.\nFormat d'image non supportée."_qs;
-    put(u"curto.jpg"_qs, good.left(247) + QByteArray::fromHex("ffd9"));
-    put(u"cortado.jpg"_qs, good.left(270));
-    put(u"outro.jpg"_qs, QByteArray("GIF89a") + QByteArray(300, 'x'));
-    put(u"unidade.jpg"_qs, framed(0xC0, 3, jfif(7)));
-    put(u"foto.JPG"_qs, good);
-    put(u"foto.png"_qs, good);
-    expectRefused(u"curto.jpg"_qs, noJpeg);
-    expectRefused(u"falta.jpg"_qs, noJpeg);
-    expectRefused(u"cortado.jpg"_qs, markers);
-    expectRefused(u"outro.jpg"_qs, markers);
-    expectRefused(u"unidade.jpg"_qs, u"Erreur de résolution d'image , l'Opcode est 7\n"
-                                     "Les Opcodes valides sont  0, 1, 2."_qs);
-    expectRefused(u"foto.JPG"_qs, kind);
-    expectRefused(u"foto.png"_qs, kind);
-    dialogs_.expect(u"Impossible d'inclure l'image dans le fichier PDF.\n"
-                    "Le fichier image foto ne possède pas d'extension."_qs);
+    const struct
+    {
+        QString name;
+        QByteArray file;
+        QString reason;
+    } rows[] = {{u"curto.jpg"_qs, good.left(247) + QByteArray::fromHex("ffd9"), noJpeg},
+                {u"vazio.jpg"_qs, {}, noJpeg},
+                {u"cortado.jpg"_qs, good.left(270), markers},
+                {u"outro.jpg"_qs, QByteArray("GIF89a") + QByteArray(300, 'x'), markers},
+                {u"unidade.jpg"_qs, framed(0xC0, 3, jfif(7)),
+                 u"Erreur de résolution d'image , l'Opcode est 7\nLes Opcodes valides sont  0, 1, 2."_qs},
+                {u"foto.JPG"_qs, good, kind},
+                {u"foto.png"_qs, good, kind}};
+    const auto expect = [this](const QString& reason) {
+        dialogs_.expect(u"Impossible d'inclure l'image dans le fichier PDF.\n"_qs + reason,
+                        u"Fichier Image - Vespadoc 4.0"_qs, Icon::Critical);
+    };
+    PDFPrinter reader;
+    for (const auto& row : rows) {
+        put(row.name, row.file);
+        expect(row.reason);
+        EXPECT_EQ(reader.PDFImageWidth(path(row.name)), 0) << row.name.toStdString();
+        dialogs_.verify();
+    }
+    expect(noJpeg);
+    EXPECT_EQ(reader.PDFImageHeight(path(u"falta.jpg"_qs)), 0);
+    expect(u"Le fichier image foto ne possède pas d'extension."_qs);
     content([](PDFPrinter& pdf) { pdf.PDFImage(u"foto"_qs, 1, 1, 0, 0); });
     EXPECT_TRUE(bytes().contains("/XObject << \r\n>>"));
 }
