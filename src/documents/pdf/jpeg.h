@@ -16,8 +16,8 @@ struct PDFJpeg
 };
 
 /// The header of a JPEG file (ITU-T T.81 Annex B, JFIF 1.02), the data left empty: size and components from
-/// the last frame header. Nothing is read outside `file`. Where it cannot be used,
-/// nothing, and the reason to tell in `complaint`.
+/// the last frame header. Nothing is read outside `file`. Where it cannot be used, nothing, and the reason to
+/// tell in `complaint`.
 std::optional<PDFJpeg> PDFScanJpeg(QByteArrayView file, QString& complaint);
 
 /// The picture of that file. One that cannot be read or used is told to the user and gives nothing.
