@@ -107,26 +107,20 @@ void PDFPrinter::PDFCellLine(const QByteArray& text, double x, double y, double 
     y_ = y + height;
 }
 
-/// What frames or fills the line of a cell. Each edge takes the place of what came before it, so that the
-/// last one remains; the border is used up by it.
+/// What frames or fills the line of a cell, whose border is in letters. Each edge takes the place of what
+/// came before it, so that the last one remains; the border is used up by it.
 QByteArray PDFPrinter::cellFrame(double x, double y, double width, double height)
 {
     QByteArray frame;
-    if (border_ == "1" || fill_)
-        frame = across(x).text() + ' ' + down(y).text() + ' ' + scaled(width).text() + ' ' +
-                scaled(-height).text() + " re " +
-                (!fill_           ? "S"
-                 : border_ == "1" ? "B"
-                                  : "f") +
-                '\r';
-    if (border_ == "0" || border_ == "1")
-        return frame;
+    if (fill_)
+        PDFAppend(frame, across(x), " ", down(y), " ", scaled(width), " ", scaled(-height), " re f\r");
 
     PDFWriteLine(page(), scaled(lineWidth_), " w");
     const auto edge = [&](char letter, double x1, double y1, double x2, double y2, const char* stroke) {
-        if (border_.contains(letter))
-            frame = across(x1).text() + ' ' + down(y1).text() + " m " + across(x2).text() + ' ' +
-                    down(y2).text() + stroke + '\r';
+        if (!border_.contains(letter))
+            return;
+        frame.clear();
+        PDFAppend(frame, across(x1), " ", down(y1), " m ", across(x2), " ", down(y2), stroke, "\r");
     };
     edge('L', x, y, x, y + height, " l S");
     edge('T', x, y, x + width, y, " l S ");

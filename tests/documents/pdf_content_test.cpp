@@ -6,7 +6,6 @@
 #include "platform/values/format.h"
 
 #include <QRandomGenerator>
-#include <climits>
 
 namespace {
 
@@ -44,6 +43,7 @@ TEST(PDFNumber, AgreesWithTheMaskForAllNumbers)
     for (const double value :
          {0.0, -0.001, 0.005, 1.005, -2.675, 0.99999999, 999'999'999.995, 1e12 + 0.25, 1e300})
         EXPECT_EQ(PDFNumber(value).text().toStdString(), byMask(value, 2)) << value;
+    EXPECT_EQ(errorOf([] { PDFNumber(1 / 0.0).text(); }), 6);
 }
 
 TEST_F(PDFContent, Text)

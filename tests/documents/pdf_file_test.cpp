@@ -12,17 +12,19 @@ QByteArray withLineEnds(QByteArray text)
     return text.replace("\n", "\r\n");
 }
 
-/// The file of these objects, which are written with line feeds: every object is followed by one more line
-/// end, which the offsets leave out, and the last one is the catalog.
+/// The file of these objects, which have line feeds unless their line ends are there already: every object is
+/// followed by one more line end, which the offsets leave out, and the last one is the catalog.
 QByteArray fileOf(const QByteArrayList& objects)
 {
     QByteArray file = "%PDF-1.3\r\n";
     QByteArray table = "0000000000 65535 f\n";
     qsizetype offset = 8;
-    for (const QByteArray& object : objects) {
+    for (QByteArray object : objects) {
+        if (!object.contains("\r\n"))
+            object = withLineEnds(object);
         table += QByteArray::number(offset).rightJustified(10, '0') + " 00000 n\n";
-        file += withLineEnds(object) + "\r\n";
-        offset += withLineEnds(object).size();
+        file += object + "\r\n";
+        offset += object.size();
     }
     const QByteArray count = QByteArray::number(objects.size());
     const QByteArray size = QByteArray::number(objects.size() + 1);
@@ -179,57 +181,88 @@ TEST_F(PDFFile, WithoutFontsTheLengthStandsTwice)
     expectReadable(1);
 }
 
-TEST_F(PDFFile, NumbersAndOffsetsOfAllFourteenFontsAndTwoPictures)
+TEST_F(PDFFile, APictureWithALinkAndThreeBookmarks)
 {
     QImage picture(40, 30, QImage::Format_RGB32);
     picture.fill(Qt::red);
     ASSERT_TRUE(picture.save(path(QStringLiteral("foto.jpg"))));
-    ASSERT_TRUE(picture.convertToFormat(QImage::Format_Grayscale8).save(path(QStringLiteral("cinza.jpeg"))));
+    const QByteArray data = bytes(QStringLiteral("foto.jpg"));
+    PDFPrinter pdf;
+    configure(pdf, oneFont());
+    pdf.PDFSetZoomMode(2);
+    pdf.PDFSetLayoutMode(1);
+    pdf.PDFBeginDoc();
+    setBookmarks(pdf);
+    pdf.PDFSetBookmark(QStringLiteral("tr\u00EAs"), 1, 80.25);
+    pdf.PDFSetFont(0, 9, 0);
+    pdf.PDFImage(path(QStringLiteral("foto.jpg")), 100, 200, 80, 0,
+                 QStringLiteral("https://exemplo.com.br/a(b)"));
+    pdf.PDFEndDoc();
+
+    EXPECT_EQ(
+        bytes().toStdString(),
+        fileOf(
+            {information(),
+             "2 0 obj\n<< /Length 3 0 R\n >>\nstream\nq\n80.00 0 0 60.00 100.00 582.00 cm /ImgJPEG1 Do Q\n"
+             "%DEBUT_LINK/%\nq 0.000 0.000 1.000 rg \n%DEBUT_TEXT/%\nBT\n101.00 642.00 Td\n/F1 9.00 Tf\n() "
+             "Tj\n"
+             "ET\n101.00 640.00 0.00 0.00 re f\nQ\n%FIN_TEXT/%\n%FIN_LINK/%\nendstream\nendobj\n",
+             "3 0 obj\n212\nendobj\n", helvetica("4"),
+             helvetica("4") +
+                 "%DEBUT_OBJ/%\n5 0 obj\n<< /Type /Pages\n/Kids [\n8 0 R\n]\n/Count 1\n>>\nendobj\n",
+             "6 0 obj\n<< /ProcSet [ /PDF /Text /ImageC]\n/XObject << \n/ImgJPEG1 7 0 R\n>>\n/Font << \n"
+             "/F1 4 0 R \n>>\n>>\nendobj\n",
+             withLineEnds("7 0 obj\n<</Type /XObject\n/Subtype /Image\n/Filter [/DCTDecode ]\n/Width 40\n"
+                          "/Height 30\n/ColorSpace /DeviceRGB\n/BitsPerComponent 8\n/Length " +
+                          QByteArray::number(data.size()) + "\n/Name /ImgJPEG1>>\nstream\n") +
+                 data + withLineEnds("\nendstream\nendobj\n"),
+             withLineEnds(
+                 "8 0 obj\n<< /Type /Page\n/Parent 5 0 R\n/MediaBox [ 0 0 595 842]\n/Resources 6 0 R\n"
+                 "/Annots [<</Type /Annot /Subtype /Link /Rect [100 642 180 582] /Border [0 0 0] "
+                 "/A <</S /URI /URI (https://exemplo.com.br/a\\(b\\))>>>>\n]\n/Contents 2 0 R\n>>\n"
+                 "endobj\n%FIN_OBJ/%\n"),
+             "9 0 obj\n<</Title (um)\n/Parent 12 0 R\n/First 10 0 R\n/Last 11 0 R\n"
+             "/Dest [8 0 R /XYZ 0 802.00 null]\n/Count 0>>\nendobj\n",
+             "10 0 obj\n<</Title (dois)\n/Parent 9 0 R\n/Next 11 0 R\n/Dest [8 0 R /XYZ 0 782.00 "
+             "null]\n/Count 0>>\n"
+             "endobj\n",
+             "11 0 obj\n<</Title (tr\xEAs)\n/Parent 9 0 R\n/Prev 10 0 R\n/Dest [8 0 R /XYZ 0 761.75 null]\n"
+             "/Count 0>>\nendobj\n",
+             "12 0 obj\n<</Type /Outlines /First 9 0 R\n/Last 11 0 R>>\nendobj\n",
+             "13 0 obj\n<<\n/Type /Catalog\n/Pages 5 0 R\n/OpenAction [3 0 R /XYZ null null 1]\n"
+             "/PageLayout /OneColumn\n>>\nendobj\n"})
+            .toStdString());
+    expectReadable(1);
+    EXPECT_TRUE(printed(QStringLiteral("pdfimages"), {QStringLiteral("-list"), path()})
+                    .contains(QLatin1String("jpeg")));
+}
+
+TEST_F(PDFFile, NumbersAndOffsetsWithAllFourteenFonts)
+{
     PDFPrinter pdf;
     configure(pdf);
     pdf.PDFBeginDoc();
     setBookmarks(pdf);
-    pdf.PDFSetFont(0, 9, 0);
-    pdf.PDFImage(path(QStringLiteral("foto.jpg")), 100, 200, 80, 0,
-                 QStringLiteral("https://exemplo.com.br/a(b)"));
-    pdf.PDFImage(path(QStringLiteral("cinza.jpeg")), 100, 300, 0, 0);
     pdf.PDFEndDoc();
-
+    expectReadable(1);
     const QByteArray file = bytes();
-    const QByteArray data = bytes(QStringLiteral("foto.jpg"));
-    for (const QByteArray& part :
-         {QByteArray("4 0 obj\n<< /Type /Font\n/Subtype /Type1\n/Name /F1\n/BaseFont /Courier-Bold\n"),
-          QByteArray("\n17 0 obj\n<< /Type /Font\n/Subtype /Type1\n/Name /F14\n/BaseFont /ZapfDingbats\n"),
-          QByteArray("%DEBUT_OBJ/%\n18 0 obj\n<< /Type /Pages\n/Kids [\n22 0 R\n]\n"),
-          QByteArray("19 0 obj\n<< /ProcSet [ /PDF /Text /ImageC]\n/XObject << \n/ImgJPEG1 20 0 R\n/ImgJPEG2 "
-                     "21 0 R\n>>\n"
-                     "/Font << \n/F1 4 0 R \n"),
-          QByteArray(
-              "20 0 obj\n<</Type /XObject\n/Subtype /Image\n/Filter [/DCTDecode ]\n/Width 40\n/Height 30\n"
-              "/ColorSpace /DeviceRGB\n/BitsPerComponent 8\n/Length " +
-              QByteArray::number(data.size()) + "\n/Name /ImgJPEG1>>\nstream\n"),
-          QByteArray("/ColorSpace /DeviceGray\n"),
-          QByteArray("22 0 obj\n<< /Type /Page\n/Parent 18 0 R\n/MediaBox [ 0 0 595 842]\n/Resources 19 0 R\n"
-                     "/Annots [<</Type /Annot /Subtype /Link /Rect [100 642 180 582] /Border [0 0 0] "
-                     "/A <</S /URI /URI (https://exemplo.com.br/a\\(b\\))>>>>\n]\n/Contents 2 0 R\n"),
-          QByteArray("q\n80.00 0 0 60.00 100.00 582.00 cm /ImgJPEG1 Do Q\n"),
-          QByteArray("q\n40.00 0 0 30.00 100.00 512.00 cm /ImgJPEG2 Do Q\n")})
+    for (const QByteArray part :
+         {"\n4 0 obj\n<< /Type /Font\n/Subtype /Type1\n/Name /F1\n/BaseFont /Courier-Bold\n",
+          "\n17 0 obj\n<< /Type /Font\n/Subtype /Type1\n/Name /F14\n/BaseFont /ZapfDingbats\n",
+          "%DEBUT_OBJ/%\n18 0 obj\n<< /Type /Pages\n", "\n19 0 obj\n<< /ProcSet",
+          "\n20 0 obj\n<< /Type /Page\n"})
         EXPECT_TRUE(file.contains(withLineEnds(part))) << part.toStdString();
-    EXPECT_TRUE(file.contains("stream\r\n" + data + "\r\nendstream\r\nendobj\r\n\r\n21 0 obj"));
 
     // Each entry is two bytes short for every line written before the object.
     QByteArrayList lines = file.sliced(file.indexOf("\r\nxref")).replace("\r\n", "\n").split('\n');
     lines.erase(lines.begin(), lines.begin() + 4); // down to the entry of object 1
-    ASSERT_EQ(lines[26], "trailer");
-    for (int object = 1; object <= 26; ++object) {
+    ASSERT_EQ(lines[24], "trailer");
+    for (int object = 1; object <= 24; ++object) {
         const qsizetype place = lines[object - 1].left(10).toInt() + 2 * object;
         // The page tree's entry leads to the font that stands there once more.
         const int found = object == 18 ? 17 : object;
         EXPECT_TRUE(file.sliced(place).startsWith(QByteArray::number(found) + " 0 obj")) << object;
     }
-    expectReadable(1);
-    EXPECT_TRUE(printed(QStringLiteral("pdfimages"), {QStringLiteral("-list"), path()})
-                    .contains(QLatin1String("jpeg")));
 }
 
 TEST_F(PDFFile, WishesForTheViewer)

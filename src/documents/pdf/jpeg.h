@@ -11,7 +11,7 @@ struct PDFJpeg
     int height = 0;
     QByteArray
         colourSpace; ///< "DeviceGray", "DeviceRGB" or "DeviceCMYK"; empty for another number of components
-    int bitsPerComponent = 8; ///< with an empty colour space 8 for each component together
+    int bitsPerComponent = 8; ///< without a colour space 8 times the number of components
     QByteArray data;
 };
 

@@ -2,6 +2,7 @@
 
 #include <QByteArray>
 #include <concepts>
+#include <cstring>
 
 /// A number of a content stream: "12.00", "0.50", with a point whatever the locale. Rounded half away from
 /// zero on its decimal digits (15 significant), one digit at least in front of the point.
@@ -22,23 +23,66 @@ struct PDFEscaped
     QByteArrayView text;
 };
 
-void PDFAppend(QByteArray& buffer, PDFNumber number);
-void PDFAppend(QByteArray& buffer, PDFEscaped escaped);
-void PDFAppend(QByteArray& buffer, std::integral auto number)
+// A part is written straight into the buffer, where as many bytes are set aside as it may take.
+qsizetype PDFMostBytes(PDFNumber number);
+char* PDFPut(char* place, PDFNumber number);
+
+inline qsizetype PDFMostBytes(PDFEscaped escaped)
 {
-    buffer += QByteArray::number(qint64(number));
+    return escaped.text.size() * 4;
 }
-void PDFAppend(QByteArray& buffer, char) = delete; // would be written as its code
-inline void PDFAppend(QByteArray& buffer, QByteArrayView text)
+char* PDFPut(char* place, PDFEscaped escaped);
+
+inline qsizetype PDFMostBytes(QByteArrayView text)
 {
-    buffer.append(text);
+    return text.size();
+}
+inline char* PDFPut(char* place, QByteArrayView text)
+{
+    if (!text.isEmpty())
+        std::memcpy(place, text.data(), std::size_t(text.size()));
+    return place + text.size();
 }
 
-/// The parts one behind the other (texts, PDFNumber, PDFEscaped, whole numbers) and CR LF. A text is bytes of
-/// code page 1252 already.
+/// A literal.
+template <std::size_t Size>
+constexpr qsizetype PDFMostBytes(const char (&)[Size])
+{
+    return qsizetype(Size) - 1;
+}
+template <std::size_t Size>
+char* PDFPut(char* place, const char (&text)[Size])
+{
+    std::memcpy(place, text, Size - 1);
+    return place + Size - 1;
+}
+
+constexpr qsizetype PDFMostBytes(std::integral auto)
+{
+    return 20;
+}
+char* PDFPutInteger(char* place, qint64 number);
+char* PDFPut(char* place, std::integral auto number)
+{
+    return PDFPutInteger(place, qint64(number));
+}
+qsizetype PDFMostBytes(char) = delete; // would be written as its code
+
+/// The parts one behind the other: texts, PDFNumber, PDFEscaped, whole numbers. A text is bytes of code page
+/// 1252 already.
+template <typename... Part>
+void PDFAppend(QByteArray& buffer, const Part&... parts)
+{
+    const qsizetype before = buffer.size();
+    buffer.resize(before + (PDFMostBytes(parts) + ...));
+    char* place = buffer.data() + before;
+    ((place = PDFPut(place, parts)), ...);
+    buffer.truncate(place - buffer.constData());
+}
+
+/// The parts and CR LF.
 template <typename... Part>
 void PDFWriteLine(QByteArray& buffer, const Part&... parts)
 {
-    (PDFAppend(buffer, parts), ...);
-    buffer.append("\r\n", 2);
+    PDFAppend(buffer, parts..., "\r\n");
 }

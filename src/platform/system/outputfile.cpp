@@ -6,7 +6,7 @@ bool OutputFile::create(const QString& path)
 {
     file_.close();
     file_.setFileName(path);
-    return file_.open(QIODevice::WriteOnly | QIODevice::Truncate);
+    return file_.open(QIODevice::WriteOnly | QIODevice::Truncate | QIODevice::Unbuffered);
 }
 
 void OutputFile::writeLine(const QByteArray& line)
@@ -15,6 +15,8 @@ void OutputFile::writeLine(const QByteArray& line)
         Errors::objectNotSet();
     if (!file_.isOpen())
         Errors::fileAccess(file_.fileName(), file_.errorString());
-    if (file_.write(line) != line.size() || file_.write("\r\n", 2) != 2 || !file_.flush())
+    line_.truncate(0);
+    line_.append(line).append("\r\n");
+    if (file_.write(line_) != line_.size())
         Errors::fileAccess(file_.fileName(), file_.errorString());
 }

@@ -20,4 +20,5 @@ public:
 
 private:
     QFile file_;
+    QByteArray line_; ///< with its end, so that a line is one write
 };

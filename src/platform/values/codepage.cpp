@@ -12,10 +12,16 @@ constexpr std::array<char16_t, 32> Special{0x20AC, 0x0081, 0x201A, 0x0192, 0x201
                                            0x0090, 0x2018, 0x2019, 0x201C, 0x201D, 0x2022, 0x2013, 0x2014,
                                            0x02DC, 0x2122, 0x0161, 0x203A, 0x0153, 0x009D, 0x017E, 0x0178};
 
+/// True for a character whose byte is its own code.
+constexpr bool isOwnCode(char16_t code)
+{
+    return code < 0x80 || (code >= 0xA0 && code <= 0xFF);
+}
+
 std::optional<char> byteOf(QChar character)
 {
     const char16_t code = character.unicode();
-    if (code < 0x80 || (code >= 0xA0 && code <= 0xFF))
+    if (isOwnCode(code))
         return static_cast<char>(code);
     const auto place = std::find(Special.begin(), Special.end(), code);
     if (place == Special.end())
@@ -29,13 +35,18 @@ namespace CodePage {
 
 QByteArray encode(QStringView text)
 {
-    QByteArray bytes;
-    bytes.reserve(text.size());
+    QByteArray bytes(text.size(), Qt::Uninitialized);
+    char* place = bytes.data();
     for (qsizetype i = 0; i < text.size(); ++i) {
-        bytes += byteOf(text[i]).value_or('?');
+        if (const char16_t code = text[i].unicode(); isOwnCode(code)) {
+            *place++ = static_cast<char>(code);
+            continue;
+        }
+        *place++ = byteOf(text[i]).value_or('?');
         if (text[i].isHighSurrogate() && i + 1 < text.size() && text[i + 1].isLowSurrogate())
             ++i;
     }
+    bytes.truncate(place - bytes.constData());
     return bytes;
 }
 
