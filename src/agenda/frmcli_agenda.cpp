@@ -2,6 +2,7 @@
 
 #include "agenda/codigos.h"
 #include "agenda/frmcli_agenda_pesquisa.h"
+#include "agenda/impressaoagenda.h"
 #include "agenda/linhaagenda.h"
 #include "agenda/sinaisagenda.h"
 #include "app/core/menu.h"
@@ -183,7 +184,10 @@ void frmCli_Agenda::Command6_Click()
     } while (*escolha != QLatin1String("0") && *escolha != QLatin1String("1"));
     if (*escolha == QLatin1String("1"))
         Errors::objectNotSet(); // no list stands behind this choice
-    Menu::notYet(ui->Command6->text());
+    QStringList linhas;
+    for (int i = 0; i < ui->List1->ListCount(); ++i)
+        linhas << ui->List1->List(i);
+    imprimeAgenda({ui->cboPro->currentText(), ui->lDia->text(), ui->lTit->text(), linhas});
 }
 
 void frmCli_Agenda::DataGrid1_DblClick()

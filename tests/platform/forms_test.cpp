@@ -335,6 +335,15 @@ TEST(Calendar, TurningTheMonthIsNoChoice)
     EXPECT_TRUE(chosen.isEmpty()) << "the program's own setting is no choice";
     calendar.show();
     auto* days = calendar.findChild<QWidget*>(u"qt_calendar_calendarview"_qs);
-    QTest::keyClick(days, Qt::Key_Return);
-    EXPECT_EQ(chosen, QList<QDate>{QDate(2026, 12, 31)});
+    QTest::keyClick(days, Qt::Key_Left);
+    EXPECT_EQ(chosen, QList<QDate>{QDate(2026, 12, 30)}) << "the arrow keys choose";
+    settle();
+    const QPoint chosenDay =
+        static_cast<QTableView*>(days)->visualRect(static_cast<QTableView*>(days)->currentIndex()).center();
+    QTest::mouseClick(static_cast<QTableView*>(days)->viewport(), Qt::LeftButton, {}, chosenDay);
+    EXPECT_EQ(chosen.size(), 2) << "a click on the chosen day chooses it again";
+    settle();
+    QTest::mouseClick(static_cast<QTableView*>(days)->viewport(), Qt::LeftButton, {},
+                      chosenDay + QPoint(-40, 0));
+    EXPECT_EQ(chosen.size(), 3) << "a click on another one chooses it once";
 }

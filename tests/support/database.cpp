@@ -116,6 +116,14 @@ void Database::execute(const QString& statements)
     client(statements.toUtf8());
 }
 
+void Database::load(const QString& folder)
+{
+    const QString before = QDir::currentPath(); // the script names its files without one
+    QDir::setCurrent(folder);
+    client("source load.sql", {QStringLiteral("--local-infile=1")});
+    QDir::setCurrent(before);
+}
+
 QList<QStringList> Database::rows(const QString& query)
 {
     // The one output format of the client that tells NULL from a text and keeps line ends; a bare carriage

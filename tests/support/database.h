@@ -30,6 +30,8 @@ public:
     void clear();
     /// One or more statements, separated by semicolons.
     void execute(const QString& statements);
+    /// The rows of a clinic that the generator has left in the folder.
+    void load(const QString& folder);
     /// The rows of a query; NULL is a null text.
     QList<QStringList> rows(const QString& query);
     /// The first value of a query's first row; null if there is no row.

@@ -53,8 +53,32 @@ void fitText(QMessageBox& window, QString text)
     label->setTextInteractionFlags(Qt::TextSelectableByMouse);
 }
 
+/// The plain pointer for as long as a box waits for its answer.
+class PlainPointer
+{
+public:
+    PlainPointer()
+    {
+        while (const QCursor* cursor = QGuiApplication::overrideCursor()) {
+            covered_ << *cursor;
+            QGuiApplication::restoreOverrideCursor();
+        }
+    }
+    ~PlainPointer()
+    {
+        while (!covered_.isEmpty())
+            QGuiApplication::setOverrideCursor(covered_.takeLast());
+    }
+    PlainPointer(const PlainPointer&) = delete;
+    PlainPointer& operator=(const PlainPointer&) = delete;
+
+private:
+    QList<QCursor> covered_;
+};
+
 Answer WindowDialogs::message(const MessageBox& box)
 {
+    const PlainPointer pointer;
     QMessageBox window(QApplication::activeWindow());
     window.setWindowTitle(box.title);
     window.setTextFormat(Qt::PlainText);
@@ -77,6 +101,7 @@ Answer WindowDialogs::message(const MessageBox& box)
 std::optional<QString> WindowDialogs::input(const QString& prompt, const QString& title,
                                             const QString& proposal)
 {
+    const PlainPointer pointer;
     QInputDialog window(QApplication::activeWindow());
     window.setWindowTitle(title);
     window.setLabelText(prompt);
@@ -91,6 +116,7 @@ std::optional<QString> WindowDialogs::input(const QString& prompt, const QString
 
 std::optional<QString> WindowDialogs::file(const FileDialog& dialog)
 {
+    const PlainPointer pointer;
     const QStringList pieces = dialog.filter.split(QLatin1Char('|'));
     QStringList filters;
     for (qsizetype i = 0; i + 1 < pieces.size(); i += 2)

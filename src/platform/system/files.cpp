@@ -47,17 +47,28 @@ void setProgramFolder(const QString& folder)
 QString inProgramFolder(const QString& name)
 {
     QString path = programFolder();
-    const QStringList parts = QString(name)
-                                  .replace(QLatin1Char('\\'), QLatin1Char('/'))
-                                  .split(QLatin1Char('/'), Qt::SkipEmptyParts);
+    const QStringList parts = ownPath(name).split(QLatin1Char('/'), Qt::SkipEmptyParts);
     for (const QString& part : parts)
         path += QLatin1Char('/') + nameAsItStands(path, part);
     return path;
 }
 
+QString ownPath(const QString& path)
+{
+    return QString(path).replace(QLatin1Char('\\'), QLatin1Char('/'));
+}
+
 bool exists(const QString& path)
 {
     return QFileInfo::exists(path);
+}
+
+QStringList filesOf(const QString& folder)
+{
+    const QDir dir(folder);
+    if (!dir.exists())
+        throw RuntimeError(76, QStringLiteral("Caminho não encontrado: %1").arg(folder));
+    return dir.entryList(QDir::Files | QDir::Hidden, QDir::Name | QDir::IgnoreCase);
 }
 
 void removeFile(const QString& path)

@@ -2,6 +2,7 @@
 
 #include <QByteArray>
 #include <QString>
+#include <QStringList>
 
 /// Files beside the program. The program's own names are those of a system with "\" between folders and no
 /// difference between "A" and "a": "\temp\x.pdf" is temp/x.pdf below the program folder, and a name that
@@ -17,7 +18,14 @@ void setProgramFolder(const QString& folder);
 /// The full path of a name below the program folder, such as "\tremosilva.ini".
 QString inProgramFolder(const QString& name);
 
+/// The path with the system's own separators, "\\", turned into those of the workstation.
+QString ownPath(const QString& path);
+
 bool exists(const QString& path);
+
+/// The names of the files in the folder, in order of their names without regard to case. Throws RuntimeError
+/// 76 where there is no such folder.
+QStringList filesOf(const QString& folder);
 
 /// Deletes the file, write-protected or not. Throws RuntimeError 75 where that fails.
 void removeFile(const QString& path);

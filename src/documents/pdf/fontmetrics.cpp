@@ -1,0 +1,98 @@
+#include "documents/pdf/fontmetrics.h"
+
+#include "platform/system/error.h"
+#include "platform/system/files.h"
+#include "platform/values/number.h"
+
+#include <algorithm>
+#include <cmath>
+
+namespace {
+
+/// The second word of "C 65" or "WX 667".
+QByteArray secondWord(const QByteArray& piece)
+{
+    const QList<QByteArray> words = piece.trimmed().split(' ');
+    if (words.size() < 2)
+        Errors::subscriptOutOfRange();
+    return words[1];
+}
+
+} // namespace
+
+void PDFFontMetrics::setFolder(const QString& folder)
+{
+    folder_ = Files::ownPath(folder);
+    widths_.clear();
+}
+
+void PDFFontMetrics::load(const QString& folder)
+{
+    const QString path = Files::ownPath(folder);
+    QStringList found;
+    for (const QString& file : Files::filesOf(path))
+        if ((path + u'/' + file).toLower().contains(QLatin1String(".afm")))
+            found += file.chopped(std::min<qsizetype>(4, file.size()));
+    if (found.isEmpty())
+        return;
+    names_ = found;
+    setFolder(folder);
+}
+
+int PDFFontMetrics::indexOf(const QString& font) const
+{
+    return font.isEmpty() ? 1 : int(names_.indexOf(font)) + 1;
+}
+
+double PDFFontMetrics::width(QByteArrayView text, const QString& font, double size)
+{
+    const Widths& table = widths(font);
+    int sum = 0;
+    bool hasZero = false;
+    for (const char character : text) {
+        sum += table[static_cast<unsigned char>(character)];
+        hasZero |= character == 0;
+    }
+    if (hasZero)
+        Errors::subscriptOutOfRange();
+    return size * sum / 1000;
+}
+
+const PDFFontMetrics::Widths& PDFFontMetrics::widths(const QString& font)
+{
+    auto place = widths_.constFind(font);
+    if (place == widths_.constEnd())
+        place = widths_.insert(font, readWidths(folder_ + u'/' + font + QStringLiteral(".afm")));
+    return *place;
+}
+
+PDFFontMetrics::Widths PDFFontMetrics::readWidths(const QString& path)
+{
+    QByteArray content = Files::read(path);
+    if (content.endsWith('\n'))
+        content.chop(1); // or a line would seem to follow
+    const QList<QByteArray> lines = content.split('\n');
+    auto line = std::find_if(lines.begin(), lines.end(),
+                             [](const QByteArray& text) { return text.contains("StartCharMetrics"); });
+    Widths widths{};
+    int bottom = 0;
+    int top = 0;
+    while (true) {
+        if (line == lines.end() || ++line == lines.end())
+            throw RuntimeError(62, QStringLiteral("Entrada após o fim do arquivo: %1").arg(path));
+        // From here on the characters have no code.
+        if (line->contains("EndCharMetrics") || line->contains("-1 ;"))
+            break;
+        const QList<QByteArray> pieces = line->split(';');
+        top = secondWord(pieces[0]).toInt();
+        if (bottom == 0)
+            bottom = top;
+        if (top < 1 || top > 255 || pieces.size() < 2)
+            Errors::subscriptOutOfRange();
+        const double width = leadingNumber(QString::fromLatin1(secondWord(pieces[1])));
+        widths[std::size_t(top)] = int(std::trunc(width));
+    }
+    std::fill_n(widths.begin(), bottom, 0);
+    std::fill(widths.begin() + top + 1, widths.end(), 0);
+    return widths;
+}

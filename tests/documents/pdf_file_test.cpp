@@ -1,0 +1,357 @@
+/// Whole documents, byte for byte.
+#include "documents/pdffixture.h"
+
+#include "platform/system/shell.h"
+
+#include <QImage>
+
+namespace {
+
+QByteArray withLineEnds(QByteArray text)
+{
+    return text.replace("\n", "\r\n");
+}
+
+/// The file of these objects, which are written with line feeds: every object is followed by one more line
+/// end, which the offsets leave out, and the last one is the catalog.
+QByteArray fileOf(const QByteArrayList& objects)
+{
+    QByteArray file = "%PDF-1.3\r\n";
+    QByteArray table = "0000000000 65535 f\n";
+    qsizetype offset = 8;
+    for (const QByteArray& object : objects) {
+        table += QByteArray::number(offset).rightJustified(10, '0') + " 00000 n\n";
+        file += withLineEnds(object) + "\r\n";
+        offset += withLineEnds(object).size();
+    }
+    const QByteArray count = QByteArray::number(objects.size());
+    const QByteArray size = QByteArray::number(objects.size() + 1);
+    return file +
+           withLineEnds("xref\n0 " + size + '\n' + table + "trailer\n<< /Size " + size + "\n/Root " + count +
+                        " 0 R\n/Info 1 0 R\n>>\nstartxref\n" + QByteArray::number(offset) + "\n\n%%EOF\n");
+}
+
+QByteArray information(const QByteArray& documentTitle = {})
+{
+    return "1 0 obj\n<<\n/Producer ()\n/Author ()\n/CreationDate (D:20260316080910)\n/Creator ()\n/Keywords "
+           "()\n"
+           "/Subject ()\n/Title (" +
+           documentTitle + ")\n/ModDate ()\n>>\nendobj\n";
+}
+
+QByteArray helvetica(const QByteArray& number)
+{
+    return number + " 0 obj\n<< /Type /Font\n/Subtype /Type1\n/Name /F1\n/BaseFont /Helvetica\n"
+                    "/Encoding /WinAnsiEncoding\n>>\nendobj\n";
+}
+
+/// The last objects of a document, from the outline's first on, for bookmarks at 40 (level 0) and 60 (level
+/// 1) of the page object `page`.
+QByteArrayList outline(int first, const QByteArray& page, const QByteArray& pageTree,
+                       const QByteArray& viewing)
+{
+    const auto n = [&](int place) { return QByteArray::number(first + place); };
+    return {n(0) + " 0 obj\n<</Title (um)\n/Parent " + n(2) + " 0 R\n/First " + n(1) + " 0 R\n/Last " + n(1) +
+                " 0 R\n/Dest [" + page + " 0 R /XYZ 0 802.00 null]\n/Count 0>>\nendobj\n",
+            n(1) + " 0 obj\n<</Title (dois)\n/Parent " + n(0) + " 0 R\n/Dest [" + page +
+                " 0 R /XYZ 0 782.00 null]\n/Count 0>>\nendobj\n",
+            n(2) + " 0 obj\n<</Type /Outlines /First " + n(0) + " 0 R\n/Last " + n(1) + " 0 R>>\nendobj\n",
+            n(3) + " 0 obj\n<<\n/Type /Catalog\n/Pages " + pageTree + " 0 R\n" + viewing + ">>\nendobj\n"};
+}
+
+void setBookmarks(PDFPrinter& pdf)
+{
+    pdf.PDFSetBookmark(QStringLiteral("um"), 0, 40);
+    pdf.PDFSetBookmark(QStringLiteral("dois"), 1, 60);
+}
+
+class PDFFile : public PDFTest
+{
+};
+
+} // namespace
+
+TEST_F(PDFFile, OnePageAsTheReportsMakeIt)
+{
+    PDFPrinter pdf;
+    configure(pdf, oneFont());
+    pdf.PDFConfirm(true);
+    pdf.PDFView(true);
+    pdf.PDFSetViewerPreferences(6);
+    pdf.PDFSetZoomMode(1);
+    pdf.PDFSetLayoutMode(3);
+    pdf.PDFUseOutlines(true);
+    pdf.PDFUseThumbs(true);
+    pdf.PDFTitle(QStringLiteral("Atenção (1)"));
+    pdf.PDFBeginDoc();
+    setBookmarks(pdf);
+    pdf.PDFSetFont(0, 9, 0);
+    pdf.PDFTextOut(QStringLiteral("Ana"), 30, 40);
+    pdf.PDFEndPage();
+    QString opened;
+    Shell::setHandler([&](const QString& target) { opened = target; });
+    dialogs_.expect(QStringLiteral("Fichier PDF généré."),
+                    QStringLiteral("Génération du Fichier PDF - Vespadoc 4.0"), Icon::None);
+    pdf.PDFEndDoc();
+    Shell::setHandler({});
+
+    EXPECT_EQ(opened, path());
+    EXPECT_EQ(bytes().toStdString(),
+              fileOf(QByteArrayList{
+                         information("Aten\xE7\xE3o (1)"),
+                         "2 0 obj\n<< /Length 3 0 R\n >>\nstream\nq 0 g \n%DEBUT_TEXT/%\nBT\n"
+                         "31.00 802.00 Td\n/F1 9.00 Tf\n(Ana) Tj\nET\nQ\n%FIN_TEXT/%\nendstream\nendobj\n",
+                         "3 0 obj\n87\nendobj\n", helvetica("4"),
+                         helvetica("4") + "%DEBUT_OBJ/%\n5 0 obj\n<< /Type /Pages\n/Kids [\n7 0 R\n]\n"
+                                          "/Count 1\n>>\nendobj\n",
+                         "6 0 obj\n<< /ProcSet [ /PDF /Text /ImageC]\n/XObject << \n>>\n/Font << \n"
+                         "/F1 4 0 R \n>>\n>>\nendobj\n",
+                         "7 0 obj\n<< /Type /Page\n/Parent 5 0 R\n/MediaBox [ 0 0 595 842]\n"
+                         "/Resources 6 0 R\n/Contents 2 0 R\n>>\nendobj\n%FIN_OBJ/%\n"} +
+                     outline(8, "7", "5",
+                             "/OpenAction [3 0 R /FitH null]\n/PageMode /UseThumbs\n/Outlines 10 0 R\n"
+                             "/PageMode /UseOutlines\n/ViewerPreferences<<\n/DisplayDocTitle true\n>>\n"))
+                  .toStdString());
+    expectReadable(1);
+}
+
+TEST_F(PDFFile, TwoPagesOfDifferentSize)
+{
+    PDFPrinter pdf;
+    configure(pdf, oneFont());
+    pdf.PDFBeginDoc();
+    setBookmarks(pdf);
+    pdf.PDFDrawLine(10, 20, 30, 40);
+    pdf.PDFEndPage();
+    pdf.PDFPageWidth(400.5);
+    pdf.PDFPageHeight(300);
+    EXPECT_EQ(bytes().count("endobj"), 1); // the page is not written before the next one begins
+    pdf.PDFNewPage();
+    EXPECT_EQ(bytes().count("endobj"), 3);
+    EXPECT_EQ(pdf.PDFPageNumber(), 2);
+    pdf.PDFDrawLine(10, 20, 30, 40);
+    pdf.PDFEndDoc();
+
+    // The line is 73 bytes with its line ends; the first page's length is 12 more, the second page's content
+    // begins with a marker of 14.
+    const QByteArray font = helvetica("6");
+    EXPECT_EQ(
+        bytes().toStdString(),
+        fileOf(QByteArrayList{
+                   information(),
+                   "2 0 obj\n<< /Length 3 0 R\n >>\nstream\n%DEBUT_LN/%\n\n10.00 822.00 m\n"
+                   "30.00 802.00 l\n0 G\n0.57 w S\n%FIN_LN/%\nendstream\nendobj\n%FIN_OBJ/%\n",
+                   "%DEBUT_OBJ/%\n3 0 obj\n85\nendobj\n%FIN_OBJ/%\n",
+                   "4 0 obj\n<< /Length 5 0 R\n >>\nstream\n%DEBUT_OBJ/%\n%DEBUT_LN/%\n\n10.00 280.00 m\n"
+                   "30.00 260.00 l\n0 G\n0.57 w S\n%FIN_LN/%\nendstream\nendobj\n",
+                   "5 0 obj\n87\nendobj\n", font,
+                   font + "%DEBUT_OBJ/%\n7 0 obj\n<< /Type /Pages\n/Kids [\n9 0 R\n10 0 R\n]\n"
+                          "/Count 2\n>>\nendobj\n",
+                   "8 0 obj\n<< /ProcSet [ /PDF /Text /ImageC]\n/XObject << \n>>\n/Font << \n"
+                   "/F1 6 0 R \n>>\n>>\nendobj\n",
+                   "9 0 obj\n<< /Type /Page\n/Parent 7 0 R\n/MediaBox [ 0 0 595 842]\n"
+                   "/Resources 8 0 R\n/Contents 2 0 R\n>>\nendobj\n%FIN_OBJ/%\n",
+                   "10 0 obj\n<< /Type /Page\n/Parent 7 0 R\n/MediaBox [ 0 0 400.5 300]\n"
+                   "/Resources 8 0 R\n/Contents 4 0 R\n>>\nendobj\n%FIN_OBJ/%\n",
+                   // the outline's heights are taken from the latest page
+                   "11 0 obj\n<</Title (um)\n/Parent 13 0 R\n/First 12 0 R\n/Last 12 0 R\n"
+                   "/Dest [9 0 R /XYZ 0 260.00 null]\n/Count 0>>\nendobj\n",
+                   "12 0 obj\n<</Title (dois)\n/Parent 11 0 R\n/Dest [9 0 R /XYZ 0 240.00 null]\n"
+                   "/Count 0>>\nendobj\n",
+                   "13 0 obj\n<</Type /Outlines /First 11 0 R\n/Last 12 0 R>>\nendobj\n",
+                   "14 0 obj\n<<\n/Type /Catalog\n/Pages 7 0 R\n/OpenAction [3 0 R /Fit]\n"
+                   "/PageLayout /SinglePage\n>>\nendobj\n"})
+            .toStdString());
+    EXPECT_EQ(pdf.PDFNbPage(), 2);
+    expectReadable(2);
+}
+
+TEST_F(PDFFile, WithoutFontsTheLengthStandsTwice)
+{
+    PDFPrinter pdf;
+    pdf.PDFFileName(path());
+    pdf.PDFBeginDoc();
+    setBookmarks(pdf);
+    pdf.PDFEndDoc();
+    const QByteArray length = withLineEnds("3 0 obj\n0\nendobj\n");
+    EXPECT_TRUE(bytes().contains(length + "\r\n" + length + withLineEnds("%DEBUT_OBJ/%\n4 0 obj\n")));
+    EXPECT_TRUE(bytes().contains("/MediaBox [ 0 0 595.28 841.89]\r\n"));
+    expectReadable(1);
+}
+
+TEST_F(PDFFile, NumbersAndOffsetsOfAllFourteenFontsAndTwoPictures)
+{
+    QImage picture(40, 30, QImage::Format_RGB32);
+    picture.fill(Qt::red);
+    ASSERT_TRUE(picture.save(path(QStringLiteral("foto.jpg"))));
+    ASSERT_TRUE(picture.convertToFormat(QImage::Format_Grayscale8).save(path(QStringLiteral("cinza.jpeg"))));
+    PDFPrinter pdf;
+    configure(pdf);
+    pdf.PDFBeginDoc();
+    setBookmarks(pdf);
+    pdf.PDFSetFont(0, 9, 0);
+    pdf.PDFImage(path(QStringLiteral("foto.jpg")), 100, 200, 80, 0,
+                 QStringLiteral("https://exemplo.com.br/a(b)"));
+    pdf.PDFImage(path(QStringLiteral("cinza.jpeg")), 100, 300, 0, 0);
+    pdf.PDFEndDoc();
+
+    const QByteArray file = bytes();
+    const QByteArray data = bytes(QStringLiteral("foto.jpg"));
+    for (const QByteArray& part :
+         {QByteArray("4 0 obj\n<< /Type /Font\n/Subtype /Type1\n/Name /F1\n/BaseFont /Courier-Bold\n"),
+          QByteArray("\n17 0 obj\n<< /Type /Font\n/Subtype /Type1\n/Name /F14\n/BaseFont /ZapfDingbats\n"),
+          QByteArray("%DEBUT_OBJ/%\n18 0 obj\n<< /Type /Pages\n/Kids [\n22 0 R\n]\n"),
+          QByteArray("19 0 obj\n<< /ProcSet [ /PDF /Text /ImageC]\n/XObject << \n/ImgJPEG1 20 0 R\n/ImgJPEG2 "
+                     "21 0 R\n>>\n"
+                     "/Font << \n/F1 4 0 R \n"),
+          QByteArray(
+              "20 0 obj\n<</Type /XObject\n/Subtype /Image\n/Filter [/DCTDecode ]\n/Width 40\n/Height 30\n"
+              "/ColorSpace /DeviceRGB\n/BitsPerComponent 8\n/Length " +
+              QByteArray::number(data.size()) + "\n/Name /ImgJPEG1>>\nstream\n"),
+          QByteArray("/ColorSpace /DeviceGray\n"),
+          QByteArray("22 0 obj\n<< /Type /Page\n/Parent 18 0 R\n/MediaBox [ 0 0 595 842]\n/Resources 19 0 R\n"
+                     "/Annots [<</Type /Annot /Subtype /Link /Rect [100 642 180 582] /Border [0 0 0] "
+                     "/A <</S /URI /URI (https://exemplo.com.br/a\\(b\\))>>>>\n]\n/Contents 2 0 R\n"),
+          QByteArray("q\n80.00 0 0 60.00 100.00 582.00 cm /ImgJPEG1 Do Q\n"),
+          QByteArray("q\n40.00 0 0 30.00 100.00 512.00 cm /ImgJPEG2 Do Q\n")})
+        EXPECT_TRUE(file.contains(withLineEnds(part))) << part.toStdString();
+    EXPECT_TRUE(file.contains("stream\r\n" + data + "\r\nendstream\r\nendobj\r\n\r\n21 0 obj"));
+
+    // Each entry is two bytes short for every line written before the object.
+    QByteArrayList lines = file.sliced(file.indexOf("\r\nxref")).replace("\r\n", "\n").split('\n');
+    lines.erase(lines.begin(), lines.begin() + 4); // down to the entry of object 1
+    ASSERT_EQ(lines[26], "trailer");
+    for (int object = 1; object <= 26; ++object) {
+        const qsizetype place = lines[object - 1].left(10).toInt() + 2 * object;
+        // The page tree's entry leads to the font that stands there once more.
+        const int found = object == 18 ? 17 : object;
+        EXPECT_TRUE(file.sliced(place).startsWith(QByteArray::number(found) + " 0 obj")) << object;
+    }
+    expectReadable(1);
+    EXPECT_TRUE(printed(QStringLiteral("pdfimages"), {QStringLiteral("-list"), path()})
+                    .contains(QLatin1String("jpeg")));
+}
+
+TEST_F(PDFFile, WishesForTheViewer)
+{
+    const struct
+    {
+        std::optional<int> zoom, layout, preferences;
+        bool thumbs;
+        QByteArray lines;
+    } rows[] = {
+        {{}, {}, {}, false, "/OpenAction [3 0 R /Fit]\n/PageLayout /SinglePage\n"},
+        {0, 0, 0, true,
+         "/OpenAction [3 0 R /Fit]\n/PageLayout /SinglePage\n/PageMode /UseThumbs\n"
+         "/ViewerPreferences<<\n>>\n"},
+        {1, 1, 12, false,
+         "/OpenAction [3 0 R /FitH null]\n/PageLayout /OneColumn\n/ViewerPreferences<<\n"
+         "/HideMenubar true\n/HideToolbar true\n>>\n"},
+        {2, 2, 64, false,
+         "/OpenAction [3 0 R /XYZ null null 1]\n/PageLayout /TwoColumnLeft\n/ViewerPreferences<<\n"
+         "/DisplayDocTitle true\n/FitWindow true\n>>\n"},
+        {150, 3, -53, true,
+         "/OpenAction [3 0 R /XYZ null null 1.50]\n/PageMode /UseThumbs\n/ViewerPreferences<<\n"
+         "/HideWindowUI true\n/CenterWindow true\n>>\n"},
+        {-5, 3, {}, false, "/OpenAction [3 0 R /XYZ null null -0.05]\n"},
+    };
+    for (const auto& row : rows) {
+        PDFPrinter pdf;
+        configure(pdf, oneFont());
+        if (row.zoom)
+            pdf.PDFSetZoomMode(*row.zoom);
+        if (row.layout)
+            pdf.PDFSetLayoutMode(*row.layout);
+        if (row.preferences)
+            pdf.PDFSetViewerPreferences(*row.preferences);
+        pdf.PDFUseThumbs(row.thumbs);
+        pdf.PDFBeginDoc();
+        setBookmarks(pdf);
+        pdf.PDFEndDoc();
+        EXPECT_EQ(pdf.PDFGetZoomMode(), row.zoom);
+        EXPECT_EQ(pdf.PDFGetLayoutMode(), row.layout);
+        const QByteArray file = bytes();
+        const qsizetype begin = file.indexOf("/Pages 5 0 R\r\n") + 14;
+        EXPECT_EQ(file.sliced(begin, file.indexOf("xref\r\n") - begin).toStdString(),
+                  withLineEnds(row.lines + ">>\nendobj\n\n").toStdString());
+        expectReadable(1);
+    }
+}
+
+TEST_F(PDFFile, Outlines)
+{
+    /// What the objects of the bookmarks say of their neighbours, counted from the first bookmark, the root
+    /// being the last one; "" where the document has no outline.
+    const auto neighbours = [this](const QList<int>& levels) {
+        PDFPrinter pdf;
+        configure(pdf, oneFont());
+        pdf.PDFUseOutlines(true);
+        pdf.PDFBeginDoc();
+        for (const int level : levels)
+            pdf.PDFSetBookmark(QStringLiteral("Agenda Clinica"), level, 40);
+        pdf.PDFEndDoc();
+        expectReadable(1);
+        constexpr int FirstObject = 8;
+        std::string found;
+        for (const QByteArray& line : bytes().split('\n')) {
+            if (line.startsWith("<</Title") || line.startsWith("<</Type /Outlines"))
+                found += '|';
+            for (const QByteArray name : {"/Parent ", "/Prev ", "/Next ", "/First ", "/Last "})
+                if (!found.empty() && line.startsWith(name))
+                    found += ' ' + name.sliced(1).toStdString() +
+                             std::to_string(line.sliced(name.size()).split(' ')[0].toInt() - FirstObject);
+        }
+        return found;
+    };
+    EXPECT_EQ(neighbours({0, 1}), "| Parent 2 First 1 Last 1| Parent 0| Last 1");
+    EXPECT_EQ(neighbours({0, 1, 1}), "| Parent 3 First 1 Last 2| Parent 0 Next 2| Parent 0 Prev 1| Last 2");
+    // The second is not linked to the first; an item is linked to the one before the deeper ones.
+    EXPECT_EQ(neighbours({0, 0, 0, 1}),
+              "| Parent 4| Parent 4 Next 2| Parent 4 Prev 1 First 3 Last 3| Parent 2| Last 3");
+    EXPECT_EQ(neighbours({0, 1, 2, 1}),
+              "| Parent 4 First 1 Last 3| Parent 0 Next 3 First 2 Last 2| Parent 1| Parent 0 Prev 1| Last 3");
+    EXPECT_EQ(neighbours({0}), "");
+    EXPECT_TRUE(bytes().contains("/Outlines 1 0 R\r\n"));
+    for (const QList<int>& faulty : {QList<int>{}, {0, 0}, {0, 1, 0}, {0, 2}, {1, 1}, {0, -1, 1}})
+        EXPECT_EQ(errorOf([&] { neighbours(faulty); }), 9);
+}
+
+TEST_F(PDFFile, APageWithoutItsEndHasNoSize)
+{
+    PDFPrinter pdf;
+    configure(pdf, oneFont());
+    pdf.PDFBeginDoc();
+    setBookmarks(pdf);
+    pdf.PDFNewPage();
+    EXPECT_EQ(errorOf([&] { pdf.PDFEndDoc(); }), 9);
+}
+
+TEST_F(PDFFile, TheOutputFile)
+{
+    const auto begin = [this](const QString& name) {
+        PDFPrinter pdf;
+        pdf.PDFFileName(name);
+        EXPECT_EQ(pdf.PDFGetFileName(), name);
+        return errorOf([&] { pdf.PDFBeginDoc(); });
+    };
+    QDir(path(QString())).mkdir(QStringLiteral("temp"));
+    put(QStringLiteral("temp/antigo.pdf"), QByteArray(5000, 'x'));
+    EXPECT_EQ(begin(path(QStringLiteral("temp\\antigo.pdf"))), 0);
+    EXPECT_TRUE(bytes(QStringLiteral("temp/antigo.pdf")).startsWith("%PDF-1.3\r\n1 0 obj\r\n"));
+    EXPECT_LT(bytes(QStringLiteral("temp/antigo.pdf")).size(), 5000);
+
+    EXPECT_EQ(begin(path(QStringLiteral("sem\\pasta.pdf"))), 75);
+    PDFPrinter unnamed;
+    EXPECT_EQ(errorOf([&] { unnamed.PDFBeginDoc(); }), 91);
+
+    // What stands there cannot be replaced: the user is told once, and has a chance.
+    const QString message = QStringLiteral("Le fichier preso.pdf ne peut pas être remplacé.\n"
+                                           "S'il est ouvert, fermez-le avant de continuer.");
+    QDir(path(QString())).mkdir(QStringLiteral("preso.pdf"));
+    dialogs_.expect(message, QStringLiteral("Fichier PDF - Vespadoc 4.0"), Icon::Critical);
+    EXPECT_EQ(begin(path(QStringLiteral("preso.pdf"))), 75);
+    dialogs_.setWatcher(
+        [this](const MessageBox&) { QDir(path(QString())).rmdir(QStringLiteral("preso.pdf")); });
+    dialogs_.expect(message, QStringLiteral("Fichier PDF - Vespadoc 4.0"), Icon::Critical);
+    EXPECT_EQ(begin(path(QStringLiteral("preso.pdf"))), 0);
+}

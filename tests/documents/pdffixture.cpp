@@ -1,0 +1,72 @@
+#include "documents/pdffixture.h"
+
+#include "platform/system/files.h"
+
+#include <QProcess>
+#include <QRegularExpression>
+
+QByteArray PDFTest::bytes(const QString& name) const
+{
+    return Files::read(path(name));
+}
+
+void PDFTest::put(const QString& name, const QByteArray& bytes) const
+{
+    Files::write(path(name), bytes);
+}
+
+QString PDFTest::oneFont() const
+{
+    Files::makeFolder(path(QStringLiteral("one")));
+    put(QStringLiteral("one/Helvetica.afm"),
+        "StartFontMetrics 4.1\r\nC 33 ; WX 999 ;\r\nStartCharMetrics 5\r\n"
+        "C 32 ; WX 250 ; N space ;\r\nC 65 ; WX 700.9 ; N A ;\r\n"
+        "C 97 ; WX 500 ; N a ;\r\nC 110 ; WX 600 ; N n ;\r\n"
+        "C -1 ; WX 800 ; N Aacute ;\r\nEndCharMetrics\r\n");
+    return path(QStringLiteral("one"));
+}
+
+void PDFTest::configure(PDFPrinter& pdf, const QString& fonts) const
+{
+    pdf.PDFFileName(path());
+    pdf.PDFLoadAfm(fonts.isEmpty() ? Files::inProgramFolder(QStringLiteral("\\fonts")) : fonts);
+    pdf.PDFFormatPage(0);
+    pdf.PDFOrientation(1);
+    pdf.PDFSetUnit(0);
+}
+
+QByteArray PDFTest::content(const std::function<void(PDFPrinter&)>& draw)
+{
+    PDFPrinter pdf;
+    configure(pdf);
+    pdf.PDFBeginDoc();
+    pdf.PDFSetLineStyle(0);
+    pdf.PDFSetLineWidth(0.5);
+    pdf.PDFSetFont(0, 10, 0);
+    pdf.PDFSetBookmark(QStringLiteral("um"), 0, 40);
+    pdf.PDFSetBookmark(QStringLiteral("dois"), 1, 60);
+    draw(pdf);
+    pdf.PDFEndDoc();
+    expectReadable(1);
+    const QByteArray file = bytes();
+    const qsizetype begin = file.indexOf("stream\r\n") + 8;
+    return file.sliced(begin, file.indexOf("endstream\r\n") - begin).replace("\r\n", "\n");
+}
+
+void PDFTest::expectReadable(int pages, const QString& name) const
+{
+    const auto found = [&](const QString& text) {
+        return QRegularExpression(QStringLiteral("Pages:\\s+(\\d+)")).match(text).captured(1).toInt();
+    };
+    EXPECT_EQ(found(printed(QStringLiteral("pdfinfo"), {path(name)})), pages);
+    EXPECT_EQ(found(printed(QStringLiteral("mutool"), {QStringLiteral("info"), path(name)})), pages);
+}
+
+QString PDFTest::printed(const QString& program, const QStringList& arguments)
+{
+    QProcess process;
+    process.start(program, arguments);
+    if (!process.waitForFinished() || process.exitStatus() != QProcess::NormalExit || process.exitCode() != 0)
+        ADD_FAILURE() << program.toStdString() << ": " << process.readAllStandardError().toStdString();
+    return QString::fromUtf8(process.readAllStandardOutput());
+}
