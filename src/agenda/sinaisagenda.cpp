@@ -183,7 +183,11 @@ public:
     }
 
 private:
-    void alinha() { titulo_.setContentsMargins(inicioDoTexto(lista_) + 1, 0, 0, 0); } // and the list's border
+    void alinha()
+    {
+        lista_.ensurePolished(); // from the style it has its border
+        titulo_.setContentsMargins(inicioDoTexto(lista_), 0, 0, 0);
+    }
 
     ListBox& lista_;
     QLabel& titulo_;

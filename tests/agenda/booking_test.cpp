@@ -52,6 +52,8 @@ void typeCode(ScreenDriver& agenda, const char* box, const char* code)
 TEST_F(AgendaTest, AFreeLineIsBooked)
 {
     bookElsewhere(u"K1"_qs, 99);
+    book(u"K2"_qs, 13, 21, u"JOÃO DA SILVA"_qs, u"2026-03-16"_qs, u"09:00"_qs);
+    book(u"K3"_qs, 13, 21, u"JOÃO DA SILVA"_qs, u"2026-03-17"_qs, u"08:30"_qs);
     dialogs.expect(booked, u"Atenção"_qs, Icon::Information);
     open<frmCli_Agenda>([&](ScreenDriver& agenda) {
         EXPECT_FALSE(agenda.visible(u"frmAgendamento"_qs));
@@ -104,7 +106,7 @@ TEST_F(AgendaTest, AFreeLineIsBooked)
     });
     EXPECT_EQ(
         flat(u"select idlic,idagenda,fone,idpro,idesp,idconv,idpac,nmpac,dia,hr,obs,idproc,valor,status,"
-             "evcad,evup,mobesp,ondeatd from agenda_clinica where idlic = 'C1'"_qs),
+             "evcad,evup,mobesp,ondeatd from agenda_clinica where idagenda not like 'K%'"_qs),
         QStringList{u"C1|260316083015MARIA11|99999-1111 3333-1111|11|3|5|21|JOÃO DA SILVA|2026-03-16|08:30|"
                     "PRIMEIRA VEZ|32|1234.50|0|"_qs +
                     stamp + u'|' + stamp + u"|1 - Sim|0"_qs});
@@ -115,9 +117,12 @@ TEST_F(AgendaTest, AnAppointmentIsOpenedMovedAndChanged)
     book(u"K1"_qs, 11, 21, u"JOÃO DA SILVA"_qs, u"2026-03-16"_qs, u"08:00"_qs, u"1"_qs);
     book(u"K2"_qs, 11, 22, u"RITA"_qs, u"2026-03-16"_qs, u"08:30"_qs);
     bookElsewhere(u"K1"_qs);
+    dialogs.expect(booked);
     dialogs.expect(u"--- ERRO --- HORÁRIO NÃO DISPONIVEL!"_qs);
     dialogs.expect(booked);
     open<frmCli_Agenda>([&](ScreenDriver& agenda) {
+        agenda.doubleClickRow(u"List1"_qs, 0);
+        agenda.click(u"Command7"_qs); // an appointment does not stand in its own way
         agenda.doubleClickRow(u"List1"_qs, 0);
         const QString rest = u"|21|JOÃO DA SILVA|5|SAÚDE TOTAL|FONE|R$ 180,50|OBSERVAÇÃO"_qs;
         EXPECT_EQ(texts(agenda), u"K1|16/03/2026|08:00"_qs + rest)
