@@ -1,0 +1,16 @@
+#include "app/frmprogresso.h"
+
+#include "ui_frmprogresso.h"
+
+frmProgresso::frmProgresso() : ui(std::make_unique<Ui::frmProgresso>())
+{
+    ui->setupUi(this);
+}
+
+frmProgresso::~frmProgresso() = default;
+
+void frmProgresso::mostraPasso(int passo)
+{
+    ui->ProgressBar1->setValue(passo);
+    Repaint();
+}
