@@ -5,6 +5,8 @@
 frmProgresso::frmProgresso() : ui(std::make_unique<Ui::frmProgresso>())
 {
     ui->setupUi(this);
+    // Lower than a screen usually may be.
+    Resize.setHMin(sizeHint().height() * AutoResize::twipsPerPixel);
 }
 
 frmProgresso::~frmProgresso() = default;

@@ -4,11 +4,14 @@
 #include "app/core/instalacao.h"
 #include "app/core/menu.h"
 #include "app/frmprincipal.h"
+#include "app/frmprogresso.h"
 #include "app/telas.h"
 #include "platform/forms/application.h"
 #include "platform/forms/theme.h"
 #include "platform/system/files.h"
 #include "support/fixedclock.h"
+#include "support/oneanswer.h"
+#include "support/openedtargets.h"
 #include "support/report.h"
 
 #include <QMenu>
@@ -24,6 +27,11 @@ void failTheWalk(const std::exception& error)
 void login(Tour& tour, ScreenDriver& login)
 {
     tour.picture(QStringLiteral("frmtelainicial"), login);
+    tour.box(QStringLiteral("frmtelainicial_suporte"), QStringLiteral("OK"));
+    {
+        const OpenedTargets browser;
+        login.press(Qt::Key_F10);
+    }
     login.type(QStringLiteral("txtUsuario"), QStringLiteral("admin"));
     login.press(Qt::Key_Return);
     login.typeOn(QStringLiteral("errada"));
@@ -67,6 +75,20 @@ void configuration(Tour& tour)
     Menu::principal().run(QStringLiteral("mnupram"));
 }
 
+void update(Tour& tour)
+{
+    OneAnswer vendor(OneAnswer::http("404 Not Found", {}));
+    vendor.hold();
+    qputenv("TREMOSILVA_HOST_DOWNLOAD", vendor.host().toUtf8());
+    QTimer::singleShot(0, [&] {
+        tour.picture(QStringLiteral("frmProgresso"), ScreenDriver(Form::of<frmProgresso>()));
+        vendor.release();
+    });
+    tour.box(QStringLiteral("frmProgresso_recusado"), QStringLiteral("OK"));
+    Menu::principal().run(QStringLiteral("mnuupdate"));
+    qunsetenv("TREMOSILVA_HOST_DOWNLOAD");
+}
+
 void walk(Tour& tour)
 {
     auto& principal = Form::of<frmPrincipal>();
@@ -82,6 +104,7 @@ void walk(Tour& tour)
     users(tour);
     configuration(tour);
     walkRegisters(tour);
+    update(tour);
 
     tour.screen(QStringLiteral("frmtelainicial"), [&tour](ScreenDriver& screen) {
         tour.picture(QStringLiteral("frmtelainicial_logoff"), screen);
