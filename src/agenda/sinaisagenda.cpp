@@ -136,6 +136,7 @@ protected:
     {
         QStyledItemDelegate::initStyleOption(option, index);
         const Aparencia& como = aparencia(LinhaAgenda::estado(option->text));
+        option->text.truncate(LinhaAgenda::titulo().size()); // what has no heading is for the program
         option->features |= QStyleOptionViewItem::HasDecoration;
         const int altura = alturaDoSinal(option->fontMetrics);
         option->icon = QIcon(sinal(como, altura, option->widget->devicePixelRatioF()));
