@@ -1,5 +1,6 @@
 #include "agenda/frmcli_agenda.h"
 
+#include "agenda/codigos.h"
 #include "agenda/frmcli_agenda_pesquisa.h"
 #include "agenda/impressaoagenda.h"
 #include "agenda/linhaagenda.h"
@@ -14,7 +15,6 @@
 #include "platform/values/date.h"
 #include "platform/values/format.h"
 #include "platform/values/number.h"
-#include "platform/values/text.h"
 #include "ui_frmcli_agenda.h"
 
 #include <QSignalBlocker>
@@ -22,8 +22,6 @@
 using namespace Variaveis;
 
 namespace {
-
-constexpr int larguraNome = 45;
 
 QString hojePorExtenso()
 {
@@ -91,10 +89,9 @@ void frmCli_Agenda::Form_Load()
                     " and ondeatd in ('0','2') order by nmpro",
                 Conexao, 0, 1);
         for (; !rs.Eof(); rs.MoveNext())
-            ui->cboPro->addItem(QStringList{fixedWidth(rs.Fields("nmpro").text(), larguraNome),
-                                            rs.Fields("idpro").text(), rs.Fields("valor").text(),
-                                            rs.Fields("idesp").text(), rs.Fields("ondeatd").text()}
-                                    .join(QLatin1Char('|')));
+            ui->cboPro->addItem(itemComCodigos(rs.Fields("nmpro").text(),
+                                               {rs.Fields("idpro").text(), rs.Fields("valor").text(),
+                                                rs.Fields("idesp").text(), rs.Fields("ondeatd").text()}));
         ui->cboPro->setCurrentIndex(-1);
     }
     chooseFirst(*ui->cboPro);
@@ -130,11 +127,10 @@ void frmCli_Agenda::F3()
 
 void frmCli_Agenda::tomaProfissional()
 {
-    const QStringList item = ui->cboPro->currentText().split(QLatin1Char('|'));
-    const auto fim = item.size(); // counted from the end: a name may hold the separator
-    idpro_ = item[fim - 4];
-    valor_ = readNumber(item[fim - 3]).value_or(0);
-    idesp_ = item[fim - 2].toLongLong();
+    const QString item = ui->cboPro->currentText();
+    idpro_ = codigoDoItem(item, 4);
+    valor_ = readNumber(codigoDoItem(item, 3)).value_or(0);
+    idesp_ = codigoDoItem(item, 2).toLongLong();
 }
 
 void frmCli_Agenda::cboPro_Click()

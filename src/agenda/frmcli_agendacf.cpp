@@ -1,5 +1,6 @@
 #include "agenda/frmcli_agendacf.h"
 
+#include "agenda/codigos.h"
 #include "app/core/sql.h"
 #include "app/core/variaveis.h"
 #include "platform/data/recordset.h"
@@ -15,19 +16,9 @@ using namespace Variaveis;
 
 namespace {
 
-QString campo(const QString& item, int qual)
-{
-    return item.section(QLatin1Char('|'), qual, qual).trimmed();
-}
-
 bool isVazia(const QLineEdit* caixa)
 {
     return caixa->text().trimmed().isEmpty();
-}
-
-QString codigo(const QLineEdit* caixa)
-{
-    return QString::number(integerPart(caixa->text()));
 }
 
 /// Puts the column of the row found into the box, which stays as it is where none is found.
@@ -104,22 +95,21 @@ void frmCli_AgendaCF::wire()
 
 void frmCli_AgendaCF::recebe(const AtendimentoAFechar& atendimento)
 {
-    fechamento_ = {
-        .idpac = atendimento.idPac.trimmed(),
-        .idprof = campo(atendimento.profissional, -4), // counted from the end: a name may hold the separator
-        .idagenda = atendimento.idAgenda,
-        .data = atendimento.data,
-        .hora = atendimento.hora,
-        .procedimentos = {},
-        .pagamentos = {}};
+    fechamento_ = {.idpac = codigoDigitado(atendimento.idPac),
+                   .idprof = codigoDoItem(atendimento.profissional, 4),
+                   .idagenda = atendimento.idAgenda,
+                   .data = atendimento.data,
+                   .hora = atendimento.hora,
+                   .procedimentos = {},
+                   .pagamentos = {}};
     ui->lPac->setText(atendimento.idPac + QStringLiteral(" | ") + atendimento.nmPac);
     ui->lIdAgenda->setText(atendimento.idAgenda);
     ui->lProf->setText(atendimento.profissional);
     ui->lDT->setText(atendimento.data);
     ui->lHR->setText(atendimento.hora);
     // A code first: its change empties the name.
-    ui->txtIdProc->setText(campo(atendimento.procedimento, -1));
-    ui->txtNmProc->setText(campo(atendimento.procedimento, 0));
+    ui->txtIdProc->setText(codigoDoItem(atendimento.procedimento));
+    ui->txtNmProc->setText(nomeDoItem(atendimento.procedimento));
     ui->txtVR->setText(atendimento.valor);
     ui->txtQt->setText(QStringLiteral("1"));
     ui->txtIdConv->setText(atendimento.idConv);
@@ -162,7 +152,7 @@ void frmCli_AgendaCF::txtIdProc_LostFocus()
     if (isNumeric(ui->txtIdProc->text()))
         mostraNome(ui->txtNmProc, QStringLiteral("nmproc"),
                    "select * from procedimentos where idlic = " + aspas(idlic) + " and idproc like " +
-                       codigo(ui->txtIdProc) + " and ondeatd = '0'");
+                       codigoDigitado(ui->txtIdProc->text()) + " and ondeatd = '0'");
 }
 
 void frmCli_AgendaCF::txtIdConv_Change()
@@ -175,7 +165,7 @@ void frmCli_AgendaCF::txtIdConv_LostFocus()
     if (isNumeric(ui->txtIdConv->text()))
         mostraNome(ui->txtNmConv, QStringLiteral("nmconv"),
                    "select * from convenios where idlic = " + aspas(idlic) + " and idconv like " +
-                       codigo(ui->txtIdConv));
+                       codigoDigitado(ui->txtIdConv->text()));
 }
 
 void frmCli_AgendaCF::txtQt_Click()
@@ -213,7 +203,8 @@ void frmCli_AgendaCF::Command2_Click()
         return;
     fechamento_.procedimentos.push_back({ui->txtNmProc->text(), ui->txtQt->text().trimmed(),
                                          emCentavos(toNumber(ui->txtVR->text())), ui->txtNmConv->text(),
-                                         ui->txtIdConv->text().trimmed(), ui->txtIdProc->text().trimmed()});
+                                         codigoDigitado(ui->txtIdConv->text()),
+                                         codigoDigitado(ui->txtIdProc->text())});
     ui->List1->AddItem(fechamento_.procedimentos.back().linha());
     for (QLineEdit* caixa : {ui->txtIdProc, ui->txtNmProc, ui->txtQt, ui->txtVR})
         caixa->clear();

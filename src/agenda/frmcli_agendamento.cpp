@@ -1,5 +1,6 @@
 // The floating panel of the agenda: how it opens, what its keys and code boxes do, and how it is left.
 
+#include "agenda/codigos.h"
 #include "agenda/frmcli_agenda.h"
 #include "agenda/frmcli_agendacf.h"
 #include "agenda/linhaagenda.h"
@@ -8,31 +9,12 @@
 #include "platform/forms/dialogs.h"
 #include "platform/values/format.h"
 #include "platform/values/number.h"
-#include "platform/values/text.h"
 #include "registers/buscas.h"
 #include "ui_frmcli_agenda.h"
 
-#include <QGraphicsDropShadowEffect>
 #include <QLayout>
 
 using namespace Variaveis;
-
-namespace {
-
-constexpr int larguraNome = 45;
-
-/// The code in a box, as a statement wants it.
-QString codigo(const QLineEdit& caixa)
-{
-    return plainNumber(toNumber(caixa.text()));
-}
-
-QString codigoDoItem(const QString& item)
-{
-    return item.section(QLatin1Char('|'), -1);
-}
-
-} // namespace
 
 void frmCli_Agenda::wirePainel()
 {
@@ -51,12 +33,6 @@ void frmCli_Agenda::wirePainel()
     onClick(ui->Command7, &frmCli_Agenda::Command7_Click);
     onClick(ui->Command8, &frmCli_Agenda::Command8_Click);
     onClick(ui->Command9, &frmCli_Agenda::Command9_Click);
-
-    auto* sombra = new QGraphicsDropShadowEffect(ui->frmAgendamento);
-    sombra->setBlurRadius(28);
-    sombra->setOffset(0, 6);
-    sombra->setColor(QColor(16, 36, 46, 110));
-    ui->frmAgendamento->setGraphicsEffect(sombra);
 }
 
 /// Leaves the times and the first letters of the names in sight, so that another line can be picked.
@@ -123,8 +99,7 @@ void frmCli_Agenda::carregaProcedimentos()
     ADODB::Recordset rs;
     rs.Open("select * from  procedimentos where ondeatd = '0'", Conexao, 0, 1);
     for (; !rs.Eof(); rs.MoveNext())
-        ui->cboTP->addItem(fixedWidth(rs.Fields("nmproc").text(), larguraNome) + QLatin1Char('|') +
-                           rs.Fields("idproc").text());
+        ui->cboTP->addItem(itemComCodigos(rs.Fields("nmproc").text(), {rs.Fields("idproc").text()}));
     ui->cboTP->setCurrentIndex(-1);
 }
 
@@ -147,7 +122,7 @@ void frmCli_Agenda::abreNovo(const QString& linha)
     ui->txtDt->setText(Format(ui->Calendar1->Value(), u"dd/mm/yyyy"));
     ui->txtHR->setText(linha.left(5));
     if (!isNumeric(ui->cboTP->currentText().left(1)))
-        chooseFirst(*ui->cboTP);
+        ui->cboTP->setCurrentIndex(0); // nothing where there is no procedure: the saving tells
     chooseFirst(*ui->cboMobEsp);
     ui->cboTP->setFocus();
 }
@@ -156,7 +131,7 @@ void frmCli_Agenda::abreExistente(const QString& linha)
 {
     ADODB::Recordset rs;
     rs.Open("select * from agenda_clinica where idlic = " + aspas(idlic) +
-                " and idagenda = " + aspas(linha.section(QLatin1Char('|'), -1)),
+                " and idagenda = " + aspas(LinhaAgenda::chave(linha)),
             Conexao, 0, 1);
     if (rs.Eof())
         return;
@@ -210,7 +185,13 @@ void frmCli_Agenda::buscaPaciente()
 
 void frmCli_Agenda::buscaConvenio()
 {
+    // The patient's box brings a plan when it is left: before the choice, so that the chosen one holds.
+    const bool noPaciente = ui->txtIdPac->hasFocus();
+    if (noPaciente)
+        ui->txtIdConv->setFocus();
     busca<frmBuscaConvenios>(*ui->txtIdConv, *ui->txtNmConv);
+    if (noPaciente && !isNumeric(RetornoCodigo))
+        ui->txtIdPac->setFocus();
 }
 
 void frmCli_Agenda::txtIdPac_LostFocus()
@@ -222,7 +203,7 @@ void frmCli_Agenda::txtIdPac_LostFocus()
     rs.Open(
         "select p.nmpac,p.fonepac,p.fonecel,p.idconv,c.idconv,c.nmconv,c.pdesc from pacientes p left join "
         "convenios c on p.idconv like c.idconv where p.idlic = " +
-            aspas(idlic) + " and p.idpac like " + codigo(*ui->txtIdPac),
+            aspas(idlic) + " and p.idpac like " + codigoDigitado(ui->txtIdPac->text()),
         Conexao, 0, 1);
     if (rs.Eof())
         return;
@@ -240,7 +221,7 @@ void frmCli_Agenda::txtIdConv_LostFocus()
     AbreConexao();
     ADODB::Recordset rs;
     rs.Open("select * from convenios where idlic = " + aspas(idlic) + " and idconv like " +
-                codigo(*ui->txtIdConv),
+                codigoDigitado(ui->txtIdConv->text()),
             Conexao, 0, 1);
     ui->txtNmConv->setText(rs.Eof() ? QString() : rs.Fields("nmconv").text());
     mostraPreco(rs.Eof() ? 0 : rs.Fields("pdesc").number());

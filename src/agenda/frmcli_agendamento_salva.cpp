@@ -1,5 +1,6 @@
 // The saving of an appointment.
 
+#include "agenda/codigos.h"
 #include "agenda/frmcli_agenda.h"
 #include "app/core/sql.h"
 #include "app/core/variaveis.h"
@@ -52,7 +53,7 @@ bool frmCli_Agenda::recusa()
                Icon::Information);
         return true;
     }
-    idproc_ = ui->cboTP->currentText().section(QLatin1Char('|'), -1).toLongLong();
+    idproc_ = codigoDoItem(ui->cboTP->currentText()).toLongLong();
     if (idproc_ == 0) {
         MsgBox(QStringLiteral("--- ERRO --- SELECIONA UM PROCEDIMENTO!"), QStringLiteral("ATENÇÃO"));
         return true;
@@ -81,7 +82,7 @@ bool frmCli_Agenda::pacienteOcupado()
     ADODB::Recordset rs;
     rs.Open("select * from agenda_clinica where idlic = " + aspas(idlic) +
                 " and dia = " + aspas(emColuna(ui->txtDt->text())) + " and hr = " + aspas(ui->txtHR->text()) +
-                " and idpac like " + plainNumber(toNumber(ui->txtIdPac->text())) + " and idpro <> " + idpro_,
+                " and idpac like " + codigoDigitado(ui->txtIdPac->text()) + " and idpro <> " + idpro_,
             Conexao, 0, 1);
     if (rs.Eof())
         return false;
@@ -100,8 +101,8 @@ QString frmCli_Agenda::inclusao() const
                                  ui->txtFone->text(),
                                  idpro_,
                                  QString::number(idesp_),
-                                 ui->txtIdConv->text(),
-                                 ui->txtIdPac->text(),
+                                 codigoDigitado(ui->txtIdConv->text()),
+                                 codigoDigitado(ui->txtIdPac->text()),
                                  ui->txtNmPac->text(),
                                  Format(ui->Calendar1->Value(), u"yyyy/mm/dd"),
                                  ui->txtHR->text().left(5),
@@ -123,7 +124,8 @@ QString frmCli_Agenda::alteracao() const
 {
     return "update agenda_clinica set ondeatd = " + aspas(ui->cboOnde->currentText().left(1)) +
            ", mobesp = " + aspas(ui->cboMobEsp->currentText()) + ", fone = " + aspas(ui->txtFone->text()) +
-           ",idconv = " + aspas(ui->txtIdConv->text()) + ",idpac = " + aspas(ui->txtIdPac->text()) +
+           ",idconv = " + aspas(codigoDigitado(ui->txtIdConv->text())) +
+           ",idpac = " + aspas(codigoDigitado(ui->txtIdPac->text())) +
            ",nmpac = " + aspas(ui->txtNmPac->text()) + ",dia = " + aspas(emColuna(ui->txtDt->text())) +
            ",hr = " + aspas(ui->txtHR->text()) + ",obs = " + aspas(ui->txtObs->text()) +
            ",idproc = " + aspas(QString::number(idproc_)) +

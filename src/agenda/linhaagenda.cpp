@@ -3,6 +3,7 @@
 #include "platform/values/text.h"
 
 #include <array>
+#include <numeric>
 
 namespace LinhaAgenda {
 
@@ -42,6 +43,18 @@ QString horario(const QString& hora)
     return fixedWidth(hora, larguras[Hora]);
 }
 
+QString campo(const QString& linha, Campo qual)
+{
+    // By its place: a name may hold the separator.
+    const auto largura = larguras.begin() + qual;
+    return linha.mid(std::accumulate(larguras.begin(), largura, int(qual)), *largura).trimmed();
+}
+
+QString chave(const QString& linha)
+{
+    return linha.section(separador, -1);
+}
+
 bool isHorario(const QString& linha)
 {
     return linha.size() > 3 && linha[0].isDigit() && linha[2] == QLatin1Char(':') && linha[3].isDigit();
@@ -49,18 +62,18 @@ bool isHorario(const QString& linha)
 
 bool isLivre(const QString& linha)
 {
-    return linha.section(separador, Paciente, Paciente).trimmed().isEmpty();
+    return campo(linha, Paciente).isEmpty();
 }
 
 Estado estado(const QString& linha)
 {
     if (linha == bloqueada())
         return Estado::Bloqueado;
-    if (isLivre(linha))
-        return Estado::Livre;
-    const QString situacao = linha.section(separador, Situacao, Situacao).trimmed();
+    const QString situacao = campo(linha, Situacao);
     if (situacao == QLatin1String("2"))
         return Estado::Encerrado;
+    if (isLivre(linha))
+        return Estado::Livre;
     return situacao == QLatin1String("1") ? Estado::Notificado : Estado::Agendado;
 }
 

@@ -20,9 +20,7 @@ enum Campo
     Mobilidade,
     Situacao,
     Convenio,
-    Observacao,
-    Alteracao,
-    Chave
+    Observacao
 };
 
 enum class Estado
@@ -44,6 +42,12 @@ QString compromisso(QStringList campos);
 
 /// The time as a line shows it, on its five characters.
 QString horario(const QString& hora);
+
+/// One of the first eight fields of a line, without the blanks around it; empty in a line that ends before.
+QString campo(const QString& linha, Campo qual);
+
+/// An appointment's key.
+QString chave(const QString& linha);
 
 /// True for a line that starts with a time such as 08:30.
 bool isHorario(const QString& linha);

@@ -2,6 +2,7 @@
 
 #include "platform/forms/listbox.h"
 
+#include <QEvent>
 #include <QLabel>
 #include <QLayout>
 #include <QPainter>
@@ -13,7 +14,7 @@ namespace {
 
 using LinhaAgenda::Estado;
 
-constexpr int lado = 16; ///< of a sign, in pixels
+constexpr int lado = 16; ///< of the square that a sign is drawn in
 
 struct Aparencia
 {
@@ -78,24 +79,52 @@ void desenha(QPainter& tinta, const Aparencia& como)
     }
 }
 
-QPixmap sinal(Estado estado, qreal densidade)
+QPixmap sinal(const Aparencia& como, int pixels, qreal densidade)
 {
-    QPixmap imagem(QSize(lado, lado) * densidade);
+    QPixmap imagem(QSize(pixels, pixels) * densidade);
     imagem.setDevicePixelRatio(densidade);
     imagem.fill(Qt::transparent);
     QPainter tinta(&imagem);
-    desenha(tinta, aparencia(estado));
+    tinta.scale(qreal(pixels) / lado, qreal(pixels) / lado);
+    desenha(tinta, como);
     return imagem;
 }
+
+/// A sign as high as the letters beside it, in pixels.
+int alturaDoSinal(const QFontMetrics& letra)
+{
+    return letra.height();
+}
+
+/// A sign of the legend; it grows with its place.
+class Figura : public QWidget
+{
+public:
+    Figura(const Aparencia& como, QWidget* onde) : QWidget(onde), como_(como)
+    {
+        setSizePolicy(QSizePolicy::Fixed, QSizePolicy::Preferred);
+    }
+
+    QSize sizeHint() const override { return {lado, lado}; }
+
+protected:
+    void paintEvent(QPaintEvent*) override
+    {
+        QPainter tinta(this);
+        const qreal escala = qMin(width(), height()) / qreal(lado);
+        tinta.translate((width() - escala * lado) / 2, (height() - escala * lado) / 2);
+        tinta.scale(escala, escala);
+        desenha(tinta, como_);
+    }
+
+private:
+    const Aparencia& como_;
+};
 
 class Linhas : public QStyledItemDelegate
 {
 public:
-    explicit Linhas(ListBox& lista) : QStyledItemDelegate(&lista)
-    {
-        for (const Aparencia& como : aparencias)
-            sinais_ << QIcon(sinal(como.estado, lista.devicePixelRatioF()));
-    }
+    explicit Linhas(ListBox& lista) : QStyledItemDelegate(&lista) {}
 
     QSize sizeHint(const QStyleOptionViewItem& option, const QModelIndex& index) const override
     {
@@ -107,17 +136,16 @@ protected:
     {
         QStyledItemDelegate::initStyleOption(option, index);
         const Aparencia& como = aparencia(LinhaAgenda::estado(option->text));
+        option->text.truncate(LinhaAgenda::titulo().size()); // what has no heading is for the program
         option->features |= QStyleOptionViewItem::HasDecoration;
-        option->icon = sinais_[static_cast<qsizetype>(como.estado)];
-        option->decorationSize = {lado, lado};
+        const int altura = alturaDoSinal(option->fontMetrics);
+        option->icon = QIcon(sinal(como, altura, option->widget->devicePixelRatioF()));
+        option->decorationSize = {altura, altura};
         option->palette.setColor(QPalette::Text, QColor(como.texto));
         if (como.fundo)
             option->backgroundBrush = QColor(como.fundo);
         option->font.setBold(como.estado == Estado::Bloqueado);
     }
-
-private:
-    QList<QIcon> sinais_;
 };
 
 /// From the list's left edge to the first character of a line, in pixels.
@@ -128,7 +156,8 @@ int inicioDoTexto(const ListBox& lista)
     linha.font = lista.font();
     linha.rect = QRect(0, 0, 1000, 2 * lado);
     linha.features = QStyleOptionViewItem::HasDecoration | QStyleOptionViewItem::HasDisplay;
-    linha.decorationSize = {lado, lado};
+    const int altura = alturaDoSinal(lista.fontMetrics());
+    linha.decorationSize = {altura, altura};
     linha.text = LinhaAgenda::titulo();
     linha.widget = &lista;
     const QStyle& estilo = *lista.style();
@@ -136,6 +165,34 @@ int inicioDoTexto(const ListBox& lista)
     return lista.contentsMargins().left() +
            estilo.subElementRect(QStyle::SE_ItemViewItemText, &linha, &lista).left() + margem;
 }
+
+/// Keeps the headings above their columns when the list's letters grow.
+class Alinhamento : public QObject
+{
+public:
+    Alinhamento(ListBox& lista, QLabel& titulo) : QObject(&titulo), lista_(lista), titulo_(titulo)
+    {
+        lista.installEventFilter(this);
+        alinha();
+    }
+
+    bool eventFilter(QObject*, QEvent* event) override
+    {
+        if (event->type() == QEvent::FontChange)
+            alinha();
+        return false;
+    }
+
+private:
+    void alinha()
+    {
+        lista_.ensurePolished(); // from the style it has its border
+        titulo_.setContentsMargins(inicioDoTexto(lista_), 0, 0, 0);
+    }
+
+    ListBox& lista_;
+    QLabel& titulo_;
+};
 
 } // namespace
 
@@ -146,16 +203,14 @@ void veste(ListBox& lista, QLabel& titulo)
     lista.setItemDelegate(new Linhas(lista));
     titulo.setFont(lista.font());
     titulo.setIndent(0);
-    titulo.setContentsMargins(inicioDoTexto(lista) + 1, 0, 0, 0); // and the list's border
+    new Alinhamento(lista, titulo);
 }
 
 void legenda(QLayout& lugar)
 {
     QWidget* onde = lugar.parentWidget();
     for (const Aparencia& como : aparencias) {
-        auto* figura = new QLabel(onde);
-        figura->setPixmap(sinal(como.estado, onde->devicePixelRatioF()));
-        lugar.addWidget(figura);
+        lugar.addWidget(new Figura(como, onde));
         auto* nome = new QLabel(QString::fromUtf8(como.nome), onde);
         nome->setContentsMargins(0, 0, 10, 0);
         lugar.addWidget(nome);

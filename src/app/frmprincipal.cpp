@@ -1,5 +1,6 @@
 #include "app/frmprincipal.h"
 
+#include "app/atualizacao.h"
 #include "app/core/arquivosini.h"
 #include "app/core/instalacao.h"
 #include "app/core/menu.h"
@@ -43,6 +44,7 @@ void frmPrincipal::wire()
 {
     onKey(Qt::Key_F10, &frmPrincipal::mnuoff_Click);
     Menu::principal().bind(QStringLiteral("mnuoff"), [this] { mnuoff_Click(); });
+    Menu::principal().bind(QStringLiteral("mnuupdate"), [this] { mnuupdate_Click(); });
     connect(&Menu::principal(), &Menu::enabledChanged, this,
             [this](const QString& name, bool enabled) { actions_.value(name)->setEnabled(enabled); });
 }
@@ -169,6 +171,11 @@ void frmPrincipal::mnuoff_Click()
     LoginAberto = QStringLiteral("N");
     pedeLogin();
     LoginAberto.clear();
+}
+
+void frmPrincipal::mnuupdate_Click()
+{
+    Atualizacao::Baixa();
 }
 
 void frmPrincipal::Form_Unload()

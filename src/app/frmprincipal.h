@@ -42,6 +42,7 @@ private:
     void wire();
     void buildMenu();
     void mnuoff_Click();
+    void mnuupdate_Click();
     void CarregaConfiguracao();
     void pedeLogin();
 

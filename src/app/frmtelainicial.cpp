@@ -1,5 +1,6 @@
 #include "app/frmtelainicial.h"
 
+#include "app/atualizacao.h"
 #include "app/core/menu.h"
 #include "app/core/sql.h"
 #include "app/core/variaveis.h"
@@ -128,7 +129,7 @@ void frmtelainicial::Form_Unload()
 
 void frmtelainicial::Label4_Click()
 {
-    Menu::notYet(QStringLiteral("F1 SUPORTE"));
+    Atualizacao::AbreSuporte();
 }
 
 void frmtelainicial::Form_Escape()

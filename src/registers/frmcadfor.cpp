@@ -78,7 +78,8 @@ void frmCadFor::pesquisa(const QString& pergunta, const QString& coluna)
     const QString texto =
         InputBox(pergunta, QStringLiteral("Pesquisa fornecedor já cadastrado")).value_or(QString());
     Adodc1.setRecordSource("select * from fornecedores where  idlic = " + aspas(idlic) + " and " + coluna +
-                           " like " + aspas(QLatin1Char('%') + texto + QLatin1Char('%')) + " order by " + coluna);
+                           " like " + aspas(QLatin1Char('%') + texto + QLatin1Char('%')) + " order by " +
+                           coluna);
     Adodc1.Refresh();
 }
 

@@ -5,7 +5,8 @@
 
 /// The agenda on Monday 16/03/2026, 08:30:15, over a small clinic: ANA (11, R$ 200) works at the clinic in
 /// two blocks on Mondays and one on Tuesdays, CARLA (13, R$ 150) at both places, DAVI (14) has no hours,
-/// BRUNO (12) visits at home only; two plans, three patients, two procedures of the clinic and one at home.
+/// BRUNO (12) visits at home only; two plans, two patients, two procedures of the clinic and one at home.
+/// Other tenants have rows of each kind, with the same codes where the tables allow it.
 class AgendaTest : public LoggedIn
 {
 protected:
@@ -16,14 +17,14 @@ protected:
                 "(14,'C1','DAVI',4,'0',100),(15,'C2','ALHEIA',3,'0',50);"
                 "insert into diahr (idlic,idpro,dia,hr) values ('C1',11,'2 - SEGUNDA-FEIRA','13:00/13:30'),"
                 "('C1',11,'2 - SEGUNDA-FEIRA','08:00/08:30/09:00'),('C1',11,'3 - TERÇA-FEIRA','10:00'),"
-                "('C1',13,'2 - SEGUNDA-FEIRA','08:30/09:00'),('C2',15,'2 - SEGUNDA-FEIRA','07:00');"
+                "('C1',13,'2 - SEGUNDA-FEIRA','08:30/09:00'),('C2',11,'2 - SEGUNDA-FEIRA','07:00');"
                 "insert into convenios (idconv,idlic,nmconv,pdesc) values (5,'C1','SAÚDE TOTAL',12.5),"
-                "(6,'C1','PARTICULAR',null);"
+                "(6,'C1','PARTICULAR',null),(7,'C2','ALHEIO',50);"
                 "insert into pacientes (idpac,idlic,nmPac,fonepac,fonecel,idconv) values "
                 "(21,'C1','JOÃO DA SILVA','3333-1111','99999-1111',5),(22,'C1','RITA',null,'99999-2222',6),"
                 "(23,'C2','ALHEIO','1','2',5);"
                 "insert into procedimentos (idproc,idlic,nmproc,ondeatd) values (31,'C1','CONSULTA','0'),"
-                "(32,'C1','RETORNO','0'),(33,'C1','CURATIVO','1')"_qs);
+                "(32,'C1','RETORNO','0'),(33,'C1','CURATIVO','1'),(34,'C2','ALHEIO','0')"_qs);
     }
 
     /// A booked row of the agenda.
@@ -36,6 +37,14 @@ protected:
                     key, QString::number(professional), QString::number(patient), name, day, time, status));
     }
 
+    /// The same key in the hands of another tenant, whose rows stand in front.
+    static void bookElsewhere(const QString& key, int professional = 11)
+    {
+        execute(u"insert into agenda_clinica (idlic,idagenda,idpro,idpac,nmpac,dia,hr,status,evup) values "
+                "('B2','%1',%2,21,'ALHEIO','2026-03-16','08:30','0','Z')"_qs.arg(
+                    key, QString::number(professional)));
+    }
+
     /// What a clerk types for a new appointment on the line, up to the saving.
     static void fill(ScreenDriver& agenda, int line, const QString& patient)
     {
@@ -44,9 +53,14 @@ protected:
         agenda.press(Qt::Key_Return);
     }
 
-    static QStringList agendaKeys()
+    /// A payment in the closing of an attendance.
+    static void pay(ScreenDriver& closing, const QString& kind, const QString& value,
+                    const QString& remark = {})
     {
-        return flat(u"select idagenda from agenda_clinica order by idagenda"_qs);
+        closing.choose(u"cboMP"_qs, kind);
+        closing.type(u"txtVrMp"_qs, value);
+        closing.type(u"txtobs"_qs, remark);
+        closing.click(u"Command16"_qs);
     }
 
     static QStringList flat(const QString& query)
@@ -56,6 +70,4 @@ protected:
             all << row.join(u'|');
         return all;
     }
-
-    static constexpr const char* monday = "2026/03/16";
 };

@@ -1,21 +1,25 @@
 #include "agenda/agenda_fixture.h"
 #include "registers/buscas.h"
 
+#include <QTest>
+
 namespace {
 
 const QString incomplete = u"--- ERRO --- DADOS INCOMPLETOS!"_qs;
+const QString noProcedure = u"--- ERRO --- SELECIONA UM PROCEDIMENTO!"_qs;
 const QString booked = u"Agendado com sucesso!"_qs;
 
-const QStringList boxes = {u"txtIdAgenda"_qs, u"txtDt"_qs,     u"txtHR"_qs,   u"txtIdPac"_qs, u"txtNmPac"_qs,
-                           u"txtIdConv"_qs,   u"txtNmConv"_qs, u"txtFone"_qs, u"txtVR"_qs,    u"txtObs"_qs};
-
-QStringList texts(const ScreenDriver& agenda)
+/// Key, day, time, patient, plan, telephone, price, remark.
+QString texts(const ScreenDriver& agenda)
 {
     QStringList all;
-    for (const QString& box : boxes)
-        all << agenda.text(box);
-    return all;
+    for (const char* box : {"txtIdAgenda", "txtDt", "txtHR", "txtIdPac", "txtNmPac", "txtIdConv", "txtNmConv",
+                            "txtFone", "txtVR", "txtObs"})
+        all << agenda.text(QString::fromLatin1(box));
+    return all.join(u'|');
 }
+
+const QString allEmpty = u"|||||||||"_qs;
 
 QString enabledOf(const ScreenDriver& agenda, const QStringList& controls)
 {
@@ -37,48 +41,43 @@ QString ofTheDay(const ScreenDriver& agenda)
     return enabledOf(agenda, {u"Command1"_qs, u"Command6"_qs, u"cboPro"_qs});
 }
 
-void leave(ScreenDriver& agenda)
+void typeCode(ScreenDriver& agenda, const char* box, const char* code)
 {
-    agenda.click(u"Command8"_qs);
-    agenda.press(Qt::Key_Escape);
+    agenda.type(QString::fromLatin1(box), QString::fromLatin1(code));
+    agenda.press(Qt::Key_Return);
 }
 
 } // namespace
 
 TEST_F(AgendaTest, AFreeLineIsBooked)
 {
+    bookElsewhere(u"K1"_qs, 99);
+    book(u"K2"_qs, 13, 21, u"JOÃO DA SILVA"_qs, u"2026-03-16"_qs, u"09:00"_qs);
+    book(u"K3"_qs, 13, 21, u"JOÃO DA SILVA"_qs, u"2026-03-17"_qs, u"08:30"_qs);
     dialogs.expect(booked, u"Atenção"_qs, Icon::Information);
     open<frmCli_Agenda>([&](ScreenDriver& agenda) {
         EXPECT_FALSE(agenda.visible(u"frmAgendamento"_qs));
         agenda.doubleClickRow(u"List1"_qs, 1);
         EXPECT_TRUE(agenda.visible(u"frmAgendamento"_qs));
-        EXPECT_EQ(ofTheDay(agenda), u"000");
-        EXPECT_EQ(actions(agenda), u"000");
+        EXPECT_EQ(ofTheDay(agenda) + actions(agenda), u"000000");
         EXPECT_EQ(agenda.focused(), u"cboTP");
         EXPECT_TRUE(agenda.text(u"cboTP"_qs).startsWith(u"CONSULTA")) << "the first of the clinic's";
         EXPECT_EQ(agenda.text(u"cboMobEsp"_qs), u"0 - Não");
-        EXPECT_EQ(agenda.text(u"txtHR"_qs), u"08:30");
-        EXPECT_EQ(agenda.text(u"txtDt"_qs), u"16/03/2026");
         agenda.press(Qt::Key_Escape);
         EXPECT_TRUE(agenda.isOpen()) << "Esc does nothing while the panel stands";
 
         modal.expect(u"frmBuscaPacientes"_qs, [](ScreenDriver& search) { search.press(Qt::Key_F10); });
         agenda.press(Qt::Key_F2);
         EXPECT_EQ(agenda.focused(), u"txtIdPac");
-        EXPECT_EQ(agenda.text(u"txtIdPac"_qs), u"21");
-        EXPECT_EQ(agenda.text(u"txtFone"_qs), u"")
+        EXPECT_EQ(texts(agenda), u"|16/03/2026|08:30|21|JOÃO DA SILVA|||||")
             << "the search brings code and name, leaving the box the rest";
         agenda.press(Qt::Key_Return);
-        EXPECT_EQ(texts(agenda), (QStringList{{},
-                                              u"16/03/2026"_qs,
-                                              u"08:30"_qs,
-                                              u"21"_qs,
-                                              u"JOÃO DA SILVA"_qs,
-                                              u"5"_qs,
-                                              u"SAÚDE TOTAL"_qs,
-                                              u"99999-1111 3333-1111"_qs,
-                                              u"R$ 175,00"_qs,
-                                              {}}));
+        const QString found =
+            u"|16/03/2026|08:30|21|JOÃO DA SILVA|5|SAÚDE TOTAL|99999-1111 3333-1111|R$ 175,00|"_qs;
+        EXPECT_EQ(texts(agenda), found);
+        typeCode(agenda, "txtIdPac", "23");
+        EXPECT_EQ(texts(agenda), QString(found).replace(u"|21|"_qs, u"|23|"_qs)) << "of another tenant";
+        agenda.type(u"txtIdPac"_qs, u"21"_qs);
         modal.expect(u"frmBuscaConvenios"_qs, [](ScreenDriver& search) { search.press(Qt::Key_F10); });
         agenda.press(Qt::Key_F3);
         EXPECT_EQ(agenda.text(u"txtIdConv"_qs), u"6");
@@ -87,12 +86,11 @@ TEST_F(AgendaTest, AFreeLineIsBooked)
         modal.expect(u"frmBuscaConvenios"_qs, [](ScreenDriver& search) { search.press(Qt::Key_Escape); });
         agenda.press(Qt::Key_F3);
         EXPECT_EQ(agenda.text(u"txtIdConv"_qs), u"6") << "who gives up changes nothing";
-        agenda.type(u"txtIdConv"_qs, u"99"_qs);
-        agenda.press(Qt::Key_Return);
-        EXPECT_EQ(agenda.text(u"txtNmConv"_qs), u"");
-        EXPECT_EQ(agenda.text(u"txtVR"_qs), u"R$ 200,00");
-        agenda.type(u"txtIdConv"_qs, u"5"_qs);
-        agenda.press(Qt::Key_Return);
+        typeCode(agenda, "txtIdConv", "5");
+        typeCode(agenda, "txtIdConv", "7");
+        EXPECT_EQ(agenda.text(u"txtNmConv"_qs) + agenda.text(u"txtVR"_qs), u"R$ 200,00")
+            << "of another tenant";
+        typeCode(agenda, "txtIdConv", "5");
         agenda.type(u"txtVR"_qs, u"1.234,5"_qs);
         agenda.type(u"txtObs"_qs, u"primeira vez"_qs);
         agenda.choose(u"cboTP"_qs, u"RETORNO"_qs);
@@ -101,7 +99,6 @@ TEST_F(AgendaTest, AFreeLineIsBooked)
         EXPECT_FALSE(agenda.visible(u"frmAgendamento"_qs));
         EXPECT_EQ(ofTheDay(agenda), u"111");
         EXPECT_EQ(agenda.focused(), u"List1");
-        EXPECT_EQ(texts(agenda).join(QString()), u"");
         EXPECT_TRUE(agenda.list(u"List1"_qs)[1].startsWith(u"08:30|JOÃO DA SILVA"));
         EXPECT_EQ(agenda.text(u"lQT"_qs), u"Clínica: 1 Home: 0");
         agenda.press(Qt::Key_Escape);
@@ -109,107 +106,101 @@ TEST_F(AgendaTest, AFreeLineIsBooked)
     });
     EXPECT_EQ(
         flat(u"select idlic,idagenda,fone,idpro,idesp,idconv,idpac,nmpac,dia,hr,obs,idproc,valor,status,"
-             "evcad,evup,mobesp,ondeatd from agenda_clinica"_qs),
+             "evcad,evup,mobesp,ondeatd from agenda_clinica where idagenda not like 'K%'"_qs),
         QStringList{u"C1|260316083015MARIA11|99999-1111 3333-1111|11|3|5|21|JOÃO DA SILVA|2026-03-16|08:30|"
                     "PRIMEIRA VEZ|32|1234.50|0|"_qs +
                     stamp + u'|' + stamp + u"|1 - Sim|0"_qs});
 }
 
-TEST_F(AgendaTest, AnAppointmentIsOpenedAndChanged)
+TEST_F(AgendaTest, AnAppointmentIsOpenedMovedAndChanged)
 {
-    book(u"K1"_qs, 11, 21, u"JOÃO DA SILVA"_qs, u"2026-03-16"_qs, u"08:30"_qs, u"1"_qs);
+    book(u"K1"_qs, 11, 21, u"JOÃO DA SILVA"_qs, u"2026-03-16"_qs, u"08:00"_qs, u"1"_qs);
+    book(u"K2"_qs, 11, 22, u"RITA"_qs, u"2026-03-16"_qs, u"08:30"_qs);
+    bookElsewhere(u"K1"_qs);
+    dialogs.expect(booked);
+    dialogs.expect(u"--- ERRO --- HORÁRIO NÃO DISPONIVEL!"_qs);
     dialogs.expect(booked);
     open<frmCli_Agenda>([&](ScreenDriver& agenda) {
-        agenda.doubleClickRow(u"List1"_qs, 1);
-        EXPECT_EQ(texts(agenda),
-                  (QStringList{u"K1"_qs, u"16/03/2026"_qs, u"08:30"_qs, u"21"_qs, u"JOÃO DA SILVA"_qs,
-                               u"5"_qs, u"SAÚDE TOTAL"_qs, u"FONE"_qs, u"R$ 180,50"_qs, u"OBSERVAÇÃO"_qs}))
+        agenda.doubleClickRow(u"List1"_qs, 0);
+        agenda.click(u"Command7"_qs); // an appointment does not stand in its own way
+        agenda.doubleClickRow(u"List1"_qs, 0);
+        const QString rest = u"|21|JOÃO DA SILVA|5|SAÚDE TOTAL|FONE|R$ 180,50|OBSERVAÇÃO"_qs;
+        EXPECT_EQ(texts(agenda), u"K1|16/03/2026|08:00"_qs + rest)
             << "the price agreed upon, not the one that the plan makes";
         EXPECT_TRUE(agenda.text(u"cboTP"_qs).startsWith(u"RETORNO"));
         EXPECT_EQ(agenda.text(u"cboMobEsp"_qs), u"1 - Sim");
         EXPECT_EQ(actions(agenda), u"111");
         EXPECT_EQ(agenda.focused(), u"cboTP");
-        agenda.type(u"txtObs"_qs, u"outra"_qs);
-        agenda.click(u"Command7"_qs);
-        agenda.press(Qt::Key_Escape);
-    });
-    EXPECT_EQ(
-        flat(
-            u"select idagenda,idpro,idesp,idproc,valor,obs,status,evcad,evup,ondeatd from agenda_clinica"_qs),
-        QStringList{u"K1|11|3|32|180.50|OUTRA|1|X|"_qs + stamp + u"|0"_qs});
-}
-
-TEST_F(AgendaTest, AnOpenAppointmentMovesToAFreeLine)
-{
-    book(u"K1"_qs, 11, 21, u"JOÃO DA SILVA"_qs, u"2026-03-16"_qs, u"08:00"_qs);
-    book(u"K2"_qs, 11, 22, u"RITA"_qs, u"2026-03-16"_qs, u"08:30"_qs);
-    dialogs.expect(u"--- ERRO --- HORÁRIO NÃO DISPONIVEL!"_qs);
-    dialogs.expect(booked);
-    open<frmCli_Agenda>([&](ScreenDriver& agenda) {
-        agenda.doubleClickRow(u"List1"_qs, 0);
-        const QStringList before = texts(agenda);
+        agenda.choose(u"cboTP"_qs, u"CONSULTA"_qs);
         agenda.clickRow(u"List1"_qs, 3);
         EXPECT_EQ(agenda.text(u"txtHR"_qs), u"13:00") << "one click takes the time alone";
+        agenda.type(u"txtHR"_qs, u"13:15"_qs);
+        QTest::mouseClick(static_cast<QAbstractScrollArea*>(agenda.find(u"List1"_qs))->viewport(),
+                          Qt::LeftButton, {}, {5, 250});
+        settle();
+        EXPECT_EQ(agenda.text(u"txtHR"_qs), u"13:15") << "below the last line is no line";
         agenda.doubleClickRow(u"List1"_qs, 1);
         EXPECT_EQ(actions(agenda), u"000");
         agenda.focus(u"Calendar1"_qs);
         agenda.press(Qt::Key_Right);
         agenda.doubleClickRow(u"List1"_qs, 0);
-        QStringList after = before;
-        after[1] = u"17/03/2026"_qs;
-        after[2] = u"10:00"_qs;
-        EXPECT_EQ(texts(agenda), after);
+        EXPECT_EQ(texts(agenda), u"K1|17/03/2026|10:00"_qs + rest);
         EXPECT_EQ(actions(agenda), u"111");
-        EXPECT_TRUE(agenda.text(u"cboTP"_qs).startsWith(u"RETORNO"));
-        EXPECT_EQ(value(u"select hr from agenda_clinica where idagenda = 'K1'"_qs), u"08:00")
+        EXPECT_TRUE(agenda.text(u"cboTP"_qs).startsWith(u"CONSULTA")) << "as the clerk chose";
+        EXPECT_EQ(value(u"select hr from agenda_clinica where idlic = 'C1' and idagenda = 'K1'"_qs), u"08:00")
             << "not before it is saved";
+        agenda.type(u"txtObs"_qs, u"outra"_qs);
         agenda.click(u"Command7"_qs);
+        EXPECT_EQ(texts(agenda), allEmpty);
         agenda.press(Qt::Key_Escape);
     });
-    EXPECT_EQ(flat(u"select idagenda,dia,hr,idproc from agenda_clinica order by idagenda"_qs),
-              (QStringList{u"K1|2026-03-17|10:00|32"_qs, u"K2|2026-03-16|08:30|32"_qs}));
+    EXPECT_EQ(flat(u"select idlic,idagenda,idpro,idesp,idproc,dia,hr,valor,obs,status,evcad,evup,ondeatd "
+                   "from agenda_clinica order by idlic,idagenda"_qs),
+              (QStringList{u"B2|K1|11|||2026-03-16|08:30|||0||Z|"_qs,
+                           u"C1|K1|11|3|31|2026-03-17|10:00|180.50|OUTRA|1|X|"_qs + stamp + u"|0"_qs,
+                           u"C1|K2|11|3|32|2026-03-16|08:30|180.50|OBSERVAÇÃO|0|X|Y|0"_qs}));
 }
 
 TEST_F(AgendaTest, WhatCannotBeBookedIsRefusedInOrder)
 {
     book(u"K1"_qs, 13, 21, u"JOÃO DA SILVA"_qs, u"2026-03-16"_qs, u"08:30"_qs);
-    const auto refused = [&](ScreenDriver& agenda, const QString& box, const QString& text,
-                             const QString& good) {
-        dialogs.expect(incomplete, u"ATENÇÃO"_qs, Icon::Information);
-        agenda.type(box, text);
-        agenda.click(u"Command7"_qs);
-        agenda.type(box, good);
-    };
+    const struct
+    {
+        const char *box, *bad, *good;
+    } boxes[] = {{"txtDt", "31/02/2026", "15/03/2026"},
+                 {"txtNmPac", " ", "J"},
+                 {"txtIdPac", "A", "21"},
+                 {"txtIdConv", "", "5"},
+                 {"txtNmConv", "", "P"},
+                 {"txtVR", "CARO", "0"},
+                 {"txtFone", "  ", "9"}};
     open<frmCli_Agenda>([&](ScreenDriver& agenda) {
+        const auto refused = [&](const QString& text, Icon icon) {
+            dialogs.expect(text, u"ATENÇÃO"_qs, icon);
+            agenda.click(u"Command7"_qs);
+        };
         fill(agenda, 1, u"21"_qs);
-        refused(agenda, u"txtDt"_qs, u"31/02/2026"_qs, u"16/03/2026"_qs);
-        refused(agenda, u"txtNmPac"_qs, u" "_qs, u"JOÃO"_qs);
-        refused(agenda, u"txtIdPac"_qs, u"A"_qs, u"21"_qs);
-        refused(agenda, u"txtIdConv"_qs, u""_qs, u"5"_qs);
-        refused(agenda, u"txtNmConv"_qs, u""_qs, u"PLANO"_qs);
-        refused(agenda, u"txtVR"_qs, u"CARO"_qs, u"0"_qs);
-        refused(agenda, u"txtFone"_qs, u"  "_qs, u"9"_qs);
-
+        // No procedure and a past day as well: the boxes come first.
         static_cast<QComboBox*>(agenda.find(u"cboTP"_qs))->setCurrentIndex(-1);
-        agenda.type(u"txtDt"_qs, u"15/03/2026"_qs);
-        dialogs.expect(u"--- ERRO --- SELECIONA UM PROCEDIMENTO!"_qs);
+        for (const auto& [box, bad, good] : boxes) {
+            agenda.type(QString::fromLatin1(box), QString::fromLatin1(bad));
+            refused(incomplete, Icon::Information);
+            agenda.type(QString::fromLatin1(box), QString::fromLatin1(good));
+        }
+        dialogs.expect(noProcedure);
         agenda.click(u"Command7"_qs);
         agenda.choose(u"cboTP"_qs, u"CONSULTA"_qs);
-        dialogs.expect(u"--- ERRO --- DATA DO AGENDAMENTO ANTERIOR A DATA ATUAL!"_qs, u"ATENÇÃO"_qs,
-                       Icon::Critical);
-        agenda.click(u"Command7"_qs);
+        refused(u"--- ERRO --- DATA DO AGENDAMENTO ANTERIOR A DATA ATUAL!"_qs, Icon::Critical);
         agenda.type(u"txtDt"_qs, u"16/03/2026"_qs);
         const QString elsewhere =
             u"--- PACIENTE JÁ POSSUI AGENDA NESSA MESMA DATA E HORÁRIO COM OUTRO PROFISSIONAL!"_qs;
-        dialogs.expect(elsewhere, u"ATENÇÃO"_qs, Icon::Exclamation);
-        agenda.click(u"Command7"_qs);
+        refused(elsewhere, Icon::Exclamation);
         agenda.choose(u"cboOnde"_qs, u"1"_qs);
-        dialogs.expect(elsewhere);
-        agenda.click(u"Command7"_qs);
-        EXPECT_TRUE(agenda.visible(u"frmAgendamento"_qs)) << "what was typed is still there";
-        EXPECT_EQ(agenda.text(u"txtHR"_qs), u"08:30");
+        refused(elsewhere, Icon::Exclamation);
+        EXPECT_EQ(texts(agenda), u"|16/03/2026|08:30|21|JOÃO DA SILVA|5|P|9|0|")
+            << "what was typed is still there";
 
-        // Of another time, or of nobody, or in his own line, he can be booked.
+        // Patient 0 is nobody.
         dialogs.expect(booked);
         agenda.choose(u"cboOnde"_qs, u"0"_qs);
         agenda.type(u"txtIdPac"_qs, u"0"_qs);
@@ -230,24 +221,35 @@ TEST_F(AgendaTest, AHomeBookingBelongsToNobodyAndTheNextOneToTheProfessional)
         agenda.choose(u"cboOnde"_qs, u"1"_qs);
         agenda.click(u"Command7"_qs);
         EXPECT_EQ(agenda.list(u"List1"_qs)[0], u"08:00") << "nobody's list has it";
-        fill(agenda, 0, u"22"_qs);
+        EXPECT_EQ(agenda.focused(), u"List1");
+        agenda.press(Qt::Key_Space);
+        EXPECT_EQ(agenda.text(u"txtHR"_qs), u"08:00") << "the keyboard opens a line as well";
         EXPECT_EQ(agenda.text(u"cboOnde"_qs), u"0 - Clinica");
+        // Codes are whole numbers, and a thousand is a thousand to the server too.
+        typeCode(agenda, "txtIdPac", "22,5");
+        EXPECT_EQ(agenda.text(u"txtNmPac"_qs), u"RITA");
+        typeCode(agenda, "txtIdConv", "5,9");
+        agenda.type(u"txtIdPac"_qs, u"1.000"_qs);
         // The row goes to the calendar's day, while the checks look at the box.
         agenda.focus(u"Calendar1"_qs);
         agenda.press(Qt::Key_Right);
         agenda.click(u"Command7"_qs);
         agenda.press(Qt::Key_Escape);
     });
-    EXPECT_EQ(flat(u"select idagenda,idpro,idesp,idpac,dia,hr,ondeatd from agenda_clinica order by idpac"_qs),
-              (QStringList{u"260316083015MARIA0|0|3|21|2026-03-16|08:00|1"_qs,
-                           u"260316083015MARIA11|11|3|22|2026-03-17|08:00|0"_qs}));
+    EXPECT_EQ(
+        flat(
+            u"select idagenda,idpro,idesp,idconv,idpac,dia,hr,ondeatd from agenda_clinica order by idpac"_qs),
+        (QStringList{u"260316083015MARIA0|0|3|5|21|2026-03-16|08:00|1"_qs,
+                     u"260316083015MARIA11|11|3|5|1000|2026-03-17|08:00|0"_qs}));
 }
 
 TEST_F(AgendaTest, NotifiedCancelledAndClosed)
 {
     book(u"K1"_qs, 11, 21, u"JOÃO DA SILVA"_qs, u"2026-03-16"_qs, u"08:00"_qs);
     book(u"K2"_qs, 11, 22, u"RITA"_qs, u"2026-03-16"_qs, u"08:30"_qs);
-    book(u"K3"_qs, 11, 22, u"RITA"_qs, u"2026-03-16"_qs, u"09:00"_qs, u"2"_qs);
+    book(u"K3"_qs, 11, 22, u"RITA|ELA"_qs, u"2026-03-16"_qs, u"09:00"_qs, u"2"_qs);
+    bookElsewhere(u"K1"_qs);
+    bookElsewhere(u"K2"_qs);
     const QString notify = u"Notificaçao confimada?"_qs;
     const QString cancel = u"Confirma o cancelamento do agendamento?"_qs;
     dialogs.expectQuestion(notify, false);
@@ -261,45 +263,40 @@ TEST_F(AgendaTest, NotifiedCancelledAndClosed)
         EXPECT_TRUE(agenda.visible(u"frmAgendamento"_qs));
         agenda.click(u"Command5"_qs);
         EXPECT_FALSE(agenda.visible(u"frmAgendamento"_qs));
-        EXPECT_EQ(ofTheDay(agenda), u"111");
+        EXPECT_EQ(ofTheDay(agenda) + texts(agenda), u"111"_qs + allEmpty);
         EXPECT_TRUE(agenda.list(u"List1"_qs)[0].contains(u"|1 - Sim|1  |"));
         agenda.doubleClickRow(u"List1"_qs, 1);
         agenda.click(u"Command9"_qs);
+        FechaConexao(); // as a register does that a search dialog has opened
         agenda.click(u"Command9"_qs);
         EXPECT_EQ(agenda.list(u"List1"_qs)[1], u"08:30") << "free again";
-        EXPECT_FALSE(agenda.visible(u"frmAgendamento"_qs));
+        EXPECT_EQ(ofTheDay(agenda) + texts(agenda), u"111"_qs + allEmpty);
         agenda.doubleClickRow(u"List1"_qs, 2);
         EXPECT_FALSE(agenda.visible(u"frmAgendamento"_qs)) << "a closed one cannot be opened";
         agenda.press(Qt::Key_Escape);
     });
-    EXPECT_EQ(flat(u"select idagenda,status,evcad,evup from agenda_clinica order by idagenda"_qs),
-              (QStringList{u"K1|1|X|"_qs + stamp, u"K3|2|X|Y"_qs}));
+    EXPECT_EQ(flat(u"select idlic,idagenda,status,evcad,evup from agenda_clinica order by 1,2"_qs),
+              (QStringList{u"B2|K1|0||Z"_qs, u"B2|K2|0||Z"_qs, u"C1|K1|1|X|"_qs + stamp, u"C1|K3|2|X|Y"_qs}));
 }
 
-TEST_F(AgendaTest, ABlockedDayShowsAnEmptyPanel)
+TEST_F(AgendaTest, WhereNothingCanBeBookedThePanelSaysSo)
 {
+    execute(u"delete from procedimentos"_qs);
     dialogs.expect(incomplete);
+    dialogs.expect(noProcedure);
     open<frmCli_Agenda>([&](ScreenDriver& agenda) {
         agenda.choose(u"cboPro"_qs, u"DAVI"_qs);
         agenda.doubleClickRow(u"List1"_qs, 0);
-        EXPECT_TRUE(agenda.visible(u"frmAgendamento"_qs));
-        EXPECT_EQ(ofTheDay(agenda), u"111");
-        EXPECT_EQ(texts(agenda).join(QString()), u"");
+        EXPECT_TRUE(agenda.visible(u"frmAgendamento"_qs)) << "on a blocked day, too";
+        EXPECT_EQ(ofTheDay(agenda) + texts(agenda), u"111"_qs + allEmpty);
         agenda.click(u"Command7"_qs);
-        leave(agenda);
+        agenda.click(u"Command8"_qs);
+        agenda.choose(u"cboPro"_qs, u"ANA"_qs);
+        fill(agenda, 0, u"21"_qs);
+        agenda.click(u"Command7"_qs);
+        EXPECT_EQ(agenda.text(u"txtNmPac"_qs), u"JOÃO DA SILVA");
+        agenda.click(u"Command8"_qs);
+        agenda.press(Qt::Key_Escape);
     });
-    EXPECT_EQ(agendaKeys(), QStringList{});
-}
-
-TEST_F(AgendaTest, TheBlankKeyOpensALine)
-{
-    open<frmCli_Agenda>([&](ScreenDriver& agenda) {
-        agenda.focus(u"List1"_qs);
-        agenda.press(Qt::Key_Down);
-        agenda.press(Qt::Key_Down);
-        agenda.press(Qt::Key_Space);
-        EXPECT_EQ(agenda.text(u"txtHR"_qs), agenda.list(u"List1"_qs)[2]);
-        EXPECT_EQ(agenda.focused(), u"cboTP");
-        leave(agenda);
-    });
+    EXPECT_EQ(flat(u"select idagenda from agenda_clinica"_qs), QStringList());
 }

@@ -49,13 +49,6 @@ protected:
         agenda.click(u"Command4"_qs);
         clock.advance(60);
     }
-
-    static void pay(ScreenDriver& closing, const QString& kind, const QString& value)
-    {
-        closing.choose(u"cboMP"_qs, kind);
-        closing.type(u"txtVrMp"_qs, value);
-        closing.click(u"Command16"_qs);
-    }
 };
 
 } // namespace
@@ -128,35 +121,20 @@ TEST_F(Day, FromFreeSlotsToClosedAttendances)
         agenda.press(Qt::Key_Escape);
     });
 
-    const QString maria = u"MARIA 16/03/2026 08:"_qs;
     EXPECT_EQ(
-        flat(u"select idagenda,idpro,idesp,idconv,idpac,nmpac,fone,dia,hr,idproc,valor,status,evcad,evup,"
-             "mobesp,ondeatd,obs from agenda_clinica where idlic = 'C1' order by idagenda"_qs),
-        (QStringList{
-            u"260316083015MARIA11|11|3|6|21|JOÃO DA SILVA|99999-1111 3333-1111|2026-03-16|08:30|31|200.00|2|"_qs +
-                maria + u"30:15|"_qs + maria + u"30:15|0 - Não|0|"_qs,
-            u"260316083115MARIA11|11|3|6|24|SEBASTIÃO|9 |2026-03-16|13:00|31|200.00|2|"_qs + maria +
-                u"31:15|"_qs + maria + u"35:15|0 - Não|0|"_qs,
-            u"260316083215MARIA16|16|4|6|22|RITA|99999-2222 |2026-03-16|10:00|31|0.00|2|"_qs + maria +
-                u"32:15|"_qs + maria + u"32:15|0 - Não|0|"_qs,
-            u"260316083515MARIA14|14|4|6|22|RITA|99999-2222 |2026-03-17|09:00|31|100.00|0|"_qs + maria +
-                u"35:15|"_qs + maria + u"35:15|0 - Não|0|"_qs}));
-    EXPECT_EQ(flat(u"select idlan,idlic,ondeatd,idprof,idproc,dt,hr,qtde,valor,cf,idatendimento,idconv,evcad,"
-                   "idpac from atendimentos order by idreg"_qs),
-              (QStringList{u"C1016032608302131"
-                           "11|C1|0|11|31|2026-03-16|0830|1.0000|200.0000|N|02116032026083615|6|"_qs +
-                               maria + u"36:15|21"_qs,
-                           u"C1016032608302132"
-                           "11|C1|0|11|32|2026-03-16|0830|1.5000|10.3300|N|02116032026083615|6|"_qs +
-                               maria + u"36:15|21"_qs,
-                           u"C1016032613002431"
-                           "11|C1|0|11|31|2026-03-16|1300|1.0000|200.0000|N|02416032026083715|6|"_qs +
-                               maria + u"37:15|24"_qs,
-                           u"C1016032610002231"
-                           "16|C1|0|16|31|2026-03-16|1000|1.0000|0.0000|N|02216032026083815|6|"_qs +
-                               maria + u"38:15|22"_qs}));
-    EXPECT_EQ(flat(u"select idlic,idatend,mp,obs,valor,cf,evcad from atendimento_finan order by idreg"_qs),
-              (QStringList{u"C1|02116032026083615|DINHEIRO||200.0000|N|"_qs + maria + u"36:15"_qs,
-                           u"C1|02116032026083615|CREDITO CARTAO||15.5000|N|"_qs + maria + u"36:15"_qs,
-                           u"C1|02416032026083715|PIX||250.0000|N|"_qs + maria + u"37:15"_qs}));
+        flat(
+            u"select idagenda,idpro,idpac,dia,hr,valor,status,right(evup,8) from agenda_clinica order by 1"_qs),
+        (QStringList{u"260316083015MARIA11|11|21|2026-03-16|08:30|200.00|2|08:30:15"_qs,
+                     u"260316083115MARIA11|11|24|2026-03-16|13:00|200.00|2|08:35:15"_qs,
+                     u"260316083215MARIA16|16|22|2026-03-16|10:00|0.00|2|08:32:15"_qs,
+                     u"260316083515MARIA14|14|22|2026-03-17|09:00|100.00|0|08:35:15"_qs}));
+    EXPECT_EQ(flat(u"select idlan,qtde,valor,idatendimento,idconv from atendimentos order by idreg"_qs),
+              (QStringList{u"C101603260830213111|1.0000|200.0000|02116032026083615|6"_qs,
+                           u"C101603260830213211|1.5000|10.3300|02116032026083615|6"_qs,
+                           u"C101603261300243111|1.0000|200.0000|02416032026083715|6"_qs,
+                           u"C101603261000223116|1.0000|0.0000|02216032026083815|6"_qs}));
+    EXPECT_EQ(
+        flat(u"select idatend,mp,valor from atendimento_finan order by idreg"_qs),
+        (QStringList{u"02116032026083615|DINHEIRO|200.0000"_qs,
+                     u"02116032026083615|CREDITO CARTAO|15.5000"_qs, u"02416032026083715|PIX|250.0000"_qs}));
 }

@@ -91,6 +91,10 @@ void play(const QString& scenario, ModalDriver& modal)
         window.press(Qt::Key_F10);
     } else if (scenario == QLatin1String("close-window")) {
         principal.close();
+    } else if (scenario.startsWith(QLatin1String("update"))) {
+        if (scenario == QLatin1String("update-over-old"))
+            Files::write(Files::inProgramFolder(QStringLiteral("\\adm_atu.exe")), "old");
+        Menu::principal().run(QStringLiteral("mnuupdate"));
     } else if (scenario == QLatin1String("quote-in-a-screen")) {
         modal.expect(QStringLiteral("frmcadusuario"), [](ScreenDriver& screen) {
             screen.type(QStringLiteral("Combo1"), QStringLiteral("o'hara"));

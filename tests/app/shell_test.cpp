@@ -1,10 +1,9 @@
 #include "app/core/funcoes.h"
 #include "app/core/instalacao.h"
 #include "app/frmtelainicial.h"
-#include "shell_fixture.h"
+#include "ending.h"
 
 #include <QAction>
-#include <QProcess>
 #include <QTest>
 
 using namespace Variaveis;
@@ -13,33 +12,11 @@ namespace {
 
 const QStringList always = {u"mnuoff"_qs, u"mnuupdate"_qs};
 
-struct Outcome
-{
-    int status;
-    QStringList boxes; ///< "title|text", and "|critical"
-};
-
-class Ending : public Program
-{
-protected:
-    Outcome run(const QString& scenario, const QStringList& answers = {})
-    {
-        QProcess process;
-        process.start(QStringLiteral(SCENARIO_PROGRAM), QStringList{folder.path(), scenario} + answers);
-        process.waitForFinished(30000);
-        const QString lines = QString::fromUtf8(process.readAllStandardOutput());
-        return {process.exitStatus() == QProcess::NormalExit ? process.exitCode() : -1,
-                lines.split(u'\n', Qt::SkipEmptyParts)};
-    }
-};
-
 } // namespace
 
 TEST_F(Program, StartCleansUpReadsTheConfigurationAndLogsIn)
 {
     Files::write(Files::inProgramFolder(u"\\adm_atu.exe"_qs), "x");
-    dialogs.expect(u"\"F1 SUPORTE\" ainda não está disponível nesta versão."_qs);
-    dialogs.expect(u"\"F1 SUPORTE\" ainda não está disponível nesta versão."_qs);
     dialogs.expect(u"--- ERRO --- USUÁRIO E/OU SENHA NÃO CONFEREM!"_qs, u"ATENÇÃO"_qs, Icon::Information);
     modal.expect(u"frmtelainicial"_qs, [this](ScreenDriver& login) {
         ScreenDriver principal(Form::of<frmPrincipal>());
@@ -56,8 +33,6 @@ TEST_F(Program, StartCleansUpReadsTheConfigurationAndLogsIn)
         login.type(u"txtUsuario"_qs, u"12345678901"_qs);
         EXPECT_EQ(login.text(u"txtUsuario"_qs), u"1234567890");
         EXPECT_EQ(static_cast<QLineEdit*>(login.find(u"txtSenha"_qs))->echoMode(), QLineEdit::Password);
-        login.press(Qt::Key_F10);
-        login.click(u"Label4"_qs);
         typeLogin(login, u"maria"_qs, u"errada"_qs);
         EXPECT_EQ(login.text(u"txtUsuario"_qs), u"MARIA") << "the fields keep their text";
         EXPECT_EQ(login.text(u"txtSenha"_qs), u"ERRADA");

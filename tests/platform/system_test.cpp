@@ -106,6 +106,25 @@ TEST(HttpGet, AnswersOfAnyStatusComeBackWhole)
     EXPECT_EQ(refused.body, "gone");
 }
 
+TEST(HttpDownload, AFileIsKnownToBeWhole)
+{
+    // Which of the events of a broken connection comes first is chance.
+    for (int i = 0; i < 10; ++i) {
+        OneAnswer broken(OneAnswer::http("200 OK", "#!/bin/sh\n").chopped(1));
+        EXPECT_EQ(errorOf([&] { Http::download(broken.host(), 5s); }), 12030);
+    }
+    OneAnswer pieces("HTTP/1.1 200 OK\r\nTransfer-Encoding: chunked\r\n\r\n2\r\nab\r\n0\r\n\r\n");
+    EXPECT_EQ(errorOf([&] { Http::download(pieces.host(), 5s); }), 12152);
+    OneAnswer endless("HTTP/1.1 200 OK\r\n\r\nab");
+    EXPECT_EQ(errorOf([&] { Http::download(endless.host(), 5s); }), 12152);
+
+    OneAnswer refused("HTTP/1.1 503 Busy\r\n\r\nlater");
+    EXPECT_EQ(Http::download(refused.host(), 5s).status, 503);
+    OneAnswer good(OneAnswer::http("200 OK", QByteArray("\0\r\n\x1a\xff", 5)));
+    EXPECT_EQ(Http::download(good.host(), 5s).body, QByteArray("\0\r\n\x1a\xff", 5));
+    EXPECT_TRUE(good.request().contains("\r\nAccept-Encoding: identity\r\n"));
+}
+
 TEST(HttpGet, FailuresHaveTheirNumbers)
 {
     {
@@ -114,6 +133,9 @@ TEST(HttpGet, FailuresHaveTheirNumbers)
     }
     OneAnswer broken("HTTP/1.1 200 OK\r\nContent-Length: 100\r\n\r\nab");
     EXPECT_EQ(errorOf([&] { Http::get(broken.host() + u"/ws/1"_qs, 5s); }), 12030);
+
+    OneAnswer unsafe(OneAnswer::http("200 OK", "ab"));
+    EXPECT_EQ(errorOf([&] { Http::get(unsafe.host().replace(u"http:"_qs, u"https:"_qs), 5s); }), 12175);
 
     EXPECT_EQ(errorOf([] { Http::get(OneAnswer::closedHost(), 5s); }), 12029);
     EXPECT_EQ(errorOf([] { Http::get(u"ftp://127.0.0.1/"_qs, 5s); }), 12005);

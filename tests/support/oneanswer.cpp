@@ -55,6 +55,8 @@ void OneAnswer::run()
         return;
     socket->waitForReadyRead(2000);
     request_ = socket->readAll();
+    while (held_ && !done_)
+        msleep(5);
     if (!answer_.isEmpty()) {
         socket->write(answer_);
         socket->waitForBytesWritten(2000);

@@ -6,7 +6,7 @@
 #include <atomic>
 
 /// A web server on the loopback interface that answers one request with fixed bytes; an empty answer stays
-/// silent.
+/// silent. hold() before the request keeps the answer back until release().
 class OneAnswer : public QThread
 {
 public:
@@ -20,6 +20,8 @@ public:
 
     /// Such as "http://127.0.0.1:12345".
     QString host() const;
+    void hold() { held_ = true; }
+    void release() { held_ = false; }
     /// What was asked, once the answer is there.
     QByteArray request() const { return request_; }
 
@@ -30,5 +32,6 @@ private:
     QByteArray answer_;
     QByteArray request_;
     std::atomic<quint16> port_{0};
+    std::atomic<bool> held_{false};
     std::atomic<bool> done_{false};
 };

@@ -67,6 +67,9 @@ void walkAgenda(Tour& tour)
     tour.screen(QStringLiteral("frmCli_Agenda"), [&tour](ScreenDriver& agenda) {
         tour.picture(QStringLiteral("frmCli_Agenda"), agenda);
         tour.enlarged(QStringLiteral("frmCli_Agenda"), agenda);
+        agenda.doubleClickRow(QStringLiteral("List1"), 1); // a free line
+        tour.picture(QStringLiteral("frmCli_Agenda_painel_novo"), agenda);
+        agenda.click(QStringLiteral("Command8"));
         open(agenda, QStringLiteral("|0  |"));
         tour.picture(QStringLiteral("frmCli_Agenda_painel"), agenda);
         closing(tour, agenda);

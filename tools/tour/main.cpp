@@ -5,12 +5,14 @@
 #include "app/core/instalacao.h"
 #include "app/core/menu.h"
 #include "app/frmprincipal.h"
+#include "app/frmprogresso.h"
 #include "app/telas.h"
 #include "platform/forms/application.h"
 #include "platform/forms/theme.h"
 #include "platform/system/files.h"
-#include "platform/system/shell.h"
 #include "support/fixedclock.h"
+#include "support/oneanswer.h"
+#include "support/openedtargets.h"
 #include "support/report.h"
 
 #include <QMenu>
@@ -26,6 +28,8 @@ void failTheWalk(const std::exception& error)
 void login(Tour& tour, ScreenDriver& login)
 {
     tour.picture(QStringLiteral("frmtelainicial"), login);
+    tour.box(QStringLiteral("frmtelainicial_suporte"), QStringLiteral("OK"));
+    login.press(Qt::Key_F10);
     login.type(QStringLiteral("txtUsuario"), QStringLiteral("admin"));
     login.press(Qt::Key_Return);
     login.typeOn(QStringLiteral("errada"));
@@ -69,6 +73,20 @@ void configuration(Tour& tour)
     Menu::principal().run(QStringLiteral("mnupram"));
 }
 
+void update(Tour& tour)
+{
+    OneAnswer vendor(OneAnswer::http("404 Not Found", {}));
+    vendor.hold();
+    qputenv("TREMOSILVA_HOST_DOWNLOAD", vendor.host().toUtf8());
+    QTimer::singleShot(0, [&] {
+        tour.picture(QStringLiteral("frmProgresso"), ScreenDriver(Form::of<frmProgresso>()));
+        vendor.release();
+    });
+    tour.box(QStringLiteral("frmProgresso_recusado"), QStringLiteral("OK"));
+    Menu::principal().run(QStringLiteral("mnuupdate"));
+    qunsetenv("TREMOSILVA_HOST_DOWNLOAD");
+}
+
 void walk(Tour& tour)
 {
     auto& principal = Form::of<frmPrincipal>();
@@ -85,6 +103,7 @@ void walk(Tour& tour)
     configuration(tour);
     walkRegisters(tour);
     walkAgenda(tour);
+    update(tour);
 
     tour.screen(QStringLiteral("frmtelainicial"), [&tour](ScreenDriver& screen) {
         tour.picture(QStringLiteral("frmtelainicial_logoff"), screen);
@@ -123,7 +142,7 @@ int main(int argc, char** argv)
     Application::setFailureHandler(
         [](const std::exception& error) { Report::fail(QString::fromUtf8(error.what())); });
 
-    Shell::setHandler([](const QString&) {}); // a document is kept with the pictures
+    const OpenedTargets opened; // by no other program: a document is kept with the pictures
     const FixedClock clock(QDateTime(QDate(2026, 3, 16), QTime(8, 30)));
     Tour tour(arguments[2]);
     QMetaObject::invokeMethod(

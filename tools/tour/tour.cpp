@@ -103,8 +103,16 @@ void Tour::document(const QString& name, const QString& path)
                           {QStringLiteral("-png"), QStringLiteral("-r"), QStringLiteral("100"), path,
                            pictures_.filePath(file)}) != 0)
         Report::fail(QStringLiteral("the pages of %1 cannot be drawn").arg(path));
-    for (const QString& page : pictures_.entryList({file + QStringLiteral("-*.png")}))
+    const QStringList pages = pictures_.entryList({file + QStringLiteral("-*.png")});
+    for (const QString& page : pages)
         list(page);
+
+    // A second reader has to find as many pages.
+    QProcess reader;
+    reader.start(QStringLiteral("mutool"), {QStringLiteral("info"), path});
+    reader.waitForFinished();
+    if (!reader.readAllStandardOutput().contains("Pages: " + QByteArray::number(pages.size()) + '\n'))
+        Report::fail(QStringLiteral("the readers do not agree on the pages of %1").arg(path));
 }
 
 void Tour::pictureWithMenu(const QString& name, const ScreenDriver& screen, QMenu& menu)

@@ -22,8 +22,8 @@ public:
         modal_.expect(name, std::move(steps));
     }
 
-    /// A box that the next step brings: its picture is kept under `name`; the answer is the button to press, or
-    /// what is typed into an input box.
+    /// A box that the next step brings: its picture is kept under `name`; the answer is the button to press,
+    /// or what is typed into an input box.
     void box(const QString& name, const QString& answer);
 
     void picture(const QString& name, const ScreenDriver& screen);

@@ -35,6 +35,12 @@ inline QString contato()
     return valor("TREMOSILVA_CONTATO", "Tremosilva Sistemas - www.tremosilva.example - (00) 0000-0000");
 }
 
+/// Scheme and host of the vendor's downloads, the update and the support tool, without a slash at the end.
+inline QString servidorDownload()
+{
+    return valor("TREMOSILVA_HOST_DOWNLOAD", "https://www.tremosilva.example");
+}
+
 /// Scheme and host of the postal-code service, without a slash at the end.
 inline QString servicoCep()
 {

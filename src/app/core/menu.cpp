@@ -115,6 +115,6 @@ void Menu::run(const QString& name)
 
 void Menu::notYet(const QString& caption)
 {
-    MsgBox(QStringLiteral("\"%1\" ainda não está disponível nesta versão.").arg(caption), QStringLiteral("Atenção"),
-           Icon::Information);
+    MsgBox(QStringLiteral("\"%1\" ainda não está disponível nesta versão.").arg(caption),
+           QStringLiteral("Atenção"), Icon::Information);
 }

@@ -2,6 +2,7 @@
 
 #include "platform/system/clock.h"
 
+#include <QEvent>
 #include <QSignalBlocker>
 #include <QTextCharFormat>
 
@@ -15,7 +16,8 @@ MonthCalendar::MonthCalendar(QWidget* parent) : QCalendarWidget(parent)
     setValue(Clock::today());
     connect(this, &QCalendarWidget::selectionChanged, this, [this] {
         told_ = true;
-        QMetaObject::invokeMethod(this, [this] { told_ = false; }, Qt::QueuedConnection);
+        QMetaObject::invokeMethod(
+            this, [this] { told_ = false; }, Qt::QueuedConnection);
         Q_EMIT dayChosen(Value());
     });
     connect(this, &QCalendarWidget::clicked, this, [this](QDate day) {
@@ -29,4 +31,16 @@ void MonthCalendar::setValue(QDate day)
     const QSignalBlocker quiet(this);
     setSelectedDate(day);
     setCurrentPage(day.year(), day.month());
+}
+
+void MonthCalendar::changeEvent(QEvent* event)
+{
+    QCalendarWidget::changeEvent(event);
+    if (event->type() != QEvent::FontChange)
+        return;
+    for (QWidget* part : findChildren<QWidget*>()) {
+        QFont scaled = part->font();
+        scaled.setPointSizeF(font().pointSizeF());
+        part->setFont(scaled);
+    }
 }

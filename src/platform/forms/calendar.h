@@ -18,6 +18,10 @@ Q_SIGNALS:
     /// The user chose a day: went to it with the arrow keys, or clicked it, also the one chosen already.
     void dayChosen(QDate day);
 
+protected:
+    /// The inner parts have a style of their own and would keep their size.
+    void changeEvent(QEvent* event) override;
+
 private:
     bool told_ = false; ///< by the change of the chosen day, which a click causes before it is told itself
 };

@@ -1,7 +1,7 @@
 #include "platform/forms/codedcombo.h"
 
-#include <QStyledItemDelegate>
 #include <QStylePainter>
+#include <QStyledItemDelegate>
 
 namespace {
 
@@ -36,4 +36,11 @@ void CodedCombo::paintEvent(QPaintEvent*)
     painter.drawComplexControl(QStyle::CC_ComboBox, option);
     option.currentText = nameOf(option.currentText);
     painter.drawControl(QStyle::CE_ComboBoxLabel, option);
+}
+
+void CodedLabel::paintEvent(QPaintEvent*)
+{
+    QStylePainter painter(this);
+    painter.drawItemText(contentsRect(), int(alignment()), palette(), isEnabled(), nameOf(text()),
+                         foregroundRole());
 }

@@ -1,6 +1,7 @@
 #pragma once
 
 #include <QComboBox>
+#include <QLabel>
 
 /// A list whose items carry codes behind a name: "name|code|...". The user sees the names alone; the text of
 /// an item stays whole.
@@ -10,6 +11,18 @@ class CodedCombo : public QComboBox
 
 public:
     explicit CodedCombo(QWidget* parent = nullptr);
+
+protected:
+    void paintEvent(QPaintEvent* event) override;
+};
+
+/// Such an item in a label: the text whole, the name in sight.
+class CodedLabel : public QLabel
+{
+    Q_OBJECT
+
+public:
+    using QLabel::QLabel;
 
 protected:
     void paintEvent(QPaintEvent* event) override;

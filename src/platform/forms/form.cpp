@@ -247,7 +247,7 @@ private:
         if (event->button() != Qt::LeftButton || !widget->isEnabled() || !widget->rect().contains(place))
             return false;
         const auto* view = qobject_cast<const QAbstractItemView*>(widget->parentWidget());
-        return type_ != QEvent::MouseButtonDblClick || !view || view->indexAt(place).isValid();
+        return !view || view->indexAt(place).isValid();
     }
 
     QEvent::Type type_;

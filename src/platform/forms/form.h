@@ -102,6 +102,7 @@ protected:
                 run();
         });
     }
+    /// The left button, released over the control; in a list or grid over one of its lines.
     template <class F>
     void onClick(QWidget* widget, void (F::*handler)())
     {

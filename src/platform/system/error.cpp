@@ -1,7 +1,10 @@
 #include "platform/system/error.h"
 
-RuntimeError::RuntimeError(int number, const QString& description)
-    : std::runtime_error(description.toStdString()), number_(number), description_(description)
+RuntimeError::RuntimeError(int number, const QString& description, const QString& source)
+    : std::runtime_error(description.toStdString()),
+      number_(number),
+      description_(description),
+      source_(source)
 {
 }
 

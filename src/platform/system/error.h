@@ -10,19 +10,24 @@
 /// 5 invalid argument, 6 overflow, 9 subscript out of range, 13 type mismatch, 53 file not found, 62 input
 /// past the end of a file, 70 permission denied, 75 path or file access error, 76 path not found, 91 object
 /// not set, 380 invalid property value.
+///
+/// source() names the class that raised it, where a class tells its failures from those of what it uses;
+/// otherwise it is empty.
 class RuntimeError : public std::runtime_error
 {
 public:
-    RuntimeError(int number, const QString& description);
+    RuntimeError(int number, const QString& description, const QString& source = {});
 
     int number() const { return number_; }
     const QString& description() const { return description_; }
+    const QString& source() const { return source_; }
     /// What the message box shows below the description: empty here, the statement in a database error.
     virtual QString detail() const { return {}; }
 
 private:
     int number_;
     QString description_;
+    QString source_;
 };
 
 namespace Errors {

@@ -106,6 +106,16 @@ void write(const QString& path, const QByteArray& content)
         Errors::fileAccess(path, file.errorString());
 }
 
+void makeExecutable(const QString& path)
+{
+    QFile file(path);
+    QFile::Permissions permissions = file.permissions() | QFile::ExeOwner | QFile::ExeUser;
+    permissions.setFlag(QFile::ExeGroup, permissions.testFlag(QFile::ReadGroup));
+    permissions.setFlag(QFile::ExeOther, permissions.testFlag(QFile::ReadOther));
+    if (!file.setPermissions(permissions))
+        Errors::fileAccess(path, file.errorString());
+}
+
 QString profileValue(const QString& section, const QString& key, const QString& fallback, const QString& path,
                      qsizetype bufferSize)
 {

@@ -40,6 +40,10 @@ QByteArray read(const QString& path);
 /// RuntimeError 75.
 void write(const QString& path, const QByteArray& content);
 
+/// Lets those who may read the file run it as a program, where the system keeps that with the file. Throws
+/// RuntimeError 75.
+void makeExecutable(const QString& path);
+
 /// One value of an initialisation file ("[section]", lines "key=value", code page 1252): section and key are
 /// found without regard to case, blanks around the value are dropped, and so is what does not fit a buffer of
 /// `bufferSize` characters whose last one is a terminator. `fallback` where file, section or key is absent.

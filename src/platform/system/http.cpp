@@ -33,21 +33,29 @@ int numberOf(QNetworkReply::NetworkError error)
     }
 }
 
-} // namespace
-
-Response get(const QString& url, std::chrono::milliseconds timeout, const QByteArray& userAgent)
+QNetworkRequest requestFor(const QString& url, std::chrono::milliseconds timeout, const QByteArray& userAgent)
 {
     const QUrl address(url, QUrl::StrictMode);
     if (!address.isValid() || address.host().isEmpty() ||
         (address.scheme() != QLatin1String("http") && address.scheme() != QLatin1String("https")))
         throw RuntimeError(12005, QStringLiteral("Endereço inválido: %1").arg(url));
 
-    QNetworkAccessManager manager;
     QNetworkRequest request(address);
     request.setTransferTimeout(static_cast<int>(timeout.count()));
     if (!userAgent.isEmpty())
         request.setHeader(QNetworkRequest::UserAgentHeader, userAgent);
+    return request;
+}
 
+struct Answer
+{
+    Response response;
+    bool hasLength; ///< The server told the body's length, and so long it is.
+};
+
+Answer answerTo(const QNetworkRequest& request)
+{
+    QNetworkAccessManager manager;
     const std::unique_ptr<QNetworkReply> reply(manager.get(request));
     QEventLoop loop;
     QObject::connect(reply.get(), &QNetworkReply::finished, &loop, &QEventLoop::quit);
@@ -60,7 +68,32 @@ Response get(const QString& url, std::chrono::milliseconds timeout, const QByteA
         reply->error() == QNetworkReply::NoError || reply->error() >= QNetworkReply::ContentAccessDenied;
     if (!answered || !whole)
         throw RuntimeError(numberOf(reply->error()), reply->errorString());
-    return {status.toInt(), reply->readAll()};
+
+    // The library may take an answer that breaks off for a whole one. It has dropped the length of a body
+    // that it has decompressed.
+    const Response response{status.toInt(), reply->readAll()};
+    const QByteArray length = reply->rawHeader("Content-Length");
+    if (!length.isEmpty() && length.toLongLong() != response.body.size())
+        throw RuntimeError(12030, QStringLiteral("A resposta do servidor foi interrompida"));
+    return {response, !length.isEmpty()};
+}
+
+} // namespace
+
+Response get(const QString& url, std::chrono::milliseconds timeout, const QByteArray& userAgent)
+{
+    return answerTo(requestFor(url, timeout, userAgent)).response;
+}
+
+Response download(const QString& url, std::chrono::milliseconds timeout, const QByteArray& userAgent)
+{
+    QNetworkRequest request = requestFor(url, timeout, userAgent);
+    request.setRawHeader("Accept-Encoding", "identity"); // a body packed on its way has no length
+    const Answer answer = answerTo(request);
+    if (answer.response.status == 200 && !answer.hasLength)
+        throw RuntimeError(12152,
+                           QStringLiteral("O servidor não informou o tamanho do arquivo: %1").arg(url));
+    return answer.response;
 }
 
 } // namespace Http

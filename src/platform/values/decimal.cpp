@@ -54,6 +54,15 @@ void Decimal::round(qsizetype places)
     normalise();
 }
 
+QByteArray Decimal::text() const
+{
+    QByteArray text = negative ? "-" : "";
+    text += whole.isEmpty() ? "0" : whole;
+    if (!fraction.isEmpty())
+        text += '.' + fraction;
+    return text;
+}
+
 void Decimal::normalise()
 {
     qsizetype zeros = 0;

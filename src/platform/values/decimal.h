@@ -19,6 +19,9 @@ struct Decimal
     /// Half away from zero to so many digits behind the mark. What becomes zero loses its sign.
     void round(qsizetype places);
 
+    /// The digits with a point as decimal mark, such as "-0.5".
+    QByteArray text() const;
+
     /// Brings the digits to the form above.
     void normalise();
 };

@@ -74,16 +74,6 @@ std::optional<Decimal> readDecimal(QStringView text)
     return result;
 }
 
-/// The digits with a point as decimal mark.
-QByteArray plain(const Decimal& decimal)
-{
-    QByteArray text = decimal.negative ? "-" : "";
-    text += decimal.whole.isEmpty() ? "0" : decimal.whole;
-    if (!decimal.fraction.isEmpty())
-        text += '.' + decimal.fraction;
-    return text;
-}
-
 template <typename Whole>
 Whole nearest(double value)
 {
@@ -102,7 +92,7 @@ std::optional<double> readNumber(QStringView text)
     const std::optional<Decimal> decimal = readDecimal(text);
     if (!decimal)
         return std::nullopt;
-    const QByteArray digits = plain(*decimal);
+    const QByteArray digits = decimal->text();
     double value = 0;
     if (std::from_chars(digits.begin(), digits.end(), value).ec != std::errc())
         return std::nullopt;
@@ -144,7 +134,7 @@ qint64 integerPart(QStringView text)
         Errors::typeMismatch(text.toString());
     // Not by way of a double, which is coarser than a whole number above 2^53.
     decimal->fraction.clear();
-    const QByteArray digits = plain(*decimal);
+    const QByteArray digits = decimal->text();
     qint64 value = 0;
     if (std::from_chars(digits.begin(), digits.end(), value).ec != std::errc())
         Errors::overflow();
@@ -176,5 +166,5 @@ double leadingNumber(QStringView text)
 
 QString plainNumber(double value)
 {
-    return QString::fromLatin1(plain(Decimal::of(value)));
+    return QString::fromLatin1(Decimal::of(value).text());
 }

@@ -1,0 +1,31 @@
+#include "agenda/codigos.h"
+
+#include "platform/values/number.h"
+#include "platform/values/text.h"
+
+namespace {
+
+constexpr QLatin1Char separador('|');
+constexpr int larguraNome = 45;
+
+} // namespace
+
+QString codigoDigitado(const QString& texto)
+{
+    return isNumeric(texto) ? QString::number(integerPart(texto)) : texto.trimmed();
+}
+
+QString itemComCodigos(const QString& nome, const QStringList& codigos)
+{
+    return fixedWidth(nome, larguraNome) + separador + codigos.join(separador);
+}
+
+QString codigoDoItem(const QString& item, int doFim)
+{
+    return item.section(separador, -doFim, -doFim).trimmed();
+}
+
+QString nomeDoItem(const QString& item)
+{
+    return item.left(larguraNome).trimmed();
+}

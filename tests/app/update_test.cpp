@@ -1,0 +1,145 @@
+#include "app/core/instalacao.h"
+#include "app/frmprogresso.h"
+#include "ending.h"
+#include "support/oneanswer.h"
+#include "support/openedtargets.h"
+
+#include <QAction>
+#include <QProgressBar>
+#include <QTest>
+
+namespace {
+
+/// The vendor's server, as long as the object lives.
+class Vendor
+{
+public:
+    explicit Vendor(const QString& host) { qputenv("TREMOSILVA_HOST_DOWNLOAD", host.toUtf8()); }
+    ~Vendor() { qunsetenv("TREMOSILVA_HOST_DOWNLOAD"); }
+};
+
+/// A program that leaves a line in the folder that it is started in.
+const QByteArray script = "#!/bin/sh\necho started >>trace\n";
+
+QString updater()
+{
+    return Files::inProgramFolder(u"\\adm_atu.exe"_qs);
+}
+
+/// Waits until the script has run so often.
+bool hasRun(int times)
+{
+    const QString trace = Files::inProgramFolder(u"\\trace"_qs);
+    return QTest::qWaitFor([&] {
+        return Files::exists(trace) && Files::read(trace) == QByteArray("started\n").repeated(times);
+    });
+}
+
+} // namespace
+
+TEST_F(Ending, TheUpdaterTakesOverAndTheNextStartRemovesIt)
+{
+    int started = 0;
+    for (const QString& scenario : {u"update"_qs, u"update-over-old"_qs}) {
+        OneAnswer server(OneAnswer::http("200 OK", script));
+        const Vendor vendor(server.host());
+        const Outcome end = run(scenario);
+        EXPECT_EQ(end.status, 0) << scenario.toStdString();
+        EXPECT_TRUE(end.boxes.isEmpty()) << end.boxes.join(u'\n').toStdString();
+        EXPECT_TRUE(server.request().startsWith("GET /down/tremosilva/adm_atu.exe HTTP/1.1\r\n"));
+        EXPECT_TRUE(server.request().contains("\r\nUser-Agent: Mozilla/5.0\r\n"));
+        EXPECT_TRUE(hasRun(++started)) << scenario.toStdString();
+        EXPECT_EQ(Files::read(updater()), script) << "it stays until the next start";
+    }
+    run(u"close-login"_qs);
+    EXPECT_FALSE(Files::exists(updater()));
+}
+
+TEST_F(Ending, AnUpdateThatFailsOnTheWayEndsTheProgramAndLeavesNothing)
+{
+    OneAnswer server(OneAnswer::http("200 OK", script).chopped(5));
+    {
+        const Vendor vendor(server.host());
+        const Outcome end = run(u"update"_qs);
+        EXPECT_EQ(end.status, 1);
+        ASSERT_EQ(end.boxes.size(), 1) << end.boxes.join(u'\n').toStdString();
+        EXPECT_TRUE(end.boxes[0].startsWith(u"Tremosilva 1.0|Erro 12030\\n"_qs))
+            << end.boxes[0].toStdString();
+        EXPECT_EQ(QDir(folder.path()).entryList(QDir::Files | QDir::Hidden),
+                  QStringList{u"tremosilva.ini"_qs});
+    }
+    const Vendor gone(OneAnswer::closedHost());
+    EXPECT_TRUE(run(u"update"_qs).boxes.value(0).contains(u"Erro 12029"_qs));
+}
+
+TEST_F(Ending, AnUpdaterThatIsNoProgramEndsTheProgramWithAnError)
+{
+    OneAnswer server(OneAnswer::http("200 OK", "<html>no program</html>"));
+    const Vendor vendor(server.host());
+    const Outcome end = run(u"update"_qs);
+    EXPECT_EQ(end.status, 1);
+    EXPECT_TRUE(end.boxes.value(0).startsWith(u"Tremosilva 1.0|Erro 75\\n"_qs))
+        << end.boxes.join(u'\n').toStdString();
+}
+
+TEST_F(Program, AnUpdateThatIsRefusedIsToldAndTheProgramGoesOn)
+{
+    OneAnswer server(OneAnswer::http("404 Not Found", script));
+    server.hold();
+    const Vendor vendor(server.host());
+    const OpenedTargets opened;
+    start();
+    // Nothing is read from the server before this has looked.
+    QTimer::singleShot(0, [&] {
+        auto& progress = Form::of<frmProgresso>();
+        const ScreenDriver screen(progress);
+        EXPECT_TRUE(progress.isVisible());
+        EXPECT_FALSE(progress.isModal());
+        EXPECT_EQ(progress.windowTitle(), u"Atualização");
+        EXPECT_EQ(screen.text(u"lMSG"_qs), u"Aguarde... Baixando Atualização...");
+        EXPECT_EQ(progress.findChild<QProgressBar*>(u"ProgressBar1"_qs)->maximum(), 3);
+        EXPECT_EQ(progress.findChild<QProgressBar*>(u"ProgressBar1"_qs)->value(), 1);
+        ASSERT_TRUE(QGuiApplication::overrideCursor());
+        EXPECT_EQ(QGuiApplication::overrideCursor()->shape(), Qt::WaitCursor);
+        server.release();
+    });
+    dialogs.setWatcher([](const MessageBox&) {
+        EXPECT_FALSE(Form::of<frmProgresso>().isVisible());
+        EXPECT_FALSE(QGuiApplication::overrideCursor());
+    });
+    dialogs.expect(u"Erro ao baixar atualização. Código: 404"_qs);
+    Form::of<frmPrincipal>().findChild<QAction*>(u"mnuupdate"_qs)->trigger();
+
+    EXPECT_FALSE(Files::exists(updater()));
+    EXPECT_TRUE(opened.list().isEmpty());
+    EXPECT_TRUE(Form::of<frmPrincipal>().isVisible());
+    EXPECT_TRUE(Menu::principal().enabled(u"mnuupdate"_qs));
+}
+
+TEST_F(Program, SupportFromTheLoginWindow)
+{
+    const Vendor vendor(u"https://vendor.example"_qs);
+    const QString missing = u"Atenção!!! APP Não instalado! O Sistema irá fazer o downlaod do APP.!"_qs;
+    for (int i = 0; i < 2; ++i)
+        dialogs.expect(missing, Instalacao::fornecedor());
+    modal.expect(u"frmtelainicial"_qs, [](ScreenDriver& login) {
+        {
+            const OpenedTargets opened;
+            login.press(Qt::Key_F10);
+            login.click(u"Label4"_qs);
+            const QString address = u"https://vendor.example/down/suporte.exe"_qs;
+            EXPECT_EQ(opened.list(), (QStringList{address, address}));
+        }
+        const QString tool = Files::inProgramFolder(u"\\suporte.exe"_qs);
+        Files::write(tool, script);
+        Files::makeExecutable(tool);
+        login.press(Qt::Key_F10);
+        EXPECT_TRUE(hasRun(1));
+        login.click(u"Label4"_qs);
+        EXPECT_TRUE(hasRun(2));
+        EXPECT_TRUE(login.isOpen()) << "the login goes on";
+        typeLogin(login, u"maria"_qs, u"segredo"_qs);
+    });
+    Form::of<frmPrincipal>().Show();
+    settle();
+}

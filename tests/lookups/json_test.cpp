@@ -1,0 +1,479 @@
+#include "lookups/jsonbag.h"
+#include "platform/system/error.h"
+#include "support/print.h"
+
+#include <QDate>
+#include <QJsonDocument>
+#include <cmath>
+#include <gtest/gtest.h>
+#include <limits>
+
+namespace {
+
+/// What the document is when it is written again.
+QString rewritten(const QString& text, bool decimals = false)
+{
+    JsonBag bag;
+    bag.setDecimalMode(decimals);
+    bag.setJSON(text);
+    return bag.JSON();
+}
+
+/// "number text" of the RuntimeError that the call throws, "" if it throws none. It comes from JsonBag.
+template <class Call>
+QString failureOf(Call call)
+{
+    try {
+        call();
+    } catch (const RuntimeError& error) {
+        EXPECT_EQ(error.source(), u"JsonBag");
+        return QString::number(error.number()) + u' ' + error.description();
+    }
+    return {};
+}
+
+QString failureOfReading(const QString& text, bool decimals = false)
+{
+    return failureOf([&] { rewritten(text, decimals); });
+}
+
+QString nested(int levels)
+{
+    return QString(levels, u'[') + QString(levels, u']');
+}
+
+void fillABC(JsonBag& bag)
+{
+    bag.setItem(u"a", 1);
+    bag.setItem(u"b", u"dois");
+    bag.setItem(u"c", nullptr);
+}
+
+} // namespace
+
+TEST(JsonReading, Accepts)
+{
+    const struct
+    {
+        QString text, written;
+    } rows[] = {
+        {u"{}"_qs, u"{}"_qs},
+        {u" \t\r\n[ ] "_qs, u"[]"_qs},
+        {u"[1,,2,]"_qs, u"[1,2]"_qs},
+        {u"[,,,1 2\"x\"]"_qs, u"[1,2,\"x\"]"_qs},
+        {u"{\"a\":1,}"_qs, u"{\"a\":1}"_qs},
+        {u"{\"a\":1,,\"b\":2 \"c\":3}"_qs, u"{\"a\":1,\"b\":2,\"c\":3}"_qs},
+        {u"{ \"a\" : [ { } , [ ] ] }"_qs, u"{\"a\":[{},[]]}"_qs},
+        {u"[]]] what follows"_qs, u"[]"_qs},
+        {u"[TRUE,False,nUlL,truefalse]"_qs, u"[true,false,null,true,false]"_qs},
+        {u"{\"\":\"\"}"_qs, u"{\"\":\"\"}"_qs},
+        // names
+        {u"{\"a\":1,\"A\":2}"_qs, u"{\"a\":1,\"A\":2}"_qs},
+        {u"{\"a\":1,\"a\":2}"_qs, u"{\"a\":2}"_qs},
+        {u"{\"a\":1,\"b\":2,\"a\":3}"_qs, u"{\"b\":2,\"a\":3}"_qs},
+        {u"{\"a\":1,\"\\u0061\":2}"_qs, u"{\"a\":2}"_qs},
+        {u"[{\"a\":1,\"b\":2},{\"a\":3,\"b\":4},{\"a\":5},{\"a\":6,\"c\":7},{\"b\":8,\"b\":9}]"_qs,
+         u"[{\"a\":1,\"b\":2},{\"a\":3,\"b\":4},{\"a\":5},{\"a\":6,\"c\":7},{\"b\":9}]"_qs},
+        {u"[{\"a\":1,\"ab\":2},{\"ab\":3,\"a\":4},{\"a\":5,\"abc\":6},{\"a\":7,\"ab\":8,\"c\":9}]"_qs,
+         u"[{\"a\":1,\"ab\":2},{\"ab\":3,\"a\":4},{\"a\":5,\"abc\":6},{\"a\":7,\"ab\":8,\"c\":9}]"_qs},
+        {u"[{\"\\\"\":1},{\"\\\"\":2},{\"\\\\\":3},{\"\\\\\":4}]"_qs,
+         u"[{\"\\\"\":1},{\"\\\"\":2},{\"\\\\\":3},{\"\\\\\":4}]"_qs},
+        // texts
+        {u"[\"\\\"\\\\\\/\\b\\f\\n\\r\\t\\u00e7\"]"_qs, u"[\"\\\"\\\\/\\b\\f\\n\\r\\tç\"]"_qs},
+        {u"[\"ç\u20AC / \u007E\"]"_qs, u"[\"ç\u20AC / \u007E\"]"_qs},
+        {u"[\"\\u0000\\u001F\\u007F\\u0080\\u009f\\u00A0\"]"_qs,
+         u"[\"\\u0000\\u001F\\u007F\\u0080\\u009F\u00A0\"]"_qs},
+        {u"[\"\u034E\u034F\u0350\u200A\u200B\u200F\u2010\u2027\u2028\u202E\u202F\"]"_qs,
+         u"[\"\u034E\\u034F\u0350\u200A\\u200B\\u200F\u2010\u2027\\u2028\\u202E\u202F\"]"_qs},
+        {u"[\"\u205F\u2060\u2061\uFDFF\uFE00\uFE0F\uFE10\uFEFE\uFEFF\uFFFC\uFFFD\"]"_qs,
+         u"[\"\u205F\\u2060\u2061\uFDFF\\uFE00\\uFE0F\uFE10\uFEFE\\uFEFF\uFFFC\\uFFFD\"]"_qs},
+        {u"[\"\U0001F600\\ud83d\"]"_qs, u"[\"\\uD83D\\uDE00\\uD83D\"]"_qs},
+        // numbers
+        {u"[0,-1,12.5,-0.25,1e3,1E+3,25e-1]"_qs, u"[0,-1,12.5,-0.25,1000,1000,2.5]"_qs},
+        {u"[0.1,0.30000000000000004,100000,123456789012,1e20,1.5E300]"_qs,
+         u"[0.1,0.30000000000000004,100000,123456789012,1e+20,1.5e+300]"_qs},
+        {u"[9007199254740992,9007199254740993,0.00001,0.000001,3.14159265358979323846]"_qs,
+         u"[9007199254740992,9007199254740992,0.00001,1e-06,3.141592653589793]"_qs},
+        {u"[1.7976931348623157e308,5e-324,2.2250738585072014e-308,-0]"_qs,
+         u"[1.7976931348623157e+308,5e-324,2.2250738585072014e-308,-0]"_qs},
+    };
+    for (const auto& row : rows)
+        EXPECT_EQ(rewritten(row.text), row.written);
+    EXPECT_EQ(rewritten(nested(JsonBag::deepest)), nested(JsonBag::deepest));
+}
+
+TEST(JsonReading, RejectsWithThePosition)
+{
+    const struct
+    {
+        QString text, failure;
+    } rows[] = {
+        {u""_qs, u"13 Expected either { or [ at character 1"_qs},
+        {u"1"_qs, u"13 Expected either { or [ at character 1"_qs},
+        {u" \n\"a\""_qs, u"13 Expected either { or [ at character 3"_qs},
+        {u"\u00A0[]"_qs, u"13 Expected either { or [ at character 1"_qs},
+        {u"\uFEFF[]"_qs, u"13 Expected either { or [ at character 1"_qs},
+        // values
+        {u"["_qs, u"13 Bad value at character 2"_qs},
+        {u"[true"_qs, u"13 Bad value at character 6"_qs},
+        {u"[ nul"_qs, u"13 Bad value at character 3"_qs},
+        {u"[fals]"_qs, u"13 Bad value at character 2"_qs},
+        {u"[1,+2]"_qs, u"13 Bad value at character 4"_qs},
+        {u"[.5]"_qs, u"13 Bad value at character 2"_qs},
+        {u"[1}"_qs, u"13 Bad value at character 3"_qs},
+        {u"{\"a\": }"_qs, u"13 Bad value at character 7"_qs},
+        // objects
+        {u"{"_qs, u"13 Expected , or } at character 2"_qs},
+        {u"{\"a\":1"_qs, u"13 Ran off end of string while parsing a number"_qs},
+        {u"{\"a\":null"_qs, u"13 Expected , or } at character 10"_qs},
+        {u"{\"a\":1]"_qs, u"13 Expected , or } at character 7"_qs},
+        {u"{a:1}"_qs, u"13 Expected , or } at character 2"_qs},
+        {u"{,\"a\":1}"_qs, u"13 Found \",\" before first item at character 2"_qs},
+        {u"{\"a\" 1}"_qs, u"13 Expected : at character 6"_qs},
+        {u"{\"a\""_qs, u"13 Expected : at character 5"_qs},
+        {u"[{\"a\":1},{\"a\"=2}]"_qs, u"13 Expected : at character 14"_qs},
+        // texts
+        {u"[\"abc"_qs, u"13 Expected \" at character 6"_qs},
+        {u"[{\"abc\":1},{\"ab"_qs, u"13 Expected \" at character 16"_qs},
+        {u"[\"a\nb\"]"_qs, u"13 Invalid string character at 4"_qs},
+        {u"[\"\\na"_qs + QChar(0) + u"\"]"_qs, u"13 Invalid string character at 6"_qs},
+        {u"[\"\\"_qs, u"13 Bad string character escape at character 4"_qs},
+        {u"[\"a\\x\"]"_qs, u"13 Bad string character escape at character 5"_qs},
+        {u"[\"\\B\"]"_qs, u"13 Bad string character escape at character 4"_qs},
+        {u"[\"\\u123"_qs, u"13 Bad string character escape at character 5"_qs},
+        {u"[\"\\u12G4\"]"_qs, u"13 Bad string character escape at character 5"_qs},
+        {u"[\"\\u+123\"]"_qs, u"13 Bad string character escape at character 5"_qs},
+        // numbers
+        {u"[1"_qs, u"13 Ran off end of string while parsing a number"_qs},
+        {u"[-"_qs, u"13 Ran off end of string while parsing a number"_qs},
+        {u"[1e5"_qs, u"13 Ran off end of string while parsing a number"_qs},
+        {u"[1.2.3]"_qs, u"13 Second decimal point at character 5"_qs},
+        {u"[-.5]"_qs, u"13 Digit expected at character 3"_qs},
+        {u"[1e+-5]"_qs, u"13 Second exponent sign at character 5"_qs},
+        {u"[-]"_qs, u"6 Number overflow or parse error at character 2"_qs},
+        {u"[0, 1e]"_qs, u"6 Number overflow or parse error at character 5"_qs},
+        {u"[1e+]"_qs, u"6 Number overflow or parse error at character 2"_qs},
+        {u"[1e5-]"_qs, u"6 Number overflow or parse error at character 2"_qs},
+        {u"[-e5]"_qs, u"6 Number overflow or parse error at character 2"_qs},
+        {u"[1e309]"_qs, u"6 Number overflow or parse error at character 2"_qs},
+        {u"[-1e99999999999999999999]"_qs, u"6 Number overflow or parse error at character 2"_qs},
+        // depth
+        {nested(JsonBag::deepest + 1), u"28 Nested too deep at character 1001"_qs},
+        {QString(1'000'000, u'['), u"28 Nested too deep at character 1001"_qs},
+        {u"{\"a\":"_qs.repeated(100'000), u"28 Nested too deep at character 5001"_qs},
+    };
+    for (const auto& row : rows)
+        EXPECT_EQ(failureOfReading(row.text), row.failure) << row.text.left(40).toStdString();
+}
+
+/// Texts that other readers refuse or take in another way.
+TEST(JsonReading, Decides)
+{
+    const struct
+    {
+        QString text, written;
+    } rows[] = {
+        {u"[1.]"_qs, u"[1]"_qs},
+        {u"[007]"_qs, u"[7]"_qs},
+        {u"[-012.50]"_qs, u"[-12.5]"_qs},
+        {u"[1e-999]"_qs, u"[0]"_qs},
+        {u"[-1e-999]"_qs, u"[-0]"_qs},
+        {u"[0e999999999999]"_qs, u"[0]"_qs},
+        {u"[1.e1]"_qs, u"[10]"_qs},
+        {u"[1true]"_qs, u"[1,true]"_qs},
+        {u"[\"a\"\"b\"]"_qs, u"[\"a\",\"b\"]"_qs},
+        {u"[\"\x7F\"]"_qs, u"[\"\\u007F\"]"_qs},
+    };
+    for (const auto& row : rows)
+        EXPECT_EQ(rewritten(row.text), row.written);
+}
+
+TEST(JsonReading, DecimalsKeepTheirDigits)
+{
+    const struct
+    {
+        QString text, written;
+    } rows[] = {
+        {u"[1234567890123456789012345678]"_qs, u"[1234567890123456789012345678]"_qs},
+        {u"[-12345678901234.56789012345678]"_qs, u"[-12345678901234.56789012345678]"_qs},
+        {u"[0.1234567890123456789012345678]"_qs, u"[0.1234567890123456789012345678]"_qs},
+        {u"[0.00001234567890123456789012345678]"_qs, u"[0.00001234567890123456789012345678]"_qs},
+        {u"[79228162514264337593543950335]"_qs, u"[79228162514264337593543950335]"_qs},
+        {u"[12345678901234567890123456784.5]"_qs, u"[12345678901234567890123456785]"_qs},
+        {u"[0.99999999999999999999999999995]"_qs, u"[1]"_qs},
+        {u"[1.50,1e3,25e-1,1E-5,-0,-0.0e5,007]"_qs, u"[1.5,1000,2.5,0.00001,0,0,7]"_qs},
+        {u"[1e-400,1e-99999999999]"_qs, u"[0,0]"_qs},
+    };
+    for (const auto& row : rows)
+        EXPECT_EQ(rewritten(row.text, true), row.written);
+    for (const QString& text :
+         {u"[79228162514264337593543950336]"_qs, u"[1e29]"_qs, u"[1e99999999999]"_qs, u"[1e]"_qs})
+        EXPECT_EQ(failureOfReading(text, true), u"6 Number overflow or parse error at character 2");
+
+    JsonBag bag;
+    bag.setDecimalMode(true);
+    bag.setJSON(u"{\"a\":[0.1,\"0.1\"]}"_qs);
+    EXPECT_TRUE(bag.DecimalMode());
+    JsonBag& child = bag.Item(u"a").bag();
+    EXPECT_TRUE(child.DecimalMode()) << "children are read in the same way";
+    EXPECT_EQ(child.Item(1).kind(), JsonValue::Kind::Decimal);
+    EXPECT_EQ(child.Item(1).number(), 0.1);
+    EXPECT_EQ(child.Item(2).kind(), JsonValue::Kind::Text);
+}
+
+TEST(JsonReading, AFailureLeavesTheItemsReadSoFar)
+{
+    JsonBag bag;
+    bag.setItem(u"old", 1);
+    EXPECT_EQ(failureOf([&] { bag.setJSON(u"[1,{\"a\":2},[3,[4,?"_qs); }), u"13 Bad value at character 18");
+    EXPECT_EQ(bag.JSON(), u"[1,{\"a\":2}]");
+    EXPECT_EQ(failureOf([&] { bag.setJSON(u"{\"a\":1,\"b\":2,\"a\":x}"_qs); }),
+              u"13 Bad value at character 18");
+    EXPECT_EQ(bag.JSON(), u"{\"a\":1,\"b\":2}");
+    EXPECT_NE(failureOf([&] { bag.setJSON(u"{\"a\":[{\"a\":1,\"b\":2}],\"c\":[{\"a\":"_qs); }), u"");
+    EXPECT_EQ(bag.JSON(), u"{\"a\":[{\"a\":1,\"b\":2}]}");
+    EXPECT_NE(failureOf([&] { bag.setJSON(u"1"_qs); }), u"");
+    EXPECT_EQ(bag.Count(), 0);
+    EXPECT_FALSE(bag.IsArray()) << "cleared before anything is read";
+}
+
+TEST(JsonReading, ValuesOutliveTheDocument)
+{
+    JsonValue name;
+    std::shared_ptr<JsonBag> child;
+    {
+        JsonBag bag;
+        bag.setJSON(u"[{\"nome\":\"ANA\",\"uf\":\"SP\"},{\"nome\":\"RUI\",\"uf\":\"RJ\"}]"_qs);
+        name = bag.Item(1).bag().Item(u"nome");
+        child = bag.Item(2).sharedBag();
+        // The two share what they have alike; a change of one is not the other's.
+        child->setItem(u"nome", u"EVA");
+        bag.Item(1).bag().Remove(u"uf");
+        EXPECT_EQ(bag.JSON(), u"[{\"nome\":\"ANA\"},{\"uf\":\"RJ\",\"nome\":\"EVA\"}]");
+        bag.Clear();
+    }
+    EXPECT_EQ(name.text(), u"ANA");
+    EXPECT_EQ(child->JSON(), u"{\"uf\":\"RJ\",\"nome\":\"EVA\"}");
+}
+
+TEST(JsonWriting, LinesAndIndents)
+{
+    JsonBag bag;
+    bag.setJSON(u"{\"a\":[1,{\"b\":\"x y\"},[]],\"c\":{},\"d\":null}"_qs);
+    bag.Whitespace = true;
+    EXPECT_EQ(bag.JSON(), u"{\r\n    \"a\":[\r\n        1,\r\n        {\r\n            \"b\":\"x y\"\r\n"
+                          "        },\r\n        []\r\n    ],\r\n    \"c\":{},\r\n    \"d\":null\r\n}");
+    EXPECT_FALSE(bag.Item(u"a").bag().Whitespace) << "the writing bag's setting counts for the whole";
+    bag.Item(u"a").bag().Whitespace = true;
+    bag.Whitespace = false;
+    EXPECT_EQ(bag.JSON(), u"{\"a\":[1,{\"b\":\"x y\"},[]],\"c\":{},\"d\":null}");
+}
+
+TEST(JsonWriting, AnotherReaderUnderstandsIt)
+{
+    JsonBag bag;
+    bag.Whitespace = true;
+    bag.setJSON(
+        u"{\"texto\":\"ç\\u0001\\\"\\\\\U0001F600\u2028\",\"n\":[-1.5e-9,1e22,12345678.9,true,null],\"o\":{\"\":{}}}"_qs);
+    const QJsonDocument expected =
+        QJsonDocument::fromJson("{\"texto\":\"ç\\u0001\\\"\\\\\xF0\x9F\x98\x80\xE2\x80\xA8\",\"n\":[-1.5e-9,"
+                                "1e22,12345678.9,true,null],\"o\":{\"\":{}}}");
+    ASSERT_FALSE(expected.isNull());
+    EXPECT_EQ(QJsonDocument::fromJson(bag.JSON().toUtf8()), expected);
+}
+
+TEST(JsonWriting, WhatHasNoFormIsTold)
+{
+    const auto failure = [](const JsonValue& value, bool array) {
+        JsonBag bag;
+        bag.setIsArray(array);
+        bag.setItem(array ? JsonKey() : JsonKey(u"x"), value);
+        return failureOf([&] { bag.JSON(); });
+    };
+    EXPECT_EQ(failure(std::numeric_limits<double>::infinity(), false),
+              u"51 x, value inf failed to serialize");
+    EXPECT_EQ(failure(std::nan(""), true), u"51 , value nan failed to serialize");
+    EXPECT_EQ(failure(JsonValue(QVariant(QDate(2026, 3, 16))), false),
+              u"51 x, unknown/unsupported type = %1"_qs.arg(QMetaType::QDate));
+
+    const auto bag = std::make_shared<JsonBag>();
+    bag->setItem(u"self", bag);
+    EXPECT_EQ(failureOf([&] { bag->JSON(); }), u"28 Nested too deep");
+    bag->Clear();
+}
+
+TEST(JsonBagItems, AnObjectIsOrderedByInsertion)
+{
+    JsonBag bag;
+    fillABC(bag);
+    EXPECT_EQ(bag.Count(), 3);
+    EXPECT_EQ(bag.Name(2), u"b");
+    EXPECT_EQ(bag.Item(2).text(), u"dois");
+    EXPECT_EQ(bag.Item(u"b").text(), u"dois");
+    EXPECT_TRUE(bag.Item(u"c").isNull());
+
+    bag.setItem(u"a", 9);
+    EXPECT_EQ(bag.NewEnum(), (QStringList{u"b"_qs, u"c"_qs, u"a"_qs})) << "a replaced item moves to the end";
+    bag.setItem(u"a", true);
+    EXPECT_EQ(bag.JSON(), u"{\"b\":\"dois\",\"c\":null,\"a\":true}");
+
+    bag.Remove(u"c");
+    bag.Remove(u"missing");
+    bag.Remove(nullptr);
+    bag.Remove(0);
+    bag.Remove(3);
+    EXPECT_EQ(bag.JSON(), u"{\"b\":\"dois\",\"a\":true}");
+    bag.Remove(1);
+    EXPECT_EQ(bag.JSON(), u"{\"a\":true}");
+    EXPECT_EQ(bag.Name(1), u"a");
+
+    bag.AddNewArray(u"lista").setItem(nullptr, 1.5);
+    bag.AddNewObject(u"B").setItem(u"á", u"\"");
+    EXPECT_TRUE(bag.Item(u"lista").bag().IsArray());
+    EXPECT_EQ(bag.JSON(), u"{\"a\":true,\"lista\":[1.5],\"B\":{\"á\":\"\\\"\"}}");
+    EXPECT_EQ(JsonBag::Version(), QStringList{u"1.7"_qs});
+}
+
+TEST(JsonBagItems, AnArrayIsChangedByIndex)
+{
+    JsonBag bag;
+    bag.setIsArray(true);
+    bag.setItem(nullptr, u"a");
+    bag.setItem(7, u"b");
+    bag.setItem({}, u"c");
+    bag.setItem(2, u"B");
+    EXPECT_EQ(bag.JSON(), u"[\"a\",\"B\",\"c\"]");
+    bag.AddNewObject();
+    bag.AddNewArray(1);
+    EXPECT_EQ(bag.JSON(), u"[[],\"B\",\"c\",{}]");
+    bag.Remove(2);
+    bag.Remove(4);
+    EXPECT_EQ(bag.JSON(), u"[[],\"c\",{}]");
+    bag.Clear();
+    EXPECT_FALSE(bag.IsArray());
+    bag.setItem(u"a", 1);
+    EXPECT_EQ(bag.JSON(), u"{\"a\":1}");
+}
+
+TEST(JsonBagItems, WhatExists)
+{
+    JsonBag object;
+    object.setItem(u"a", 1);
+    JsonBag array;
+    array.setJSON(u"[1]"_qs);
+    EXPECT_FALSE(object.Exists(u"a")) << "names are not looked for";
+    EXPECT_TRUE(object.Exists(1));
+    EXPECT_FALSE(object.Exists(0));
+    EXPECT_FALSE(object.Exists(2));
+    EXPECT_FALSE(object.Exists(nullptr));
+    EXPECT_FALSE(array.Exists(1));
+    EXPECT_FALSE(array.Exists(u"1"));
+}
+
+TEST(JsonBagItems, WrongCallsAreErrors)
+{
+    JsonBag object;
+    fillABC(object);
+    JsonBag array;
+    array.setJSON(u"[1]"_qs);
+    const struct
+    {
+        std::function<void()> call;
+        QString failure;
+    } rows[] = {
+        {[&] { object.setIsArray(true); }, u"5 Cannot change IsArray setting after items have been added"_qs},
+        {[&] { array.setIsArray(true); }, u"5 Cannot change IsArray setting after items have been added"_qs},
+        {[&] { object.Item(); }, u"94 Key must be String or an index)"_qs},
+        {[&] { array.Item(nullptr); }, u"94 Key must be String or an index)"_qs},
+        {[&] { array.Item(u"1"); }, u"5 Array values can only be acessed by index"_qs},
+        {[&] { object.Item(u"A"); }, u"5 Invalid procedure call or argument"_qs},
+        {[&] { object.Item(0); }, u"9 Subscript out of range"_qs},
+        {[&] { array.Item(2); }, u"9 Subscript out of range"_qs},
+        {[&] { array.setItem(u"a", 1); },
+         u"5 Array values can only be changed by index or added via Null"_qs},
+        {[&] { array.AddNewArray(u"a"); },
+         u"5 Array values can only be changed by index or added via Null"_qs},
+        {[&] { array.setItem(0, 1); }, u"9 Subscript out of range"_qs},
+        {[&] { object.setItem(1, 1); },
+         u"5 Object values can only be changed or added by key not by index"_qs},
+        {[&] { object.AddNewObject(); },
+         u"5 Object values can only be changed or added by key not by index"_qs},
+        {[&] { array.Name(1); }, u"5 Array items do not have names"_qs},
+        {[&] { object.Name(4); }, u"9 Subscript out of range"_qs},
+        {[&] { array.NewEnum(); }, u"5 Arrays must be iterated using index values"_qs},
+        {[&] { array.Remove(u"a"); }, u"5 Must remove by index for arrays"_qs},
+    };
+    for (const auto& row : rows)
+        EXPECT_EQ(failureOf(row.call), row.failure);
+    EXPECT_EQ(object.JSON(), u"{\"a\":1,\"b\":\"dois\",\"c\":null}");
+    EXPECT_EQ(array.JSON(), u"[1]");
+}
+
+TEST(JsonBagItems, ManyNamesChangeLikeFew)
+{
+    constexpr int many = 20'000;
+    JsonBag bag;
+    const auto name = [](int i) { return u"nome %1"_qs.arg(i); };
+    for (int i = 0; i < many; ++i)
+        bag.setItem(name(i), i);
+    for (int i = 0; i < many; i += 2)
+        bag.setItem(name(i), -i);
+    for (int i = 1; i < many; i += 2)
+        bag.Remove(name(i));
+    ASSERT_EQ(bag.Count(), many / 2);
+    EXPECT_EQ(bag.Name(1), name(0));
+    EXPECT_EQ(bag.Name(many / 2), name(many - 2));
+    EXPECT_EQ(bag.Item(name(10)).number(), -10);
+
+    JsonBag again;
+    again.setJSON(bag.JSON());
+    EXPECT_EQ(again.JSON(), bag.JSON());
+    EXPECT_EQ(again.Item(name(many - 2)).number(), -(many - 2));
+}
+
+TEST(JsonBagItems, AChainOfAnyLengthIsDropped)
+{
+    JsonBag bag;
+    auto* last = &bag;
+    for (int i = 0; i < 300'000; ++i)
+        last = &last->AddNewObject(u"a");
+    EXPECT_EQ(failureOf([&] { bag.JSON(); }), u"28 Nested too deep");
+    bag.Clear();
+    EXPECT_EQ(bag.JSON(), u"{}");
+}
+
+TEST(JsonValues, KindsAndConversions)
+{
+    const struct
+    {
+        JsonValue value;
+        QString written;
+    } rows[] = {
+        {JsonValue(QVariant()), u"null"_qs},
+        {JsonValue(QVariant(true)), u"true"_qs},
+        {JsonValue(QVariant(u"x"_qs)), u"\"x\""_qs},
+        {JsonValue(QVariant(2.5)), u"2.5"_qs},
+        {JsonValue(QVariant(-7)), u"-7"_qs},
+        {JsonValue(qint64(9007199254740993)), u"9007199254740993"_qs},
+        {JsonValue(std::numeric_limits<qint64>::min()), u"-9223372036854775808"_qs},
+        {JsonValue(std::numeric_limits<quint64>::max()), u"18446744073709551615"_qs},
+        {JsonValue(std::shared_ptr<JsonBag>()), u"null"_qs},
+    };
+    for (const auto& row : rows) {
+        JsonBag bag;
+        bag.setIsArray(true);
+        bag.setItem({}, row.value);
+        EXPECT_EQ(bag.JSON(), u'[' + row.written + u']');
+    }
+    const auto number = [](const auto& read) {
+        try {
+            read();
+        } catch (const RuntimeError& error) {
+            return error.number();
+        }
+        return 0;
+    };
+    EXPECT_EQ(number([] { JsonValue(1).text(); }), 13);
+    EXPECT_EQ(number([] { JsonValue(u"1").number(); }), 13);
+    EXPECT_EQ(number([] { JsonValue().bag(); }), 13);
+}
