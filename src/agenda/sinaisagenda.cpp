@@ -136,16 +136,29 @@ protected:
     {
         QStyledItemDelegate::initStyleOption(option, index);
         const Aparencia& como = aparencia(LinhaAgenda::estado(option->text));
-        option->text.truncate(LinhaAgenda::titulo().size()); // what has no heading is for the program
+        option->text.truncate(larguraVisivel_); // what has no heading is for the program
         option->features |= QStyleOptionViewItem::HasDecoration;
         const int altura = alturaDoSinal(option->fontMetrics);
-        option->icon = QIcon(sinal(como, altura, option->widget->devicePixelRatioF()));
+        option->icon = icone(como, altura, option->widget->devicePixelRatioF());
         option->decorationSize = {altura, altura};
         option->palette.setColor(QPalette::Text, QColor(como.texto));
         if (como.fundo)
             option->backgroundBrush = QColor(como.fundo);
         option->font.setBold(como.estado == Estado::Bloqueado);
     }
+
+private:
+    /// Drawn once for each height of the letters.
+    const QIcon& icone(const Aparencia& como, int altura, qreal densidade) const
+    {
+        QIcon& um = icones_[{como.nome, altura}];
+        if (um.isNull())
+            um = QIcon(sinal(como, altura, densidade));
+        return um;
+    }
+
+    const qsizetype larguraVisivel_ = LinhaAgenda::titulo().size();
+    mutable QHash<std::pair<const char*, int>, QIcon> icones_;
 };
 
 /// From the list's left edge to the first character of a line, in pixels.
