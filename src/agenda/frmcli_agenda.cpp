@@ -17,6 +17,7 @@
 #include "platform/values/number.h"
 #include "ui_frmcli_agenda.h"
 
+#include <QScreen>
 #include <QSignalBlocker>
 
 using namespace Variaveis;
@@ -60,6 +61,14 @@ frmCli_Agenda::frmCli_Agenda() : ui(std::make_unique<Ui::frmCli_Agenda>())
 }
 
 frmCli_Agenda::~frmCli_Agenda() = default;
+
+QSize frmCli_Agenda::openingSize() const
+{
+    constexpr int aoRedor = 70; // title bar and the system's own bar
+    constexpr int bastante = 880;
+    const int altura = qMin(screen()->availableGeometry().height() - aoRedor, bastante);
+    return sizeHint().expandedTo(QSize(0, altura));
+}
 
 void frmCli_Agenda::wire()
 {

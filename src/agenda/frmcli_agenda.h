@@ -26,6 +26,9 @@ public:
     frmCli_Agenda();
     ~frmCli_Agenda() override;
 
+    /// As much of the day as the workstation's screen has room for.
+    QSize openingSize() const override;
+
 protected:
     void Form_Load() override;
     void Form_Unload() override;
