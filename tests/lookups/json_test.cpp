@@ -78,8 +78,8 @@ TEST(JsonReading, Accepts)
          u"[{\"a\":1,\"ab\":2},{\"ab\":3,\"a\":4},{\"a\":5,\"abc\":6},{\"a\":7,\"ab\":8,\"c\":9}]"_qs},
         {u"[{\"a\":1,\"x\":2},{\"b\":3,\"c\":4},{\"b\":5,\"x\":6}]"_qs,
          u"[{\"a\":1,\"x\":2},{\"b\":3,\"c\":4},{\"b\":5,\"x\":6}]"_qs},
-        {u"[{\"a\":1,\"b\":2,\"a\":3},{\"a\":4,\"b\":5},{\"b\":6,\"a\":7}]"_qs,
-         u"[{\"b\":2,\"a\":3},{\"a\":4,\"b\":5},{\"b\":6,\"a\":7}]"_qs},
+        {u"[{\"a\":1,\"b\":2,\"a\":3},{\"a\":4,\"b\":5,\"a\":8},{\"b\":6,\"a\":7}]"_qs,
+         u"[{\"b\":2,\"a\":3},{\"b\":5,\"a\":8},{\"b\":6,\"a\":7}]"_qs},
         {u"[{\"\\\\\":1},{\"\\\"x\":2},{\"\\\"x\":3}]"_qs, u"[{\"\\\\\":1},{\"\\\"x\":2},{\"\\\"x\":3}]"_qs},
         // texts
         {u"[\"\\\"\\\\\\/\\b\\f\\n\\r\\t\\u00e7\"]"_qs, u"[\"\\\"\\\\/\\b\\f\\n\\r\\tç\"]"_qs},
@@ -244,7 +244,7 @@ TEST(JsonReading, AlikeObjectsOfADocumentStandAlone)
 
 TEST(JsonReading, LongTexts)
 {
-    const QString text = QString(2000, u'\n') + QString(70'000, u'x');
+    const QString text = QString(200'000, u'\n') + QString(200'000, u'x');
     JsonBag bag;
     bag.setIsArray(true);
     for (int i = 0; i < 100; ++i)
@@ -409,13 +409,13 @@ TEST(JsonBagItems, ManyNamesChangeLikeFew)
     bag.Remove(u"gone");
     for (int i = 0; i < many; ++i)
         bag.setItem(name(i), i);
+    EXPECT_NE(failureOf([&] { bag.Item(u"gone"); }), u"");
     for (int i = 0; i < many; i += 2)
         bag.setItem(name(i), -i);
     for (int i = 1; i < many; i += 2)
         bag.Remove(name(i));
     ASSERT_EQ(bag.Count(), many / 2);
-    for (const QString& gone : {u"gone"_qs, name(1)})
-        EXPECT_EQ(failureOf([&] { bag.Item(gone); }), u"5 Invalid procedure call or argument");
+    EXPECT_NE(failureOf([&] { bag.Item(name(many - 1)); }), u"");
     EXPECT_EQ(bag.Name(1), name(0));
     EXPECT_EQ(bag.Name(many / 2), name(many - 2));
     EXPECT_EQ(bag.Item(name(10)).number(), -10);
