@@ -35,9 +35,9 @@ RuntimeError failureOf(const QNetworkReply& reply)
     case QNetworkReply::SslHandshakeFailedError:
         return {
             12175,
-            QStringLiteral("A conexão segura com o servidor falhou: %1\n%2").arg(host, reply.errorString())};
+            QStringLiteral("A conexão segura com o servidor falhou: %1 (%2)").arg(host, reply.errorString())};
     default:
-        return {12029, QStringLiteral("Sem conexão com o servidor: %1\n%2").arg(host, reply.errorString())};
+        return {12029, QStringLiteral("Sem conexão com o servidor: %1 (%2)").arg(host, reply.errorString())};
     }
 }
 
