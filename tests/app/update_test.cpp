@@ -1,6 +1,8 @@
 #include "app/core/instalacao.h"
 #include "app/frmprogresso.h"
 #include "ending.h"
+#include "platform/system/shell.h"
+#include "support/errorof.h"
 #include "support/oneanswer.h"
 #include "support/openedtargets.h"
 
@@ -114,6 +116,23 @@ TEST_F(Program, AnUpdateThatIsRefusedIsToldAndTheProgramGoesOn)
     EXPECT_TRUE(opened.list().isEmpty());
     EXPECT_TRUE(Form::of<frmPrincipal>().isVisible());
     EXPECT_TRUE(Menu::principal().enabled(u"mnuupdate"_qs));
+}
+
+TEST_F(Program, TheBarIsFullWhenTheUpdaterStarts)
+{
+    OneAnswer server(OneAnswer::http("200 OK", script));
+    const Vendor vendor(server.host());
+    start();
+    Shell::setHandler([](const QString& target) {
+        EXPECT_EQ(target, updater());
+        EXPECT_EQ(Files::read(target), script);
+        EXPECT_EQ(Form::of<frmProgresso>().findChild<QProgressBar*>(u"ProgressBar1"_qs)->value(), 3);
+        throw RuntimeError(75, {}); // the program would end otherwise
+    });
+    EXPECT_EQ(errorOf([] { Menu::principal().run(u"mnuupdate"_qs); }), 75);
+    Shell::setHandler({});
+    EXPECT_FALSE(QGuiApplication::overrideCursor());
+    Form::of<frmProgresso>().Unload();
 }
 
 TEST_F(Program, SupportFromTheLoginWindow)

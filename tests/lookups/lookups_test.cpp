@@ -137,11 +137,12 @@ TEST(PostalCode, NobodyAnswers)
     {
         OneAnswer silent("");
         const Services services(silent.host());
-        dialogs.expect(boxText(u"12002 Operation canceled"_qs), u"Atenção"_qs);
+        dialogs.expect(boxText(u"12002 O servidor não respondeu a tempo: 127.0.0.1"_qs), u"Atenção"_qs);
         EXPECT_EQ(Funcoes::BuscaCep(u"01001000"_qs, 200ms), u"");
     }
     const Services nobody(OneAnswer::closedHost());
-    dialogs.expect(boxText(u"12029 Connection refused"_qs), u"Atenção"_qs);
+    dialogs.expect(boxText(u"12029 Sem conexão com o servidor: 127.0.0.1 (Connection refused)"_qs),
+                   u"Atenção"_qs);
     EXPECT_EQ(Funcoes::BuscaCep(u"01001000"_qs), u"");
     dialogs.expect(boxText(u"12005 Endereço inválido: %1/ws/0100 000/xml/"_qs.arg(
                        qEnvironmentVariable("TREMOSILVA_HOST_CEP"))),

@@ -104,6 +104,11 @@ TEST(HttpGet, AnswersOfAnyStatusComeBackWhole)
     const Http::Response refused = Http::get(missing.host() + u"/ws/1"_qs, 5s);
     EXPECT_EQ(refused.status, 404);
     EXPECT_EQ(refused.body, "gone");
+
+    OneAnswer here(OneAnswer::http("200 OK", "found"));
+    OneAnswer moved("HTTP/1.1 302 Found\r\nContent-Length: 0\r\nLocation: " + here.host().toLatin1() +
+                    "/b\r\n\r\n");
+    EXPECT_EQ(Http::get(moved.host() + u"/a"_qs, 5s).body, "found");
 }
 
 TEST(HttpDownload, AFileIsKnownToBeWhole)
@@ -133,6 +138,9 @@ TEST(HttpGet, FailuresHaveTheirNumbers)
     }
     OneAnswer broken("HTTP/1.1 200 OK\r\nContent-Length: 100\r\n\r\nab");
     EXPECT_EQ(errorOf([&] { Http::get(broken.host() + u"/ws/1"_qs, 5s); }), 12030);
+
+    OneAnswer away("HTTP/1.1 302 Found\r\nLocation: ftp://127.0.0.1/x\r\nContent-Length: 0\r\n\r\n");
+    EXPECT_EQ(errorOf([&] { Http::get(away.host() + u"/ws/1"_qs, 5s); }), 12156);
 
     OneAnswer unsafe(OneAnswer::http("200 OK", "ab"));
     EXPECT_EQ(errorOf([&] { Http::get(unsafe.host().replace(u"http:"_qs, u"https:"_qs), 5s); }), 12175);

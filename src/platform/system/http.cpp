@@ -13,24 +13,41 @@ namespace Http {
 
 namespace {
 
-int numberOf(QNetworkReply::NetworkError error)
+RuntimeError failureOf(const QNetworkReply& reply)
 {
-    switch (error) {
+    const QString host = reply.url().host();
+    switch (reply.error()) {
     case QNetworkReply::OperationCanceledError:
     case QNetworkReply::TimeoutError:
-        return 12002;
+        return {12002, QStringLiteral("O servidor não respondeu a tempo: %1").arg(host)};
     case QNetworkReply::HostNotFoundError:
-        return 12007;
+        return {12007, QStringLiteral("Servidor não encontrado: %1").arg(host)};
     case QNetworkReply::RemoteHostClosedError:
-        return 12030;
-    case QNetworkReply::SslHandshakeFailedError:
-        return 12175;
+        return {12030, QStringLiteral("A resposta do servidor foi interrompida: %1").arg(host)};
+    case QNetworkReply::ProtocolFailure:
+        return {12152, QStringLiteral("A resposta do servidor não é válida: %1").arg(host)};
+    case QNetworkReply::TooManyRedirectsError:
+    case QNetworkReply::InsecureRedirectError:
     case QNetworkReply::ProtocolUnknownError:
     case QNetworkReply::ProtocolInvalidOperationError:
-        return 12005;
+        return {12156,
+                QStringLiteral("O servidor remete a um endereço que não pode ser aberto: %1").arg(host)};
+    case QNetworkReply::SslHandshakeFailedError:
+        return {
+            12175,
+            QStringLiteral("A conexão segura com o servidor falhou: %1 (%2)").arg(host, reply.errorString())};
     default:
-        return 12029;
+        return {12029, QStringLiteral("Sem conexão com o servidor: %1 (%2)").arg(host, reply.errorString())};
     }
+}
+
+/// Whether the answer came to its end, whatever its status: one from 400 on is an error of its own to the
+/// library.
+bool isAnswered(const QNetworkReply& reply, int status)
+{
+    const QNetworkReply::NetworkError error = reply.error();
+    return error == QNetworkReply::NoError || (status >= 400 && error >= QNetworkReply::ContentAccessDenied &&
+                                               error != QNetworkReply::ProtocolFailure);
 }
 
 QNetworkRequest requestFor(const QString& url, std::chrono::milliseconds timeout, const QByteArray& userAgent)
@@ -42,6 +59,8 @@ QNetworkRequest requestFor(const QString& url, std::chrono::milliseconds timeout
 
     QNetworkRequest request(address);
     request.setTransferTimeout(static_cast<int>(timeout.count()));
+    // Of a body that it unpacks the library drops the length, and does not tell when it is spoilt.
+    request.setRawHeader("Accept-Encoding", "identity");
     if (!userAgent.isEmpty())
         request.setHeader(QNetworkRequest::UserAgentHeader, userAgent);
     return request;
@@ -62,19 +81,16 @@ Answer answerTo(const QNetworkRequest& request)
     if (!reply->isFinished())
         loop.exec(QEventLoop::ExcludeUserInputEvents);
 
-    const QVariant status = reply->attribute(QNetworkRequest::HttpStatusCodeAttribute);
-    const bool answered = status.isValid();
-    const bool whole =
-        reply->error() == QNetworkReply::NoError || reply->error() >= QNetworkReply::ContentAccessDenied;
-    if (!answered || !whole)
-        throw RuntimeError(numberOf(reply->error()), reply->errorString());
+    const int status = reply->attribute(QNetworkRequest::HttpStatusCodeAttribute).toInt();
+    if (!isAnswered(*reply, status))
+        throw failureOf(*reply);
 
-    // The library may take an answer that breaks off for a whole one. It has dropped the length of a body
-    // that it has decompressed.
-    const Response response{status.toInt(), reply->readAll()};
+    // The library may take an answer that breaks off for a whole one.
+    const Response response{status, reply->readAll()};
     const QByteArray length = reply->rawHeader("Content-Length");
     if (!length.isEmpty() && length.toLongLong() != response.body.size())
-        throw RuntimeError(12030, QStringLiteral("A resposta do servidor foi interrompida"));
+        throw RuntimeError(
+            12030, QStringLiteral("A resposta do servidor foi interrompida: %1").arg(reply->url().host()));
     return {response, !length.isEmpty()};
 }
 
@@ -87,9 +103,7 @@ Response get(const QString& url, std::chrono::milliseconds timeout, const QByteA
 
 Response download(const QString& url, std::chrono::milliseconds timeout, const QByteArray& userAgent)
 {
-    QNetworkRequest request = requestFor(url, timeout, userAgent);
-    request.setRawHeader("Accept-Encoding", "identity"); // a body packed on its way has no length
-    const Answer answer = answerTo(request);
+    const Answer answer = answerTo(requestFor(url, timeout, userAgent));
     if (answer.response.status == 200 && !answer.hasLength)
         throw RuntimeError(12152,
                            QStringLiteral("O servidor não informou o tamanho do arquivo: %1").arg(url));
