@@ -120,7 +120,7 @@ TEST_P(BoundRows, ANumberThatIsLeftBlankIsTheServersAndAnyOtherStays)
 
 TEST_P(BoundRows, ARecordsetUsedAgainKnowsNothingOfItsLastResult)
 {
-    database().execute(u"insert into plano (nmplano) select concat('P', seq) from seq_1_to_200;"
+    database().execute(u"insert into plano (idplano) select seq from seq_1_to_200;"
                        "insert into produto values ('A', '1', 'luva'), ('A', '2', 'gaze')"_qs);
     for (const bool reconnect : {false, true}) {
         SCOPED_TRACE(reconnect);
@@ -130,25 +130,21 @@ TEST_P(BoundRows, ARecordsetUsedAgainKnowsNothingOfItsLastResult)
         for (int i = 0; i < 10; ++i)
             rs.Delete();
         rs.Fields("nmplano") = u"half typed"_qs;
-        if (reconnect) {
-            connection.Close();
-            connection.Open();
-        } else {
+        if (reconnect)
+            connection.Close(), connection.Open();
+        else
             rs.Close();
-        }
         open(rs, u"select * from produto order by cdpro"_qs);
         EXPECT_EQ(rs.RecordCount(), 2);
-        EXPECT_EQ(rs.AbsolutePosition(), 1);
         rs.MoveNext();
         rs.Fields("dspro") = reconnect ? u"soro"_qs : u"fio"_qs;
         rs.Update();
         EXPECT_EQ(database().value(u"select group_concat(dspro order by cdpro) from produto"_qs),
                   reconnect ? u"luva,soro" : u"luva,fio");
     }
-    EXPECT_EQ(
-        database().rows(u"select min(idplano), max(idplano), count(*), sum(nmplano = 'half typed') from plano"
-                        " where idplano > 100"_qs),
-        (Table{{u"121"_qs, u"200"_qs, u"80"_qs, u"0"_qs}}));
+    EXPECT_EQ(database().rows(u"select min(idplano), max(idplano), count(*), count(nmplano) from plano"
+                              " where idplano > 100"_qs),
+              (Table{{u"121"_qs, u"200"_qs, u"80"_qs, u"0"_qs}}));
 }
 
 TEST_P(BoundRows, AnUpdateTouchesOneRowAndOnlyWhatWasSet)

@@ -97,7 +97,7 @@ TEST_F(Grid, KeysAndClicksMoveTheRecordset)
     EXPECT_EQ(rs().AbsolutePosition(), 200);
 }
 
-TEST_F(Grid, TheRecordsetMovesTheGrid)
+TEST_F(Grid, TheRowIsSeenThatTheRecordsetMovesTo)
 {
     source.Refresh();
     const auto isSeen = [&](int row) {
@@ -106,15 +106,7 @@ TEST_F(Grid, TheRecordsetMovesTheGrid)
     rs().Find(u"nmplano = 'plano 150'"_qs);
     EXPECT_EQ(currentRow(), 149);
     EXPECT_TRUE(isSeen(149));
-    EXPECT_EQ(rs().AbsolutePosition(), 150);
-    rs().Find(u"idplano = 999"_qs);
-    EXPECT_EQ(currentRow(), -1);
-    rs().Filter(u"idplano > 190"_qs);
-    EXPECT_EQ(grid.model()->rowCount(), 10);
-    EXPECT_EQ(currentRow(), 0);
-    press(Qt::Key_Down);
-    EXPECT_EQ(rs().Fields("idplano").integer(), 192);
-    rs().Filter({});
+    rs().MoveFirst();
     rs().setAbsolutePosition(150);
     rs().Requery();
     EXPECT_EQ(currentRow(), 149);
@@ -124,11 +116,7 @@ TEST_F(Grid, TheRecordsetMovesTheGrid)
 TEST_F(Grid, ARefreshKeepsTheRow)
 {
     source.Refresh();
-    rs().Find(u"idplano = 150"_qs);
     database().execute(u"delete from plano where idplano between 10 and 19"_qs);
-    source.Refresh();
-    EXPECT_EQ(rs().Fields("idplano").integer(), 150);
-    EXPECT_EQ(currentRow(), 139);
     rs().Filter(u"idplano > 198"_qs);
     rs().MoveNext();
     rs().Fields("nmplano") = u"half typed"_qs;
@@ -222,11 +210,14 @@ TEST_F(Grid, EveryChangeOfTheCurrentRowIsToldOnce)
         {"the same row", [&] { QTest::mouseClick(grid.viewport(), Qt::LeftButton, {}, middleOf(4)); }, {}},
         {"program", [&] { rs().Find(u"idplano = 150"_qs); }, {u"150"_qs}},
         {"found again", [&] { rs().Find(u"idplano = 150"_qs); }, {}},
+        {"not found", [&] { rs().Find(u"idplano = 999"_qs); }, {u"end"_qs}},
+        {"found after all", [&] { rs().Find(u"idplano = 150"_qs); }, {u"150"_qs}},
         {"refreshed", [&] { source.Refresh(); }, {}},
         {"moved up by a requery", [&] { requeryWithout(1); }, {}},
         {"gone at a requery", [&] { requeryWithout(150); }, {u"151"_qs}},
         {"filter with it first", [&] { rs().Filter(u"idplano > 150"_qs); }, {}},
-        {"filter", [&] { rs().Filter(u"idplano > 190"_qs); }, {u"191"_qs}},
+        {"filter", [&] { rs().Filter(u"idplano > 189"_qs); }, {u"190"_qs}},
+        {"key under the filter", [&] { press(Qt::Key_Down); }, {u"191"_qs}},
         {"columns, a change not being saved",
          [&] {
              rs().Fields("nmplano") = u"half typed"_qs;
@@ -332,12 +323,15 @@ TEST_F(Grid, TheSourceMayGoBeforeTheGridAndTheGridBeforeTheSource)
     }
     EXPECT_EQ(grid.model()->rowCount(), 0);
     press(Qt::Key_Down);
+    grid.setDataSource(&source);
     auto second = std::make_unique<DataGrid>();
     second->setDataSource(&source);
     source.Refresh();
-    second.reset();
+    QObject::connect(&grid, &DataGrid::rowChanged, [&] { second.reset(); });
+    rs().MoveNext(); // the second one goes before it is told
+    EXPECT_FALSE(second);
     source.Refresh();
-    EXPECT_EQ(rs().RecordCount(), 200);
+    EXPECT_EQ(currentRow(), 1);
 }
 
 TEST_F(Grid, AColumnWithoutItsFieldIsAnError)
