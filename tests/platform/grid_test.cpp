@@ -334,6 +334,16 @@ TEST_F(Grid, TheSourceMayGoBeforeTheGridAndTheGridBeforeTheSource)
     EXPECT_EQ(currentRow(), 1);
 }
 
+TEST_F(Grid, AFailingHandlerKeepsNoOtherGridFromItsRow)
+{
+    DataGrid second;
+    second.setDataSource(&source);
+    source.Refresh();
+    QObject::connect(&grid, &DataGrid::rowChanged, [] { Errors::objectNotSet(); });
+    EXPECT_EQ(errorOf([&] { rs().MoveNext(); }), 91);
+    EXPECT_EQ(second.currentIndex().row(), 1);
+}
+
 TEST_F(Grid, AColumnWithoutItsFieldIsAnError)
 {
     source.setRecordSource(u"select idplano, nmplano from plano"_qs);
