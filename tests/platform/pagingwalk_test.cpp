@@ -16,31 +16,32 @@ protected:
     {
         DataFixture::SetUp();
         random.seed(unsigned(GetParam()));
-        const QList<QStringList> values{
-            {u"null"_qs, u"''"_qs, u"'ana'"_qs, u"'ANA '"_qs, u"'Ána'"_qs, u"'ana\\\\'"_qs, u"'d''água'"_qs,
-             u"'012'"_qs, u"'12'"_qs, u"' 12'"_qs, u"'12%'"_qs, u"'1_2'"_qs, u"'ß'"_qs, u"'ss'"_qs, u"'😀'"_qs,
-             u"'a?b'"_qs, u"'\"x'"_qs, u"'a\\nb'"_qs},
-            {u"null"_qs, u"0"_qs, u"-1.25"_qs, u"12.5"_qs, u"9999999999999.99"_qs, u"9999999999999.98"_qs},
-            {u"null"_qs, u"'2026-01-31'"_qs, u"'2018-11-04'"_qs, u"'1999-12-31'"_qs},
-            {u"null"_qs, u"'08:00'"_qs, u"'-01:00'"_qs, u"'120:00:00'"_qs},
-            {u"'N'"_qs, u"'X'"_qs}};
+        const QStringView values[] = {
+            u"null|''|'ana'|'ANA '|'Ána'|'ana\\\\'|'d''água'|'012'|'12'|' 12'|'12%'|"
+            "'1_2'|'ß'|'ss'|'😀'|'a?b'|'\"x'|'a\\nb'",
+            u"null|0|-1.25|12.5|9999999999999.99|9999999999999.98",
+            u"null|'2026-01-31'|'2018-11-04'|'1999-12-31'", u"null|'08:00'|'-01:00'|'120:00:00'", u"'N'|'X'"};
         QStringList rows;
         for (int id = 3 * (40 + below(100)); id > 0; id -= 3) {
             QStringList row{QString::number(id)};
-            for (const QStringList& column : values)
+            for (const QStringView column : values)
                 row << one(column);
             rows << u'(' + row.join(u',') + u')';
         }
         database().execute(u"insert into plano (idplano, nmplano, pdesc, inicio, hora, sit) values "_qs +
                            rows.join(u','));
         for (int i = below(4); i > 0; --i)
-            order << one({u"nmplano"_qs, u"pdesc"_qs, u"inicio"_qs, u"hora"_qs, u"sit"_qs}) +
-                         one({u""_qs, u" desc"_qs, u" ASC"_qs});
+            order << one(u"nmplano|pdesc|inicio|hora|sit") + one(u"| desc| ASC");
         size = 1 + below(4);
     }
 
     int below(int n) { return int(random() % unsigned(n)); }
-    QString one(const QStringList& of) { return of[below(int(of.size()))]; }
+    /// One of the texts between the "|".
+    QString one(QStringView choices)
+    {
+        const QStringList of = choices.toString().split(u'|');
+        return of[below(int(of.size()))];
+    }
 
     void openRows(Recordset& rs, qsizetype rowsOfAPage, const QString& conditions, const QStringList& columns)
     {
@@ -60,26 +61,12 @@ protected:
 
     QString criteria()
     {
-        return one({u"idplano = #"_qs,
-                    u"idplano like '#'"_qs,
-                    u"idplano > #"_qs,
-                    u"nmplano = 'ANA'"_qs,
-                    u"nmplano like 'a%'"_qs,
-                    u"nmplano like 12"_qs,
-                    u"nmplano like '%12%' and idplano > #"_qs,
-                    u"nmplano = '12%'"_qs,
-                    u"nmplano <> 'ana'"_qs,
-                    u"nmplano like '1_2'"_qs,
-                    u"nmplano = ''"_qs,
-                    u"nmplano = 'ß'"_qs,
-                    u"nmplano = 'd''água'"_qs,
-                    u"nmplano = 'ana\\'"_qs,
-                    u"nmplano > 'b'"_qs,
-                    u"pdesc = 12.5"_qs,
-                    u"pdesc = '9999999999999.99'"_qs,
-                    u"inicio < '2020/01/01'"_qs,
-                    u"hora = '08:00'"_qs,
-                    u"sit = 'x' and pdesc > 0"_qs})
+        return one(u"idplano = #|idplano like '#'|idplano > #|nmplano = 'ANA'|nmplano like 'a%'|"
+                   "nmplano like 12|"
+                   "nmplano like '%12%' and idplano > #|nmplano = '12%'|nmplano <> 'ana'|nmplano like '1_2'|"
+                   "nmplano = ''|nmplano = 'ß'|nmplano = 'd''água'|nmplano = 'ana\\'|nmplano > 'b'|"
+                   "pdesc = 12.5|pdesc = '9999999999999.99'|inicio < '2020/01/01'|hora = '08:00'|"
+                   "sit = 'x' and pdesc > 0")
             .replace(u'#', QString::number(below(400)));
     }
 
@@ -90,8 +77,8 @@ protected:
 
 TEST_P(RandomWalk, RowsReadByPagesShowAsRowsHeldWhole)
 {
-    const QString conditions = one({u""_qs, u" where sit = 'N'"_qs, u" where sit = 'N' or nmplano is null"_qs,
-                                    u" where nmplano like '%a%' and pdesc like '%'"_qs});
+    const QString conditions = one(u"| where sit = 'N'| where sit = 'N' or nmplano is null|"
+                                   " where nmplano like '%a%' and pdesc like '%'");
     Recordset paged;
     Recordset whole;
     openRows(paged, size, conditions, order);
@@ -109,19 +96,15 @@ TEST_P(RandomWalk, RowsReadByPagesShowAsRowsHeldWhole)
     for (int i = 0; i < 300 && !HasFailure(); ++i) {
         const int n = 1 + below(10);
         const QString wanted = criteria();
+        const auto repeated = [&](const QString& what, void (Recordset::*move)()) {
+            both(what, [&](Recordset& rs) {
+                for (int k = 0; k < n; ++k)
+                    (rs.*move)();
+            });
+        };
         const std::function<void()> steps[] = {
-            [&] {
-                both(u"next"_qs, [&](Recordset& rs) {
-                    for (int k = 0; k < n; ++k)
-                        rs.MoveNext();
-                });
-            },
-            [&] {
-                both(u"previous"_qs, [&](Recordset& rs) {
-                    for (int k = 0; k < n; ++k)
-                        rs.MovePrevious();
-                });
-            },
+            [&] { repeated(u"next"_qs, &Recordset::MoveNext); },
+            [&] { repeated(u"previous"_qs, &Recordset::MovePrevious); },
             [&] { both(u"first"_qs, [](Recordset& rs) { rs.MoveFirst(); }); },
             [&] { both(u"last"_qs, [](Recordset& rs) { rs.MoveLast(); }); },
             [&] { both(u"to %1"_qs.arg(12 * n), [&](Recordset& rs) { rs.setAbsolutePosition(12 * n); }); },
@@ -156,9 +139,9 @@ TEST_P(RandomWalk, ChangedRowsAreNeitherLostNorRepeated)
     SCOPED_TRACE(rs.source().toStdString() + " / " + std::to_string(size));
     const auto code = [&] { return rs.Fields("idplano").text(); };
     const auto change = [&] {
-        rs.Fields("nmplano") = one({u"aa"_qs, u"zz"_qs, u"ana"_qs, u"M"_qs});
+        rs.Fields("nmplano") = one(u"aa|zz|ana|M");
         rs.Fields("inicio") = QDate(1990 + below(50), 1, 1);
-        rs.Fields("sit") = one({u"N"_qs, u"X"_qs});
+        rs.Fields("sit") = one(u"N|X");
         rs.Update();
     };
     std::map<qsizetype, QString> marks;
