@@ -121,11 +121,15 @@ TEST(Routines, DateBoxes)
         }
         EXPECT_EQ(box.text(), row.shown);
     }
+    constexpr int Backspace = 8;
     QLineEdit box(u"31/12"_qs);
     box.setCursorPosition(2);
     int key = '7';
     Rotirnas::MascaraData(key, box);
     EXPECT_EQ(box.text(), u"31//12");
+    key = Backspace;
+    Rotirnas::MascaraData(key, box);
+    EXPECT_EQ(key, Backspace);
 }
 
 TEST(Routines, Age)

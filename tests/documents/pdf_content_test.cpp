@@ -413,6 +413,10 @@ TEST_F(PDFContent, NamesAndWidthsOfFonts)
 TEST_F(PDFContent, MarginsAndPageSizes)
 {
     PDFPrinter pdf;
+    EXPECT_EQ(pdf.PDFGetUnit(), u"cm");
+    pdf.PDFSetMargins(10, 20);
+    EXPECT_EQ(pdf.PDFGetRightMargin(), 10);
+    EXPECT_EQ(pdf.PDFGetBottomMargin(), 20);
     for (const auto& [given, kept] : {std::pair(2.5, 2), {3.5, 4}, {-0.5, 0}, {2.51, 3}}) {
         pdf.PDFSetTopMargin(given);
         EXPECT_EQ(pdf.PDFGetTopMargin(), kept) << given;
@@ -424,8 +428,13 @@ TEST_F(PDFContent, MarginsAndPageSizes)
         QVariant format;
         qint32 orientation;
         double width, height;
-    } rows[] = {{0, 1, 595, 842}, {0, 0, 842, 595},  {2, 1, 421, 595},
-                {3, 1, 612, 792}, {4, 0, 1008, 612}, {QVariantList{100.5, 200.5}, 1, 100, 200}};
+    } rows[] = {{0, 1, 595, 842},
+                {0, 0, 842, 595},
+                {1, 1, 842, 1191},
+                {2, 1, 421, 595},
+                {3, 1, 612, 792},
+                {4, 0, 1008, 612},
+                {QVariantList{100.5, 200.5}, 1, 100, 200}};
     for (const auto& row : rows) {
         pdf.PDFFormatPage(row.format);
         pdf.PDFOrientation(row.orientation);

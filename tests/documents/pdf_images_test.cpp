@@ -40,6 +40,7 @@ TEST_F(PDFImages, WhatTheHeaderTells)
         {framed(0xC7, 4), "DeviceCMYK", 8},
         {framed(0xC1, 2), "", 16},
         {framed(0xC0, 3, jfif(0) + fill), "DeviceRGB", 8},
+        {framed(0xC0, 3, jfif(2)), "DeviceRGB", 8},
         {framed(0xC0, 3, jfif(3)), {}, 0},
         {framed(0xC4, 3), {}, 0}, // a table
         {framed(0xC9, 3), {}, 0}, // arithmetic coding, which PDF does not have
