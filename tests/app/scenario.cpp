@@ -27,11 +27,11 @@ public:
     Answer message(const MessageBox& box) override
     {
         std::printf("%s|%s%s\n", qPrintable(box.title),
-                    qPrintable(QString(box.text).replace(QLatin1Char('\n'), QLatin1String("\\n"))),
+                    qPrintable(QString(box.text).replace(u'\n', u"\\n"_qs)),
                     box.icon == Icon::Critical ? "|critical" : "");
         if (box.buttons == Buttons::Ok)
             return Answer::Ok;
-        return !answers_.isEmpty() && answers_.takeFirst() == QLatin1String("sim") ? Answer::Yes : Answer::No;
+        return !answers_.isEmpty() && answers_.takeFirst() == u"sim" ? Answer::Yes : Answer::No;
     }
     std::optional<QString> input(const QString&, const QString&, const QString&) override { return {}; }
     std::optional<QString> file(const FileDialog&) override { return {}; }
@@ -40,69 +40,54 @@ private:
     QStringList answers_;
 };
 
-void login(ModalDriver& modal)
-{
-    modal.expect(QStringLiteral("frmtelainicial"), [](ScreenDriver& screen) {
-        screen.type(QStringLiteral("txtUsuario"), QStringLiteral("maria"));
-        screen.type(QStringLiteral("txtSenha"), QStringLiteral("segredo"));
-        screen.press(Qt::Key_Return);
-    });
-}
-
-void escape(ModalDriver& modal, const char* screen)
-{
-    modal.expect(QString::fromLatin1(screen), [](ScreenDriver& opened) { opened.press(Qt::Key_Escape); });
-}
-
 void play(const QString& scenario, ModalDriver& modal)
 {
     auto& principal = Form::of<frmPrincipal>();
-    ScreenDriver window(principal);
-    if (scenario == QLatin1String("close-login")) {
-        escape(modal, "frmtelainicial");
-    } else if (scenario == QLatin1String("configure")) {
-        modal.expect(QStringLiteral("frmconfig"), [](ScreenDriver& screen) {
-            screen.type(QStringLiteral("txtString"), QStringLiteral("Servidor"));
-            screen.type(QStringLiteral("txtIdLic"), QStringLiteral("c1"));
-            screen.click(QStringLiteral("Command2"));
+    const auto escape = [](ScreenDriver& screen) { screen.press(Qt::Key_Escape); };
+    if (scenario == u"close-login")
+        modal.expect(u"frmtelainicial"_qs, escape);
+    else if (scenario == u"configure")
+        modal.expect(u"frmconfig"_qs, [](ScreenDriver& screen) {
+            screen.type(u"txtString"_qs, u"Servidor"_qs);
+            screen.type(u"txtIdLic"_qs, u"c1"_qs);
+            screen.click(u"Command2"_qs);
         });
-    } else if (scenario == QLatin1String("first-user")) {
-        modal.expect(QStringLiteral("frmcadusuario"), [](ScreenDriver& screen) {
-            screen.type(QStringLiteral("Combo1"), QStringLiteral("ana"));
-            screen.type(QStringLiteral("txtsenha"), QStringLiteral("x"));
-            screen.type(QStringLiteral("txtoksenha"), QStringLiteral("x"));
-            screen.click(QStringLiteral("Command2"));
-            screen.click(QStringLiteral("Command1"));
-            screen.press(Qt::Key_Escape);
+    else if (scenario == u"first-user")
+        modal.expect(u"frmcadusuario"_qs, [escape](ScreenDriver& screen) {
+            screen.type(u"Combo1"_qs, u"ana"_qs);
+            screen.type(u"txtsenha"_qs, u"x"_qs);
+            screen.type(u"txtoksenha"_qs, u"x"_qs);
+            screen.click(u"Command2"_qs);
+            screen.click(u"Command1"_qs);
+            escape(screen);
         });
-    } else if (scenario == QLatin1String("quote-at-login")) {
-        modal.expect(QStringLiteral("frmtelainicial"), [](ScreenDriver& screen) {
-            screen.type(QStringLiteral("txtUsuario"), QStringLiteral("d'avila"));
-            screen.click(QStringLiteral("Command1"));
+    else
+        modal.expect(u"frmtelainicial"_qs, [&](ScreenDriver& screen) {
+            const bool quote = scenario == u"quote-at-login";
+            screen.type(u"txtUsuario"_qs, quote ? u"d'avila"_qs : u"maria"_qs);
+            screen.type(u"txtSenha"_qs, quote ? QString() : u"segredo"_qs);
+            screen.click(u"Command1"_qs);
         });
-    } else {
-        login(modal);
-    }
     principal.Show();
     settle();
 
-    if (scenario == QLatin1String("log-off")) {
-        escape(modal, "frmtelainicial");
-        window.press(Qt::Key_F10);
-    } else if (scenario == QLatin1String("close-window")) {
+    if (scenario == u"log-off") {
+        modal.expect(u"frmtelainicial"_qs, escape);
+        ScreenDriver(principal).press(Qt::Key_F10);
+    } else if (scenario == u"close-window") {
         principal.close();
-    } else if (scenario.startsWith(QLatin1String("update"))) {
-        if (scenario == QLatin1String("update-over-old"))
-            Files::write(Files::inProgramFolder(QStringLiteral("\\adm_atu.exe")), "old");
-        Menu::principal().run(QStringLiteral("mnuupdate"));
-    } else if (scenario == QLatin1String("quote-in-a-screen")) {
-        modal.expect(QStringLiteral("frmcadusuario"), [](ScreenDriver& screen) {
-            screen.type(QStringLiteral("Combo1"), QStringLiteral("o'hara"));
+    } else if (scenario.startsWith(u"update")) {
+        if (scenario == u"update-over-old")
+            Files::write(Files::inProgramFolder(u"\\adm_atu.exe"_qs), "old");
+        Menu::principal().run(u"mnuupdate"_qs);
+    } else if (scenario == u"quote-in-a-screen") {
+        modal.expect(u"frmcadusuario"_qs, [](ScreenDriver& screen) {
+            screen.type(u"Combo1"_qs, u"o'hara"_qs);
             screen.press(Qt::Key_Tab);
         });
-        Menu::principal().run(QStringLiteral("cadUsu"));
+        Menu::principal().run(u"cadUsu"_qs);
     }
-    Report::fail(QStringLiteral("the program goes on"));
+    Report::fail(u"the program goes on"_qs);
 }
 
 } // namespace

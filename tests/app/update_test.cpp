@@ -28,6 +28,11 @@ QString updater()
     return Files::inProgramFolder(u"\\adm_atu.exe"_qs);
 }
 
+QProgressBar* bar()
+{
+    return Form::of<frmProgresso>().findChild<QProgressBar*>(u"ProgressBar1"_qs);
+}
+
 /// Waits until the script has run so often.
 bool hasRun(int times)
 {
@@ -57,31 +62,23 @@ TEST_F(Ending, TheUpdaterTakesOverAndTheNextStartRemovesIt)
     EXPECT_FALSE(Files::exists(updater()));
 }
 
-TEST_F(Ending, AnUpdateThatFailsOnTheWayEndsTheProgramAndLeavesNothing)
+TEST_F(Ending, AFailedUpdateEndsTheProgramWithAnError)
 {
-    OneAnswer server(OneAnswer::http("200 OK", script).chopped(5));
-    {
-        const Vendor vendor(server.host());
+    const auto expectError = [&](const QString& host, int number) {
+        const Vendor vendor(host);
         const Outcome end = run(u"update"_qs);
-        EXPECT_EQ(end.status, 1);
+        EXPECT_EQ(end.status, 1) << number;
         ASSERT_EQ(end.boxes.size(), 1) << end.boxes.join(u'\n').toStdString();
-        EXPECT_TRUE(end.boxes[0].startsWith(u"Tremosilva 1.0|Erro 12030\\n"_qs))
+        EXPECT_TRUE(end.boxes[0].startsWith(u"Tremosilva 1.0|Erro %1\\n"_qs.arg(number)))
             << end.boxes[0].toStdString();
-        EXPECT_EQ(QDir(folder.path()).entryList(QDir::Files | QDir::Hidden),
-                  QStringList{u"tremosilva.ini"_qs});
-    }
-    const Vendor gone(OneAnswer::closedHost());
-    EXPECT_TRUE(run(u"update"_qs).boxes.value(0).contains(u"Erro 12029"_qs));
-}
-
-TEST_F(Ending, AnUpdaterThatIsNoProgramEndsTheProgramWithAnError)
-{
-    OneAnswer server(OneAnswer::http("200 OK", "<html>no program</html>"));
-    const Vendor vendor(server.host());
-    const Outcome end = run(u"update"_qs);
-    EXPECT_EQ(end.status, 1);
-    EXPECT_TRUE(end.boxes.value(0).startsWith(u"Tremosilva 1.0|Erro 75\\n"_qs))
-        << end.boxes.join(u'\n').toStdString();
+    };
+    OneAnswer cut(OneAnswer::http("200 OK", script).chopped(5));
+    expectError(cut.host(), 12030);
+    expectError(OneAnswer::closedHost(), 12029);
+    EXPECT_EQ(QDir(folder.path()).entryList(QDir::Files | QDir::Hidden), QStringList{u"tremosilva.ini"_qs})
+        << "nothing of it is left";
+    OneAnswer noProgram(OneAnswer::http("200 OK", "<html>no program</html>"));
+    expectError(noProgram.host(), 75);
 }
 
 TEST_F(Program, AnUpdateThatIsRefusedIsToldAndTheProgramGoesOn)
@@ -99,8 +96,8 @@ TEST_F(Program, AnUpdateThatIsRefusedIsToldAndTheProgramGoesOn)
         EXPECT_FALSE(progress.isModal());
         EXPECT_EQ(progress.windowTitle(), u"Atualização");
         EXPECT_EQ(screen.text(u"lMSG"_qs), u"Aguarde... Baixando Atualização...");
-        EXPECT_EQ(progress.findChild<QProgressBar*>(u"ProgressBar1"_qs)->maximum(), 3);
-        EXPECT_EQ(progress.findChild<QProgressBar*>(u"ProgressBar1"_qs)->value(), 1);
+        EXPECT_EQ(bar()->maximum(), 3);
+        EXPECT_EQ(bar()->value(), 1);
         ASSERT_TRUE(QGuiApplication::overrideCursor());
         EXPECT_EQ(QGuiApplication::overrideCursor()->shape(), Qt::WaitCursor);
         server.release();
@@ -126,7 +123,7 @@ TEST_F(Program, TheBarIsFullWhenTheUpdaterStarts)
     Shell::setHandler([](const QString& target) {
         EXPECT_EQ(target, updater());
         EXPECT_EQ(Files::read(target), script);
-        EXPECT_EQ(Form::of<frmProgresso>().findChild<QProgressBar*>(u"ProgressBar1"_qs)->value(), 3);
+        EXPECT_EQ(bar()->value(), 3);
         throw RuntimeError(75, {}); // the program would end otherwise
     });
     EXPECT_EQ(errorOf([] { Menu::principal().run(u"mnuupdate"_qs); }), 75);
@@ -142,13 +139,11 @@ TEST_F(Program, SupportFromTheLoginWindow)
     for (int i = 0; i < 2; ++i)
         dialogs.expect(missing, Instalacao::fornecedor());
     modal.expect(u"frmtelainicial"_qs, [](ScreenDriver& login) {
-        {
-            const OpenedTargets opened;
-            login.press(Qt::Key_F10);
-            login.click(u"Label4"_qs);
-            const QString address = u"https://vendor.example/down/suporte.exe"_qs;
-            EXPECT_EQ(opened.list(), (QStringList{address, address}));
-        }
+        auto opened = std::make_unique<OpenedTargets>();
+        login.press(Qt::Key_F10);
+        login.click(u"Label4"_qs);
+        EXPECT_EQ(opened->list(), QStringList(2, u"https://vendor.example/down/suporte.exe"_qs));
+        opened.reset();
         const QString tool = Files::inProgramFolder(u"\\suporte.exe"_qs);
         Files::write(tool, script);
         Files::makeExecutable(tool);

@@ -47,9 +47,7 @@ QByteArray helvetica(const QByteArray& number)
                     "/Encoding /WinAnsiEncoding\n>>\nendobj\n";
 }
 
-class PDFFile : public PDFTest
-{
-};
+using PDFFile = PDFTest;
 
 } // namespace
 
@@ -100,11 +98,18 @@ TEST_F(PDFFile, OnePageAsTheReportsMakeIt)
     expectReadable(1);
 }
 
-TEST_F(PDFFile, TwoPagesOfDifferentSize)
+TEST_F(PDFFile, TwoPagesOfDifferentSizeWithAPictureALinkAndThreeBookmarks)
 {
+    QImage picture(40, 30, QImage::Format_RGB32);
+    picture.fill(Qt::red);
+    ASSERT_TRUE(picture.save(path(u"foto.jpg"_qs)));
+    const QByteArray data = bytes(u"foto.jpg"_qs);
     PDFPrinter pdf;
     configure(pdf, oneFont());
+    pdf.PDFSetZoomMode(2);
+    pdf.PDFSetLayoutMode(1);
     beginDocument(pdf);
+    pdf.PDFSetBookmark(u"tr\u00EAs"_qs, 1, 80.25);
     pdf.PDFDrawLine(10, 20, 30, 40);
     pdf.PDFEndPage();
     pdf.PDFPageWidth(400.5);
@@ -114,7 +119,8 @@ TEST_F(PDFFile, TwoPagesOfDifferentSize)
     EXPECT_EQ(bytes().count("endobj"), 3);
     EXPECT_EQ(pdf.PDFPageNumber(), 2);
     EXPECT_EQ(pdf.PDFGetX() + pdf.PDFGetY(), 2); // at the margins
-    pdf.PDFDrawLine(10, 20, 30, 40);
+    pdf.PDFSetFont(0, 9, 0);
+    pdf.PDFImage(path(u"foto.jpg"_qs), 100, 200, 80, 0, u"https://exemplo.com.br/a(b)"_qs);
     pdf.PDFEndDoc();
 
     // The line is 73 bytes with its line ends; the first page's length is 12 more, the second page's content
@@ -122,33 +128,46 @@ TEST_F(PDFFile, TwoPagesOfDifferentSize)
     const QByteArray font = helvetica("6");
     EXPECT_EQ(
         bytes().toStdString(),
-        fileOf(QByteArrayList{
-                   information(),
-                   "2 0 obj\n<< /Length 3 0 R\n >>\nstream\n%DEBUT_LN/%\n\n10.00 822.00 m\n"
-                   "30.00 802.00 l\n0 G\n0.57 w S\n%FIN_LN/%\nendstream\nendobj\n%FIN_OBJ/%\n",
-                   "%DEBUT_OBJ/%\n3 0 obj\n85\nendobj\n%FIN_OBJ/%\n",
-                   "4 0 obj\n<< /Length 5 0 R\n >>\nstream\n%DEBUT_OBJ/%\n%DEBUT_LN/%\n\n10.00 280.00 m\n"
-                   "30.00 260.00 l\n0 G\n0.57 w S\n%FIN_LN/%\nendstream\nendobj\n",
-                   "5 0 obj\n87\nendobj\n", font,
-                   font + "%DEBUT_OBJ/%\n7 0 obj\n<< /Type /Pages\n/Kids [\n9 0 R\n10 0 R\n]\n"
-                          "/Count 2\n>>\nendobj\n",
-                   "8 0 obj\n<< /ProcSet [ /PDF /Text /ImageC]\n/XObject << \n>>\n/Font << \n"
-                   "/F1 6 0 R \n>>\n>>\nendobj\n",
-                   "9 0 obj\n<< /Type /Page\n/Parent 7 0 R\n/MediaBox [ 0 0 595 842]\n"
-                   "/Resources 8 0 R\n/Contents 2 0 R\n>>\nendobj\n%FIN_OBJ/%\n",
-                   "10 0 obj\n<< /Type /Page\n/Parent 7 0 R\n/MediaBox [ 0 0 400.5 300]\n"
-                   "/Resources 8 0 R\n/Contents 4 0 R\n>>\nendobj\n%FIN_OBJ/%\n",
-                   // the outline's heights are taken from the latest page
-                   "11 0 obj\n<</Title (um)\n/Parent 13 0 R\n/First 12 0 R\n/Last 12 0 R\n"
-                   "/Dest [9 0 R /XYZ 0 260.00 null]\n/Count 0>>\nendobj\n",
-                   "12 0 obj\n<</Title (dois)\n/Parent 11 0 R\n/Dest [9 0 R /XYZ 0 240.00 null]\n"
-                   "/Count 0>>\nendobj\n",
-                   "13 0 obj\n<</Type /Outlines /First 11 0 R\n/Last 12 0 R>>\nendobj\n",
-                   "14 0 obj\n<<\n/Type /Catalog\n/Pages 7 0 R\n/OpenAction [3 0 R /Fit]\n"
-                   "/PageLayout /SinglePage\n>>\nendobj\n"})
+        fileOf(
+            {information(),
+             "2 0 obj\n<< /Length 3 0 R\n >>\nstream\n%DEBUT_LN/%\n\n10.00 822.00 m\n"
+             "30.00 802.00 l\n0 G\n0.57 w S\n%FIN_LN/%\nendstream\nendobj\n%FIN_OBJ/%\n",
+             "%DEBUT_OBJ/%\n3 0 obj\n85\nendobj\n%FIN_OBJ/%\n",
+             "4 0 obj\n<< /Length 5 0 R\n >>\nstream\n%DEBUT_OBJ/%\nq\n80.00 0 0 60.00 100.00 40.00 cm "
+             "/ImgJPEG1 Do Q\n"
+             "%DEBUT_LINK/%\nq 0.000 0.000 1.000 rg \n%DEBUT_TEXT/%\nBT\n101.00 100.00 Td\n/F1 9.00 Tf\n() "
+             "Tj\n"
+             "ET\n101.00 98.00 0.00 0.00 re f\nQ\n%FIN_TEXT/%\n%FIN_LINK/%\nendstream\nendobj\n",
+             "5 0 obj\n224\nendobj\n", font,
+             font +
+                 "%DEBUT_OBJ/%\n7 0 obj\n<< /Type /Pages\n/Kids [\n10 0 R\n11 0 R\n]\n/Count 2\n>>\nendobj\n",
+             "8 0 obj\n<< /ProcSet [ /PDF /Text /ImageC]\n/XObject << \n/ImgJPEG1 9 0 R\n>>\n/Font << \n"
+             "/F1 6 0 R \n>>\n>>\nendobj\n",
+             withLineEnds("9 0 obj\n<</Type /XObject\n/Subtype /Image\n/Filter [/DCTDecode ]\n/Width 40\n"
+                          "/Height 30\n/ColorSpace /DeviceRGB\n/BitsPerComponent 8\n/Length " +
+                          QByteArray::number(data.size()) + "\n/Name /ImgJPEG1>>\nstream\n") +
+                 data + withLineEnds("\nendstream\nendobj\n"),
+             "10 0 obj\n<< /Type /Page\n/Parent 7 0 R\n/MediaBox [ 0 0 595 842]\n"
+             "/Resources 8 0 R\n/Contents 2 0 R\n>>\nendobj\n%FIN_OBJ/%\n",
+             withLineEnds(
+                 "11 0 obj\n<< /Type /Page\n/Parent 7 0 R\n/MediaBox [ 0 0 400.5 300]\n/Resources 8 0 R\n"
+                 "/Annots [<</Type /Annot /Subtype /Link /Rect [100 100 180 40] /Border [0 0 0] "
+                 "/A <</S /URI /URI (https://exemplo.com.br/a\\(b\\))>>>>\n]\n/Contents 4 0 R\n>>\n"
+                 "endobj\n%FIN_OBJ/%\n"),
+             // the outline's heights are taken from the latest page
+             "12 0 obj\n<</Title (um)\n/Parent 15 0 R\n/First 13 0 R\n/Last 14 0 R\n"
+             "/Dest [10 0 R /XYZ 0 260.00 null]\n/Count 0>>\nendobj\n",
+             "13 0 obj\n<</Title (dois)\n/Parent 12 0 R\n/Next 14 0 R\n/Dest [10 0 R /XYZ 0 240.00 null]\n"
+             "/Count 0>>\nendobj\n",
+             "14 0 obj\n<</Title (tr\xEAs)\n/Parent 12 0 R\n/Prev 13 0 R\n/Dest [10 0 R /XYZ 0 219.75 null]\n"
+             "/Count 0>>\nendobj\n",
+             "15 0 obj\n<</Type /Outlines /First 12 0 R\n/Last 14 0 R>>\nendobj\n",
+             "16 0 obj\n<<\n/Type /Catalog\n/Pages 7 0 R\n/OpenAction [3 0 R /XYZ null null 1]\n"
+             "/PageLayout /OneColumn\n>>\nendobj\n"})
             .toStdString());
     EXPECT_EQ(pdf.PDFNbPage(), 2);
     expectReadable(2);
+    EXPECT_TRUE(printed(u"pdfimages"_qs, {u"-list"_qs, path()}).contains(QLatin1String("jpeg")));
 
     PDFPrinter unended; // has no size for its second page
     configure(unended, oneFont());
@@ -169,59 +188,6 @@ TEST_F(PDFFile, WithoutFontsTheLengthStandsTwice)
     expectReadable(1);
 }
 
-TEST_F(PDFFile, APictureWithALinkAndThreeBookmarks)
-{
-    QImage picture(40, 30, QImage::Format_RGB32);
-    picture.fill(Qt::red);
-    ASSERT_TRUE(picture.save(path(u"foto.jpg"_qs)));
-    const QByteArray data = bytes(u"foto.jpg"_qs);
-    PDFPrinter pdf;
-    configure(pdf, oneFont());
-    pdf.PDFSetZoomMode(2);
-    pdf.PDFSetLayoutMode(1);
-    beginDocument(pdf);
-    pdf.PDFSetBookmark(u"tr\u00EAs"_qs, 1, 80.25);
-    pdf.PDFSetFont(0, 9, 0);
-    pdf.PDFImage(path(u"foto.jpg"_qs), 100, 200, 80, 0, u"https://exemplo.com.br/a(b)"_qs);
-    pdf.PDFEndDoc();
-
-    EXPECT_EQ(
-        bytes().toStdString(),
-        fileOf(
-            {information(),
-             "2 0 obj\n<< /Length 3 0 R\n >>\nstream\nq\n80.00 0 0 60.00 100.00 582.00 cm /ImgJPEG1 Do Q\n"
-             "%DEBUT_LINK/%\nq 0.000 0.000 1.000 rg \n%DEBUT_TEXT/%\nBT\n101.00 642.00 Td\n/F1 9.00 Tf\n() "
-             "Tj\n"
-             "ET\n101.00 640.00 0.00 0.00 re f\nQ\n%FIN_TEXT/%\n%FIN_LINK/%\nendstream\nendobj\n",
-             "3 0 obj\n212\nendobj\n", helvetica("4"),
-             helvetica("4") +
-                 "%DEBUT_OBJ/%\n5 0 obj\n<< /Type /Pages\n/Kids [\n8 0 R\n]\n/Count 1\n>>\nendobj\n",
-             "6 0 obj\n<< /ProcSet [ /PDF /Text /ImageC]\n/XObject << \n/ImgJPEG1 7 0 R\n>>\n/Font << \n"
-             "/F1 4 0 R \n>>\n>>\nendobj\n",
-             withLineEnds("7 0 obj\n<</Type /XObject\n/Subtype /Image\n/Filter [/DCTDecode ]\n/Width 40\n"
-                          "/Height 30\n/ColorSpace /DeviceRGB\n/BitsPerComponent 8\n/Length " +
-                          QByteArray::number(data.size()) + "\n/Name /ImgJPEG1>>\nstream\n") +
-                 data + withLineEnds("\nendstream\nendobj\n"),
-             withLineEnds(
-                 "8 0 obj\n<< /Type /Page\n/Parent 5 0 R\n/MediaBox [ 0 0 595 842]\n/Resources 6 0 R\n"
-                 "/Annots [<</Type /Annot /Subtype /Link /Rect [100 642 180 582] /Border [0 0 0] "
-                 "/A <</S /URI /URI (https://exemplo.com.br/a\\(b\\))>>>>\n]\n/Contents 2 0 R\n>>\n"
-                 "endobj\n%FIN_OBJ/%\n"),
-             "9 0 obj\n<</Title (um)\n/Parent 12 0 R\n/First 10 0 R\n/Last 11 0 R\n"
-             "/Dest [8 0 R /XYZ 0 802.00 null]\n/Count 0>>\nendobj\n",
-             "10 0 obj\n<</Title (dois)\n/Parent 9 0 R\n/Next 11 0 R\n/Dest [8 0 R /XYZ 0 782.00 "
-             "null]\n/Count 0>>\n"
-             "endobj\n",
-             "11 0 obj\n<</Title (tr\xEAs)\n/Parent 9 0 R\n/Prev 10 0 R\n/Dest [8 0 R /XYZ 0 761.75 null]\n"
-             "/Count 0>>\nendobj\n",
-             "12 0 obj\n<</Type /Outlines /First 9 0 R\n/Last 11 0 R>>\nendobj\n",
-             "13 0 obj\n<<\n/Type /Catalog\n/Pages 5 0 R\n/OpenAction [3 0 R /XYZ null null 1]\n"
-             "/PageLayout /OneColumn\n>>\nendobj\n"})
-            .toStdString());
-    expectReadable(1);
-    EXPECT_TRUE(printed(u"pdfimages"_qs, {u"-list"_qs, path()}).contains(QLatin1String("jpeg")));
-}
-
 TEST_F(PDFFile, NumbersWithAllFourteenFonts)
 {
     PDFPrinter pdf;
@@ -233,9 +199,7 @@ TEST_F(PDFFile, NumbersWithAllFourteenFonts)
     for (const QByteArray part :
          {"\n4 0 obj\n<< /Type /Font\n/Subtype /Type1\n/Name /F1\n/BaseFont /Courier-Bold\n",
           "\n17 0 obj\n<< /Type /Font\n/Subtype /Type1\n/Name /F14\n/BaseFont /ZapfDingbats\n",
-          "%DEBUT_OBJ/%\n18 0 obj\n<< /Type /Pages\n", "\n19 0 obj\n<< /ProcSet",
-          "\n20 0 obj\n<< /Type /Page\n", "\n/Last 22 0 R>>\n", "\n24 0 obj\n<<\n/Type /Catalog\n",
-          "<< /Size 25\n/Root 24 0 R\n"})
+          "%DEBUT_OBJ/%\n18 0 obj\n<< /Type /Pages\n", "<< /Size 25\n/Root 24 0 R\n"})
         EXPECT_TRUE(file.contains(withLineEnds(part))) << part.toStdString();
 }
 
@@ -274,8 +238,6 @@ TEST_F(PDFFile, WishesForTheViewer)
         pdf.PDFUseThumbs(row.thumbs);
         beginDocument(pdf);
         pdf.PDFEndDoc();
-        EXPECT_EQ(pdf.PDFGetZoomMode(), row.zoom);
-        EXPECT_EQ(pdf.PDFGetLayoutMode(), row.layout);
         const QByteArray file = bytes();
         const qsizetype begin = file.indexOf("/Pages 5 0 R\r\n") + 14;
         EXPECT_EQ(file.sliced(begin, file.indexOf("xref\r\n") - begin).toStdString(),
@@ -309,8 +271,6 @@ TEST_F(PDFFile, Outlines)
         }
         return found;
     };
-    EXPECT_EQ(neighbours({0, 1}), "| Parent 2 First 1 Last 1| Parent 0| Last 1");
-    EXPECT_EQ(neighbours({0, 1, 1}), "| Parent 3 First 1 Last 2| Parent 0 Next 2| Parent 0 Prev 1| Last 2");
     // The second is not linked to the first; an item is linked to the one before the deeper ones.
     EXPECT_EQ(neighbours({0, 0, 0, 1}),
               "| Parent 4| Parent 4 Next 2| Parent 4 Prev 1 First 3 Last 3| Parent 2| Last 3");

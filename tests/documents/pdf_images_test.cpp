@@ -1,9 +1,7 @@
 /// Pictures: what is taken of them, and what is refused.
 #include "documents/pdffixture.h"
 
-#include <QBuffer>
 #include <QImage>
-#include <QImageWriter>
 
 namespace {
 
@@ -24,9 +22,7 @@ QByteArray jfif(int unit)
     return QByteArray::fromHex("ffe000104a464946000102") + char(unit) + QByteArray::fromHex("004800480000");
 }
 
-class PDFImages : public PDFTest
-{
-};
+using PDFImages = PDFTest;
 
 } // namespace
 
@@ -63,8 +59,7 @@ TEST_F(PDFImages, WhatTheHeaderTells)
         ASSERT_EQ(picture.has_value(), colours.has_value()) << row;
         EXPECT_EQ(picture.has_value(), complaint.isEmpty()) << row;
         if (picture) {
-            EXPECT_EQ(picture->width, 64) << row;
-            EXPECT_EQ(picture->height, 32) << row;
+            EXPECT_EQ(std::pair(picture->width, picture->height), std::pair(64, 32)) << row;
             EXPECT_EQ(picture->colourSpace, *colours) << row;
             EXPECT_EQ(picture->bitsPerComponent, bits) << row;
         }
@@ -84,7 +79,6 @@ TEST_F(PDFImages, Refused)
         QByteArray file;
         QString reason;
     } rows[] = {{u"curto.jpg"_qs, good.left(247) + QByteArray::fromHex("ffd9"), noJpeg},
-                {u"vazio.jpg"_qs, {}, noJpeg},
                 {u"cortado.jpg"_qs, good.left(270), markers},
                 {u"outro.jpg"_qs, QByteArray("GIF89a") + QByteArray(300, 'x'), markers},
                 {u"unidade.jpg"_qs, framed(0xC0, 3, jfif(7)),

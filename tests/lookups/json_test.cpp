@@ -32,11 +32,6 @@ QString failureOf(Call call)
     return {};
 }
 
-QString failureOfReading(const QString& text, bool decimals = false)
-{
-    return failureOf([&] { rewritten(text, decimals); });
-}
-
 QString nested(int levels)
 {
     return QString(levels, u'[') + QString(levels, u']');
@@ -55,134 +50,101 @@ TEST(JsonReading, Accepts)
 {
     const struct
     {
-        QString text, written;
+        QString text, written = text;
     } rows[] = {
-        {u"{}"_qs, u"{}"_qs},
         {u" \t\r\n[ ] "_qs, u"[]"_qs},
-        {u"[1,,2,]"_qs, u"[1,2]"_qs},
-        {u"[,,,1 2\"x\"]"_qs, u"[1,2,\"x\"]"_qs},
-        {u"{\"a\":1,}"_qs, u"{\"a\":1}"_qs},
-        {u"{\"a\":1,,\"b\":2 \"c\":3}"_qs, u"{\"a\":1,\"b\":2,\"c\":3}"_qs},
-        {u"{ \"a\" : [ { } , [ ] ] }"_qs, u"{\"a\":[{},[]]}"_qs},
+        {u"[,,,1 2,\"x\",]"_qs, u"[1,2,\"x\"]"_qs},
+        {uR"({"a":1,,"b":2 "c":3,})"_qs, uR"({"a":1,"b":2,"c":3})"_qs},
+        {uR"({ "a" : [ { } , [ ] ] })"_qs, uR"({"a":[{},[]]})"_qs},
         {u"[]]] what follows"_qs, u"[]"_qs},
         {u"[TRUE,False,nUlL,truefalse]"_qs, u"[true,false,null,true,false]"_qs},
-        {u"{\"\":\"\"}"_qs, u"{\"\":\"\"}"_qs},
         // names
-        {u"{\"a\":1,\"A\":2}"_qs, u"{\"a\":1,\"A\":2}"_qs},
-        {u"{\"a\":1,\"a\":2}"_qs, u"{\"a\":2}"_qs},
-        {u"{\"a\":1,\"b\":2,\"a\":3}"_qs, u"{\"b\":2,\"a\":3}"_qs},
-        {u"{\"a\":1,\"\\u0061\":2}"_qs, u"{\"a\":2}"_qs},
-        {u"[{\"a\":1,\"b\":2},{\"a\":3,\"b\":4},{\"a\":5},{\"a\":6,\"c\":7},{\"b\":8,\"b\":9}]"_qs,
-         u"[{\"a\":1,\"b\":2},{\"a\":3,\"b\":4},{\"a\":5},{\"a\":6,\"c\":7},{\"b\":9}]"_qs},
-        {u"[{\"a\":1,\"ab\":2},{\"ab\":3,\"a\":4},{\"a\":5,\"abc\":6},{\"a\":7,\"ab\":8,\"c\":9}]"_qs,
-         u"[{\"a\":1,\"ab\":2},{\"ab\":3,\"a\":4},{\"a\":5,\"abc\":6},{\"a\":7,\"ab\":8,\"c\":9}]"_qs},
-        {u"[{\"a\":1,\"x\":2},{\"b\":3,\"c\":4},{\"b\":5,\"x\":6}]"_qs,
-         u"[{\"a\":1,\"x\":2},{\"b\":3,\"c\":4},{\"b\":5,\"x\":6}]"_qs},
-        {u"[{\"a\":1,\"b\":2,\"a\":3},{\"a\":4,\"b\":5,\"a\":8},{\"b\":6,\"a\":7}]"_qs,
-         u"[{\"b\":2,\"a\":3},{\"b\":5,\"a\":8},{\"b\":6,\"a\":7}]"_qs},
-        {u"[{\"\\\\\":1},{\"\\\"x\":2},{\"\\\"x\":3}]"_qs, u"[{\"\\\\\":1},{\"\\\"x\":2},{\"\\\"x\":3}]"_qs},
+        {uR"({"":"","a":1,"A":2})"_qs},
+        {uR"({"a":1,"b":2,"a":3,"\u0062":4})"_qs, uR"({"a":3,"b":4})"_qs},
+        {uR"([{"a":1,"b":2},{"a":5},{"a":6,"c":7},{"b":8,"b":9}])"_qs,
+         uR"([{"a":1,"b":2},{"a":5},{"a":6,"c":7},{"b":9}])"_qs},
+        {uR"([{"a":1,"ab":2},{"ab":3,"a":4},{"a":5,"abc":6},{"a":7,"ab":8,"c":9}])"_qs},
+        {uR"([{"a":1,"x":2},{"b":3,"c":4},{"b":5,"x":6}])"_qs},
+        {uR"([{"a":1,"b":2,"a":3},{"a":4,"b":5,"a":8},{"b":6,"a":7}])"_qs,
+         uR"([{"b":2,"a":3},{"b":5,"a":8},{"b":6,"a":7}])"_qs},
+        {uR"([{"\\":1},{"\"x":2},{"\"x":3}])"_qs},
         // texts
-        {u"[\"\\\"\\\\\\/\\b\\f\\n\\r\\t\\u00e7\"]"_qs, u"[\"\\\"\\\\/\\b\\f\\n\\r\\tç\"]"_qs},
-        {u"[\"a\"\"b\"\"\x7F\"]"_qs, u"[\"a\",\"b\",\"\\u007F\"]"_qs},
-        {u"[\"ç\u20AC / \u007E\"]"_qs, u"[\"ç\u20AC / \u007E\"]"_qs},
-        {u"[\"\\u0000\\u001F\\u007F\\u0080\\u009f\\u00A0\"]"_qs,
-         u"[\"\\u0000\\u001F\\u007F\\u0080\\u009F\u00A0\"]"_qs},
-        {u"[\"\u034E\u034F\u0350\u200A\u200B\u200F\u2010\u2027\u2028\u202E\u202F\"]"_qs,
-         u"[\"\u034E\\u034F\u0350\u200A\\u200B\\u200F\u2010\u2027\\u2028\\u202E\u202F\"]"_qs},
+        {uR"(["\"\\\/\b\f\n\r\t\u00e7"])"_qs, uR"(["\"\\/\b\f\n\r\tç"])"_qs},
+        {u"[\"a\"\"b\"\"\x7F\"]"_qs, uR"(["a","b","\u007F"])"_qs},
+        {u"[\"ç\u20AC / \u007E\"]"_qs},
+        {uR"(["\u0000\u001F\u0080\u009f"])"_qs, uR"(["\u0000\u001F\u0080\u009F"])"_qs},
+        {u"[\"\u00A0\u034E\u034F\u0350\u200A\u200B\u200F\u2010\u2027\u2028\u202E\u202F\"]"_qs,
+         u"[\"\u00A0\u034E\\u034F\u0350\u200A\\u200B\\u200F\u2010\u2027\\u2028\\u202E\u202F\"]"_qs},
         {u"[\"\u205F\u2060\u2061\uFDFF\uFE00\uFE0F\uFE10\uFEFE\uFEFF\uFFFC\uFFFD\"]"_qs,
          u"[\"\u205F\\u2060\u2061\uFDFF\\uFE00\\uFE0F\uFE10\uFEFE\\uFEFF\uFFFC\\uFFFD\"]"_qs},
-        {u"[\"\U0001F600\\ud83d\"]"_qs, u"[\"\\uD83D\\uDE00\\uD83D\"]"_qs},
+        {u"[\"\U0001F600\\ud83d\"]"_qs, uR"(["\uD83D\uDE00\uD83D"])"_qs},
         // numbers
         {u"[0,-1,12.5,-0.25,1e3,1E+3,25e-1]"_qs, u"[0,-1,12.5,-0.25,1000,1000,2.5]"_qs},
-        {u"[0.1,0.30000000000000004,100000,123456789012,1e20,1.5E300]"_qs,
-         u"[0.1,0.30000000000000004,100000,123456789012,1e+20,1.5e+300]"_qs},
-        {u"[9007199254740992,9007199254740993,0.00001,0.000001,3.14159265358979323846]"_qs,
-         u"[9007199254740992,9007199254740992,0.00001,1e-06,3.141592653589793]"_qs},
-        {u"[1.7976931348623157e308,5e-324,2.2250738585072014e-308,-0]"_qs,
-         u"[1.7976931348623157e+308,5e-324,2.2250738585072014e-308,-0]"_qs},
+        {u"[0.1,0.30000000000000004,123456789012,1e20,1.5E300]"_qs,
+         u"[0.1,0.30000000000000004,123456789012,1e+20,1.5e+300]"_qs},
+        {u"[9007199254740993,0.00001,0.000001,9754103.8898074246]"_qs,
+         u"[9007199254740992,0.00001,1e-06,9754103.889807425]"_qs},
+        {u"[1.7976931348623157e+308,5e-324,2.2250738585072014e-308,-0]"_qs},
         {u"[1.,007,-012.50,1.e1,1true]"_qs, u"[1,7,-12.5,10,1,true]"_qs},
-        {u"[1e-999,-1e-999,0e999999999999,9754103.8898074246]"_qs, u"[0,-0,0,9754103.889807425]"_qs},
+        {u"[1e-999,-1e-999,0e999999999999]"_qs, u"[0,-0,0]"_qs},
+        {nested(JsonBag::deepest)},
     };
     for (const auto& row : rows)
         EXPECT_EQ(rewritten(row.text), row.written);
-    EXPECT_EQ(rewritten(nested(JsonBag::deepest)), nested(JsonBag::deepest));
 }
 
 TEST(JsonReading, RejectsWithThePosition)
 {
     const struct
     {
-        QString text, failure;
+        QString failure;
+        QStringList texts; ///< with a "|" in front of the character that is told
     } rows[] = {
-        {u""_qs, u"13 Expected either { or [ at character 1"_qs},
-        {u"1"_qs, u"13 Expected either { or [ at character 1"_qs},
-        {u" \n\"a\""_qs, u"13 Expected either { or [ at character 3"_qs},
-        {u"\u00A0[]"_qs, u"13 Expected either { or [ at character 1"_qs},
-        {u"\uFEFF[]"_qs, u"13 Expected either { or [ at character 1"_qs},
-        // values
-        {u"["_qs, u"13 Bad value at character 2"_qs},
-        {u"[true"_qs, u"13 Bad value at character 6"_qs},
-        {u"[ nul"_qs, u"13 Bad value at character 3"_qs},
-        {u"[fals]"_qs, u"13 Bad value at character 2"_qs},
-        {u"[1,+2]"_qs, u"13 Bad value at character 4"_qs},
-        {u"[.5]"_qs, u"13 Bad value at character 2"_qs},
-        {u"[1}"_qs, u"13 Bad value at character 3"_qs},
-        {u"{\"a\": }"_qs, u"13 Bad value at character 7"_qs},
-        // objects
-        {u"{"_qs, u"13 Expected , or } at character 2"_qs},
-        {u"{\"a\":1"_qs, u"13 Ran off end of string while parsing a number"_qs},
-        {u"{\"a\":null"_qs, u"13 Expected , or } at character 10"_qs},
-        {u"{\"a\":1]"_qs, u"13 Expected , or } at character 7"_qs},
-        {u"{a:1}"_qs, u"13 Expected , or } at character 2"_qs},
-        {u"{,\"a\":1}"_qs, u"13 Found \",\" before first item at character 2"_qs},
-        {u"{\"a\" 1}"_qs, u"13 Expected : at character 6"_qs},
-        {u"{\"a\""_qs, u"13 Expected : at character 5"_qs},
-        {u"[{\"a\":1},{\"a\"=2}]"_qs, u"13 Expected : at character 14"_qs},
-        // texts
-        {u"[\"abc"_qs, u"13 Expected \" at character 6"_qs},
-        {u"[{\"abc\":1},{\"ab"_qs, u"13 Expected \" at character 16"_qs},
-        {u"[\"a\x1F\"]"_qs, u"13 Invalid string character at 4"_qs},
-        {u"[\"\\na"_qs + QChar(0) + u"\"]"_qs, u"13 Invalid string character at 6"_qs},
-        {u"[\"\\"_qs, u"13 Bad string character escape at character 4"_qs},
-        {u"[\"a\\x\"]"_qs, u"13 Bad string character escape at character 5"_qs},
-        {u"[\"\\B\"]"_qs, u"13 Bad string character escape at character 4"_qs},
-        {u"[\"\\u123"_qs, u"13 Bad string character escape at character 5"_qs},
-        {u"[\"\\u12G4\"]"_qs, u"13 Bad string character escape at character 5"_qs},
-        {u"[\"\\u+123\"]"_qs, u"13 Bad string character escape at character 5"_qs},
-        // numbers
-        {u"[1"_qs, u"13 Ran off end of string while parsing a number"_qs},
-        {u"[-"_qs, u"13 Ran off end of string while parsing a number"_qs},
-        {u"[1e5"_qs, u"13 Ran off end of string while parsing a number"_qs},
-        {u"[1.2.3]"_qs, u"13 Second decimal point at character 5"_qs},
-        {u"[-.5]"_qs, u"13 Digit expected at character 3"_qs},
-        {u"[1e+-5]"_qs, u"13 Second exponent sign at character 5"_qs},
-        {u"[-]"_qs, u"6 Number overflow or parse error at character 2"_qs},
-        {u"[0, 1e]"_qs, u"6 Number overflow or parse error at character 5"_qs},
-        {u"[1e+]"_qs, u"6 Number overflow or parse error at character 2"_qs},
-        {u"[1e5-]"_qs, u"6 Number overflow or parse error at character 2"_qs},
-        {u"[-e5]"_qs, u"6 Number overflow or parse error at character 2"_qs},
-        {u"[1e309]"_qs, u"6 Number overflow or parse error at character 2"_qs},
-        {u"[-1e99999999999999999999]"_qs, u"6 Number overflow or parse error at character 2"_qs},
-        // depth
-        {nested(JsonBag::deepest + 1), u"28 Nested too deep at character 1001"_qs},
-        {QString(1'000'000, u'['), u"28 Nested too deep at character 1001"_qs},
-        {u"{\"a\":"_qs.repeated(100'000), u"28 Nested too deep at character 5001"_qs},
+        {u"13 Expected either { or [ at character %1"_qs,
+         {u"|"_qs, u" \n|\"a\""_qs, u"|\u00A0[]"_qs, u"|\uFEFF[]"_qs}},
+        {u"13 Bad value at character %1"_qs,
+         {u"[|"_qs, u"[true|"_qs, u"[ |nul"_qs, u"[1,|+2]"_qs, u"[|.5]"_qs, u"[1|}"_qs, uR"({"a": |})"_qs}},
+        {u"13 Expected , or } at character %1"_qs,
+         {u"{|"_qs, uR"({"a":null|)"_qs, uR"({"a":1|])"_qs, u"{|a:1}"_qs}},
+        {u"13 Found \",\" before first item at character %1"_qs, {uR"({|,"a":1})"_qs}},
+        {u"13 Expected : at character %1"_qs,
+         {uR"({"a" |1})"_qs, uR"({"a"|)"_qs, uR"([{"a":1},{"a"|=2}])"_qs}},
+        {u"13 Expected \" at character %1"_qs, {u"[\"abc|"_qs, uR"([{"abc":1},{"ab|)"_qs}},
+        {u"13 Invalid string character at %1"_qs,
+         {u"[\"a|\x1F\"]"_qs, u"[\"\\na|"_qs + QChar(0) + u"\"]"_qs}},
+        {u"13 Bad string character escape at character %1"_qs,
+         {uR"(["\|)"_qs, uR"(["a\|x"])"_qs, uR"(["\|B"])"_qs, uR"(["\u|123)"_qs, uR"(["\u|12G4"])"_qs,
+          uR"(["\u|+123"])"_qs}},
+        {u"13 Ran off end of string while parsing a number"_qs, {u"[-"_qs, u"[1e5"_qs, uR"({"a":1)"_qs}},
+        {u"13 Second decimal point at character %1"_qs, {u"[1.2|.3]"_qs}},
+        {u"13 Digit expected at character %1"_qs, {u"[-|.5]"_qs}},
+        {u"13 Second exponent sign at character %1"_qs, {u"[1e+|-5]"_qs}},
+        {u"6 Number overflow or parse error at character %1"_qs,
+         {u"[|-]"_qs, u"[0, |1e]"_qs, u"[|1e+]"_qs, u"[|1e5-]"_qs, u"[|-e5]"_qs, u"[|1e309]"_qs,
+          u"[|-1e99999999999999999999]"_qs}},
+        {u"28 Nested too deep at character %1"_qs,
+         {QString(1000, u'[') + u"|[]"_qs, QString(1000, u'[') + u'|' + QString(1'000'000, u'['),
+          u"{\"a\":"_qs.repeated(1000) + u"|{\"a\":"_qs.repeated(100'000)}},
     };
     for (const auto& row : rows)
-        EXPECT_EQ(failureOfReading(row.text), row.failure) << row.text.left(40).toStdString();
+        for (QString text : row.texts) {
+            const QString failure =
+                QString(row.failure).replace(u"%1"_qs, QString::number(text.indexOf(u'|') + 1));
+            text.remove(u'|');
+            EXPECT_EQ(failureOf([&] { rewritten(text); }), failure) << text.left(40).toStdString();
+        }
 }
 
 TEST(JsonReading, DecimalsKeepTheirDigits)
 {
     const struct
     {
-        QString text, written;
+        QString text, written = text;
     } rows[] = {
-        {u"[1234567890123456789012345678]"_qs, u"[1234567890123456789012345678]"_qs},
-        {u"[-12345678901234.56789012345678]"_qs, u"[-12345678901234.56789012345678]"_qs},
-        {u"[0.1234567890123456789012345678]"_qs, u"[0.1234567890123456789012345678]"_qs},
-        {u"[0.00001234567890123456789012345678]"_qs, u"[0.00001234567890123456789012345678]"_qs},
-        {u"[79228162514264337593543950335]"_qs, u"[79228162514264337593543950335]"_qs},
+        {u"[1234567890123456789012345678]"_qs},
+        {u"[-12345678901234.56789012345678]"_qs},
+        {u"[0.00001234567890123456789012345678]"_qs},
+        {u"[79228162514264337593543950335]"_qs},
         {u"[12345678901234567890123456784.5]"_qs, u"[12345678901234567890123456785]"_qs},
         {u"[0.99999999999999999999999999995]"_qs, u"[1]"_qs},
         {u"[1.50,1e3,25e-1,1E-25,-0,-0.0e5,007]"_qs, u"[1.5,1000,2.5,0.0000000000000000000000001,0,0,7]"_qs},
@@ -192,12 +154,12 @@ TEST(JsonReading, DecimalsKeepTheirDigits)
         EXPECT_EQ(rewritten(row.text, true), row.written);
     for (const QString& text :
          {u"[79228162514264337593543950336]"_qs, u"[1e29]"_qs, u"[1e99999999999]"_qs, u"[1e]"_qs})
-        EXPECT_EQ(failureOfReading(text, true), u"6 Number overflow or parse error at character 2");
+        EXPECT_EQ(failureOf([&] { rewritten(text, true); }),
+                  u"6 Number overflow or parse error at character 2");
 
     JsonBag bag;
     bag.setDecimalMode(true);
     bag.setJSON(u"{\"a\":[0.1,\"0.1\"]}"_qs);
-    EXPECT_TRUE(bag.DecimalMode());
     JsonBag& child = bag.Item(u"a").bag();
     EXPECT_TRUE(child.DecimalMode()) << "children are read in the same way";
     EXPECT_EQ(child.Item(1).kind(), JsonValue::Kind::Decimal);
@@ -209,16 +171,20 @@ TEST(JsonReading, AFailureLeavesTheItemsReadSoFar)
 {
     JsonBag bag;
     bag.setItem(u"old", 1);
-    EXPECT_EQ(failureOf([&] { bag.setJSON(u"[1,{\"a\":2},[3,[4,?"_qs); }), u"13 Bad value at character 18");
-    EXPECT_EQ(bag.JSON(), u"[1,{\"a\":2}]");
-    EXPECT_EQ(failureOf([&] { bag.setJSON(u"{\"a\":1,\"b\":2,\"a\":x}"_qs); }),
-              u"13 Bad value at character 18");
-    EXPECT_EQ(bag.JSON(), u"{\"a\":1,\"b\":2}");
-    EXPECT_NE(failureOf([&] { bag.setJSON(u"{\"a\":[{\"a\":1,\"b\":2}],\"c\":[{\"a\":"_qs); }), u"");
-    EXPECT_EQ(bag.JSON(), u"{\"a\":[{\"a\":1,\"b\":2}]}");
-    EXPECT_NE(failureOf([&] { bag.setJSON(u"1"_qs); }), u"");
-    EXPECT_EQ(bag.Count(), 0);
-    EXPECT_FALSE(bag.IsArray()) << "cleared before anything is read";
+    const struct
+    {
+        QString text, failure, left;
+    } rows[] = {
+        {uR"([1,{"a":2},[3,[4,?)"_qs, u"13 Bad value at character 18"_qs, uR"([1,{"a":2}])"_qs},
+        {uR"({"a":1,"b":2,"a":x})"_qs, u"13 Bad value at character 18"_qs, uR"({"a":1,"b":2})"_qs},
+        {uR"({"a":[{"a":1,"b":2}],"c":[{"a":)"_qs, u"13 Bad value at character 32"_qs,
+         uR"({"a":[{"a":1,"b":2}]})"_qs},
+        {u"1"_qs, u"13 Expected either { or [ at character 1"_qs, u"{}"_qs},
+    };
+    for (const auto& row : rows) {
+        EXPECT_EQ(failureOf([&] { bag.setJSON(row.text); }), row.failure);
+        EXPECT_EQ(bag.JSON(), row.left) << row.text.toStdString();
+    }
 }
 
 TEST(JsonReading, AlikeObjectsOfADocumentStandAlone)
@@ -346,19 +312,15 @@ TEST(JsonBagItems, AnArrayIsChangedByIndex)
     EXPECT_EQ(bag.JSON(), u"{\"a\":1}");
 }
 
-TEST(JsonBagItems, WhatExists)
+TEST(JsonBagItems, OnlyAnObjectsPlacesExist)
 {
-    JsonBag object;
-    object.setItem(u"a", 1);
-    JsonBag array;
-    array.setJSON(u"[1]"_qs);
-    EXPECT_FALSE(object.Exists(u"a")) << "names are not looked for";
-    EXPECT_TRUE(object.Exists(1));
-    EXPECT_FALSE(object.Exists(0));
-    EXPECT_FALSE(object.Exists(2));
-    EXPECT_FALSE(object.Exists(nullptr));
-    EXPECT_FALSE(array.Exists(1));
-    EXPECT_FALSE(array.Exists(u"1"));
+    JsonBag bag;
+    bag.setItem(u"a", 1);
+    EXPECT_TRUE(bag.Exists(1));
+    for (const JsonKey& key : {JsonKey(u"a"), JsonKey(0), JsonKey(2), JsonKey(nullptr)})
+        EXPECT_FALSE(bag.Exists(key));
+    bag.setJSON(u"[1]"_qs);
+    EXPECT_FALSE(bag.Exists(1));
 }
 
 TEST(JsonBagItems, WrongCallsAreErrors)
@@ -373,21 +335,15 @@ TEST(JsonBagItems, WrongCallsAreErrors)
         QString failure;
     } rows[] = {
         {[&] { object.setIsArray(true); }, u"5 Cannot change IsArray setting after items have been added"_qs},
-        {[&] { array.setIsArray(true); }, u"5 Cannot change IsArray setting after items have been added"_qs},
         {[&] { object.Item(); }, u"94 Key must be String or an index)"_qs},
         {[&] { array.Item(nullptr); }, u"94 Key must be String or an index)"_qs},
         {[&] { array.Item(u"1"); }, u"5 Array values can only be acessed by index"_qs},
-        {[&] { object.Item(u"A"); }, u"5 Invalid procedure call or argument"_qs},
         {[&] { object.Item(0); }, u"9 Subscript out of range"_qs},
         {[&] { array.Item(2); }, u"9 Subscript out of range"_qs},
         {[&] { array.setItem(u"a", 1); },
          u"5 Array values can only be changed by index or added via Null"_qs},
-        {[&] { array.AddNewArray(u"a"); },
-         u"5 Array values can only be changed by index or added via Null"_qs},
         {[&] { array.setItem(0, 1); }, u"9 Subscript out of range"_qs},
         {[&] { object.setItem(1, 1); },
-         u"5 Object values can only be changed or added by key not by index"_qs},
-        {[&] { object.AddNewObject(); },
          u"5 Object values can only be changed or added by key not by index"_qs},
         {[&] { array.Name(1); }, u"5 Array items do not have names"_qs},
         {[&] { object.Name(4); }, u"9 Subscript out of range"_qs},
@@ -439,27 +395,16 @@ TEST(JsonBagItems, AChainOfAnyLengthIsDropped)
 
 TEST(JsonValues, KindsAndConversions)
 {
-    const struct
-    {
-        JsonValue value;
-        QString written;
-    } rows[] = {
-        {JsonValue(QVariant()), u"null"_qs},
-        {JsonValue(QVariant(true)), u"true"_qs},
-        {JsonValue(QVariant(u"x"_qs)), u"\"x\""_qs},
-        {JsonValue(QVariant(2.5)), u"2.5"_qs},
-        {JsonValue(QVariant(-7)), u"-7"_qs},
-        {JsonValue(qint64(9007199254740993)), u"9007199254740993"_qs},
-        {JsonValue(std::numeric_limits<qint64>::min()), u"-9223372036854775808"_qs},
-        {JsonValue(QVariant(std::numeric_limits<quint64>::max())), u"18446744073709551615"_qs},
-        {JsonValue(std::shared_ptr<JsonBag>()), u"null"_qs},
-    };
-    for (const auto& row : rows) {
-        JsonBag bag;
-        bag.setIsArray(true);
-        bag.setItem({}, row.value);
-        EXPECT_EQ(bag.JSON(), u'[' + row.written + u']');
-    }
+    JsonBag bag;
+    bag.setIsArray(true);
+    for (const JsonValue& value :
+         {JsonValue(QVariant()), JsonValue(QVariant(true)), JsonValue(QVariant(u"x"_qs)),
+          JsonValue(QVariant(2.5)), JsonValue(QVariant(-7)), JsonValue(qint64(9007199254740993)),
+          JsonValue(std::numeric_limits<qint64>::min()),
+          JsonValue(QVariant(std::numeric_limits<quint64>::max())), JsonValue(std::shared_ptr<JsonBag>())})
+        bag.setItem({}, value);
+    EXPECT_EQ(bag.JSON(),
+              u"[null,true,\"x\",2.5,-7,9007199254740993,-9223372036854775808,18446744073709551615,null]");
     EXPECT_EQ(errorOf([] { JsonValue(1).text(); }), 13);
     EXPECT_EQ(errorOf([] { JsonValue(u"1").number(); }), 13);
     EXPECT_EQ(errorOf([] { JsonValue().bag(); }), 13);

@@ -13,19 +13,15 @@ using namespace std::chrono_literals;
 namespace {
 
 /// Both services at one address, as long as the object lives.
-class Services
+struct Services
 {
-public:
     explicit Services(const QString& host)
     {
-        qputenv("TREMOSILVA_HOST_CEP", host.toUtf8());
-        qputenv("TREMOSILVA_HOST_CNPJ", host.toUtf8());
+        for (const char* name : names)
+            qputenv(name, host.toUtf8());
     }
-    ~Services()
-    {
-        qunsetenv("TREMOSILVA_HOST_CEP");
-        qunsetenv("TREMOSILVA_HOST_CNPJ");
-    }
+    ~Services() { std::for_each(std::begin(names), std::end(names), qunsetenv); }
+    static constexpr const char* names[] = {"TREMOSILVA_HOST_CEP", "TREMOSILVA_HOST_CNPJ"};
 };
 
 QString boxText(const QString& failure)
@@ -69,11 +65,9 @@ TEST(Documents, AcceptedRefusedAndMasked)
         // the other lengths, with check digits that fit as far as the sums go
         {u""_qs},
         {u"0000000000"_qs},
-        {u"112223330001081"_qs},
         {u"11.222.333//0001-81"_qs},
         // what no document holds
         {u"12345é78909"_qs},
-        {u"1234567890 "_qs},
         {u"١٢٣٤٥٦٧٨٩٠٩"_qs},
     };
     for (const auto& row : rows) {
@@ -112,12 +106,10 @@ TEST(PostalCode, AddressesAndFailures)
         {"<w><uf>SP</uf>", {}, noXml},
         {"<w><uf>SP</uf></w><w/>", {}, noXml},
         {"{\"uf\": \"SP\"}", {}, noXml},
-        {"", {}, noXml},
         {"<!DOCTYPE w [<!ENTITY e SYSTEM \"file:///etc/hostname\">]><w><uf>&e;</uf></w>",
          {},
          u"91 Elemento sem conteúdo: uf"_qs},
         {"<w><uf>SP</uf><bairro></bairro></w>", {}, u"91 Elemento sem conteúdo: bairro"_qs},
-        {"<w><resultado_txt/></w>", {}, u"91 Elemento sem conteúdo: resultado_txt"_qs},
     };
     ScriptedDialogs dialogs;
     for (const auto& row : rows) {
@@ -134,51 +126,46 @@ TEST(PostalCode, AddressesAndFailures)
 TEST(PostalCode, NobodyAnswers)
 {
     ScriptedDialogs dialogs;
+    const auto expect = [&](const QString& failure) { dialogs.expect(boxText(failure), u"Atenção"_qs); };
+    OneAnswer silent("");
     {
-        OneAnswer silent("");
         const Services services(silent.host());
-        dialogs.expect(boxText(u"12002 O servidor não respondeu a tempo: 127.0.0.1"_qs), u"Atenção"_qs);
+        expect(u"12002 O servidor não respondeu a tempo: 127.0.0.1"_qs);
         EXPECT_EQ(Funcoes::BuscaCep(u"01001000"_qs, 200ms), u"");
     }
     const Services nobody(OneAnswer::closedHost());
-    dialogs.expect(boxText(u"12029 Sem conexão com o servidor: 127.0.0.1 (Connection refused)"_qs),
-                   u"Atenção"_qs);
+    expect(u"12029 Sem conexão com o servidor: 127.0.0.1 (Connection refused)"_qs);
     EXPECT_EQ(Funcoes::BuscaCep(u"01001000"_qs), u"");
-    dialogs.expect(boxText(u"12005 Endereço inválido: %1/ws/0100 000/xml/"_qs.arg(
-                       qEnvironmentVariable("TREMOSILVA_HOST_CEP"))),
-                   u"Atenção"_qs);
+    expect(
+        u"12005 Endereço inválido: %1/ws/0100 000/xml/"_qs.arg(qEnvironmentVariable("TREMOSILVA_HOST_CEP")));
     EXPECT_EQ(Funcoes::BuscaCep(u"0100 000"_qs), u"");
 }
 
-TEST(OtherLookups, BodiesAsTheyCome)
+TEST(OtherLookups, BodiesAsTheyComeAndFailuresAreTheCallers)
 {
     const QByteArray body = "{\n  \"nome\": \"CLÍNICA\"\n}";
+    const QString text = QString::fromUtf8(body);
+    const auto company = [] { return Funcoes::BuscaCnpj(u"11.222.333/0001-81"_qs); };
+    const auto place = [] { return Funcoes::BuscaCepJson(u"01001000"_qs); };
     const struct
     {
-        QByteArray status;
-        QString company;
-    } rows[] = {{"200 OK", QString::fromUtf8(body)},
-                {"429 Too Many Requests", QString::fromUtf8(body)},
-                {"404 Not Found", u"404 Error"_qs}};
+        std::function<QString()> call;
+        QByteArray path, status;
+        QString result;
+    } rows[] = {{company, "/v1/cnpj/11.222.333/0001-81", "200 OK", text},
+                {company, "/v1/cnpj/11.222.333/0001-81", "429 Too Many Requests", text},
+                {company, "/v1/cnpj/11.222.333/0001-81", "404 Not Found", u"404 Error"_qs},
+                {place, "/ws/01001000/json/", "404 Not Found", text}};
     for (const auto& row : rows) {
         OneAnswer server(OneAnswer::http(row.status, body));
         const Services services(server.host());
-        EXPECT_EQ(Funcoes::BuscaCnpj(u"11.222.333/0001-81"_qs), row.company);
-        EXPECT_TRUE(server.request().startsWith("GET /v1/cnpj/11.222.333/0001-81 HTTP/1.1\r\n"));
+        EXPECT_EQ(row.call(), row.result) << row.status.toStdString();
+        EXPECT_TRUE(server.request().startsWith("GET " + row.path + " HTTP/1.1\r\n"));
     }
-
-    OneAnswer server(OneAnswer::http("404 Not Found", body));
-    const Services services(server.host());
-    EXPECT_EQ(Funcoes::BuscaCepJson(u"01001000"_qs), QString::fromUtf8(body));
-    EXPECT_TRUE(server.request().startsWith("GET /ws/01001000/json/ HTTP/1.1\r\n"));
-}
-
-TEST(OtherLookups, FailuresAreTheCallers)
-{
     const ScriptedDialogs dialogs;
     const Services nobody(OneAnswer::closedHost());
-    EXPECT_EQ(errorOf([] { Funcoes::BuscaCnpj(u"11222333000181"_qs); }), 12029);
-    EXPECT_EQ(errorOf([] { Funcoes::BuscaCepJson(u"01001000"_qs); }), 12029);
+    EXPECT_EQ(errorOf(company), 12029);
+    EXPECT_EQ(errorOf(place), 12029);
 }
 
 TEST(JsonText, FieldsByPosition)
@@ -200,7 +187,7 @@ TEST(JsonText, FieldsByPosition)
     for (const auto& row : rows)
         EXPECT_EQ(Funcoes::ValorJson(row.text, row.field), row.value) << row.field.toStdString();
 
-    EXPECT_EQ(errorOf([&] { Funcoes::ValorJson(answer, u"fim"_qs); }), 5);
-    EXPECT_EQ(errorOf([] { Funcoes::ValorJson(u"404 Error"_qs, u"nome"_qs); }), 5);
-    EXPECT_EQ(errorOf([] { Funcoes::ValorJson(u""_qs, u"nome"_qs); }), 5);
+    for (const auto& [text, field] :
+         {std::pair(answer, u"fim"_qs), {u"404 Error"_qs, u"nome"_qs}, {u""_qs, u"nome"_qs}})
+        EXPECT_EQ(errorOf([&] { Funcoes::ValorJson(text, field); }), 5) << text.toStdString();
 }
