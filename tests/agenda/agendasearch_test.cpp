@@ -81,11 +81,6 @@ TEST_F(AgendaSearch, TheChosenRowGoesBackAsDayAndTime)
     EXPECT_EQ(RetornoCodigo + u' ' + RetornoNome, u"02/04/2026 09:30");
     open<frmCli_Agenda_Pesquisa>([](ScreenDriver& screen) {
         EXPECT_EQ(screen.text(u"txtnmpac"_qs), u"") << "a fresh search";
-        screen.typeOn(u"hoje"_qs);
-        screen.click(u"Command1"_qs);
-    });
-    EXPECT_EQ(RetornoCodigo, u"16/03/2026");
-    open<frmCli_Agenda_Pesquisa>([](ScreenDriver& screen) {
         screen.typeOn(u"maria"_qs);
         screen.doubleClickRow(u"DataGrid1"_qs, 1);
     });

@@ -34,7 +34,6 @@ TEST_F(Program, StartCleansUpReadsTheConfigurationAndLogsIn)
         const QString sentence = login.text(u"Label1"_qs);
         QTest::qWait(600);
         EXPECT_NE(login.text(u"Label1"_qs), sentence) << "it moves";
-        EXPECT_EQ(login.text(u"Label1"_qs).size(), sentence.size());
         login.type(u"txtUsuario"_qs, u"12345678901"_qs);
         EXPECT_EQ(login.text(u"txtUsuario"_qs), u"1234567890");
         EXPECT_EQ(static_cast<QLineEdit*>(login.find(u"txtSenha"_qs))->echoMode(), QLineEdit::Password);

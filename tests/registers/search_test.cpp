@@ -96,10 +96,9 @@ protected:
     {
         dialogs.expectInput(prompt, text, title);
         QString shown;
-        open<Screen>([&](ScreenDriver& screen) {
+        on<Screen>([&](ScreenDriver& screen) {
             screen.press(key);
             shown = names(screen);
-            screen.press(Qt::Key_Escape);
         });
         return shown;
     }
