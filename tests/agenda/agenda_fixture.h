@@ -53,6 +53,13 @@ protected:
         agenda.press(Qt::Key_Return);
     }
 
+    /// A press of the key opens the search, where the first row is taken.
+    void search(ScreenDriver& agenda, Qt::Key key, const QString& dialog)
+    {
+        answer(dialog, {Qt::Key_F10});
+        agenda.press(key);
+    }
+
     /// A payment in the closing of an attendance.
     static void pay(ScreenDriver& closing, const QString& kind, const QString& value,
                     const QString& remark = {})
@@ -61,13 +68,5 @@ protected:
         closing.type(u"txtVrMp"_qs, value);
         closing.type(u"txtobs"_qs, remark);
         closing.click(u"Command16"_qs);
-    }
-
-    static QStringList flat(const QString& query)
-    {
-        QStringList all;
-        for (const QStringList& row : rows(query))
-            all << row.join(u'|');
-        return all;
     }
 };

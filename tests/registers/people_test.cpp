@@ -48,17 +48,6 @@ protected:
         qunsetenv("TREMOSILVA_HOST_CNPJ");
     }
 
-    /// Opens the screen, works on it, and leaves it by Esc.
-    template <class Screen>
-    void on(std::function<void(ScreenDriver&)> steps)
-    {
-        open<Screen>([steps](ScreenDriver& screen) {
-            steps(screen);
-            screen.press(Qt::Key_Escape);
-        });
-        EXPECT_EQ(Conexao.State(), 0);
-    }
-
     static void put(ScreenDriver& screen, const QString& box, const QString& text)
     {
         if (qobject_cast<QComboBox*>(screen.find(box)))
@@ -67,23 +56,7 @@ protected:
             screen.type(box, text);
     }
 
-    /// Into the box, and on with Enter.
-    static void enter(ScreenDriver& screen, const QString& box, const QString& text)
-    {
-        screen.type(box, text);
-        screen.press(Qt::Key_Return);
-    }
-
     static void load(ScreenDriver& screen, const QString& code) { enter(screen, u"txtcodcli"_qs, code); }
-
-    /// What stands in the boxes, of which the names are separated by blanks, with "|" between.
-    static QString shown(const ScreenDriver& screen, const QString& boxes)
-    {
-        QStringList texts;
-        for (const QString& box : boxes.split(u' '))
-            texts << screen.text(box);
-        return texts.join(u'|');
-    }
 
     /// Nothing but today's date of registration and the combos' first items.
     static void expectEmptied(const ScreenDriver& screen)
@@ -212,8 +185,8 @@ TEST_F(People, AProfessionalIsRefusedStepByStep)
                                 {u"txtVR=0"_qs, {wrongEntry}},
                                 {u"txtdtcad=01012026"_qs, {}}});
     });
-    EXPECT_EQ(rows(u"select nmpro,valor,ondeatd,dtcad from profissionais where idpro > 3"_qs),
-              (QList<QStringList>{{u"IVO"_qs, u"0.00"_qs, u"0"_qs, u"2026-03-16"_qs}}));
+    EXPECT_EQ(flat(u"select nmpro,valor,ondeatd,dtcad from profissionais where idpro > 3"_qs),
+              QStringList{u"IVO|0.00|0|2026-03-16"_qs});
 }
 
 TEST_F(People, AnUnknownDateOfBirthStaysUnknown)
@@ -225,8 +198,9 @@ TEST_F(People, AnUnknownDateOfBirthStaysUnknown)
         screen.type(u"txtdtcad"_qs, u"01012001"_qs);
         screen.click(u"cmdsalva"_qs);
     });
-    EXPECT_EQ(rows(u"select dtcad,dtnasc,evup from pacientes where idpac = 2"_qs),
-              (QList<QStringList>{{u"2020-02-03"_qs, QString(), boundStamp}}));
+    EXPECT_EQ(
+        value(u"select concat_ws('|',dtcad,ifnull(dtnasc,'NULL'),evup) from pacientes where idpac = 2"_qs),
+        u"2020-02-03|NULL|"_qs + boundStamp);
 }
 
 TEST_F(People, CodesThatAreNoPatients)
@@ -268,10 +242,6 @@ TEST_F(People, AProfessionalIsFoundByName)
 {
     dialogs.expectInput(u"Nome: "_qs, u"bi"_qs, u"Pesquisa profissionais já cadastrado"_qs);
     on<frmCadProfissionais>([](ScreenDriver& screen) {
-        load(screen, u"3"_qs);
-        screen.click(u"cmdretorna"_qs);
-        EXPECT_EQ(screen.focused(), u"TXTCPF");
-        expectEmptied(screen); // with the code: a new one may follow
         screen.press(Qt::Key_F10);
         ASSERT_EQ(screen.grid(u"DataGrid1"_qs).size(), 1);
         screen.doubleClickRow(u"DataGrid1"_qs, 0);
@@ -284,8 +254,7 @@ TEST_F(People, AProfessionalIsFoundByName)
 TEST_F(People, DocumentsAreCheckedAndACompanysOffersTheLookUp)
 {
     on<frmcadcli>([this](ScreenDriver& screen) {
-        for (const QString& good : {u"11144477735"_qs, u"111.444.777-35"_qs, u"11222333000181"_qs,
-                                    u"11.222.333/0001-81"_qs, u"  "_qs}) {
+        for (const QString& good : {u"111.444.777-35"_qs, u"11222333000181"_qs, u"  "_qs}) {
             if (good.size() == 14)
                 dialogs.expectQuestion(company, false, u"Atenção"_qs);
             enter(screen, u"TXTCPF"_qs, good);
@@ -349,14 +318,14 @@ TEST_F(People, APlansNameFollowsItsCode)
             screen.press(Qt::Key_Return);
             EXPECT_EQ(screen.text(u"txtNmConv"_qs), name) << code.toStdString();
         }
-        modal.expect(u"frmBuscaConvenios"_qs, [](ScreenDriver& search) { search.press(Qt::Key_Escape); });
+        answer(u"frmBuscaConvenios"_qs, {Qt::Key_Escape});
         screen.press(Qt::Key_F2);
         EXPECT_EQ(screen.text(u"txtIdConv"_qs), u"X") << "given up";
 
         for (const QString& code : {u""_qs, u"3"_qs}) {
             screen.type(u"txtcodcli"_qs, code);
             execute(u"update pacientes set idconv = 1 where idpac = 3"_qs);
-            modal.expect(u"frmBuscaConvenios"_qs, [](ScreenDriver& search) { search.press(Qt::Key_F10); });
+            answer(u"frmBuscaConvenios"_qs, {Qt::Key_F10});
             screen.press(Qt::Key_F2);
             EXPECT_EQ(screen.text(u"txtIdConv"_qs), u"7") << "though the code box is left";
             EXPECT_EQ(screen.text(u"txtnome"_qs), code.isEmpty() ? u""_qs : u"RUI"_qs);

@@ -21,20 +21,7 @@ protected:
             "('0020','C1','AGULHA','UN',4,3,'SR',1,'0','','A','B')"_qs);
     }
 
-    void on(std::function<void(ScreenDriver&)> steps)
-    {
-        open<frmCadProduto>([steps](ScreenDriver& screen) {
-            steps(screen);
-            screen.press(Qt::Key_Escape);
-        });
-        EXPECT_EQ(Conexao.State(), 0);
-    }
-
-    static void code(ScreenDriver& screen, const QString& text)
-    {
-        screen.type(u"txtCdPro"_qs, text);
-        screen.press(Qt::Key_Return);
-    }
+    static void code(ScreenDriver& screen, const QString& text) { enter(screen, u"txtCdPro"_qs, text); }
 
     /// Name, unit, group, cost and minimum, separated by "|".
     static void fill(ScreenDriver& screen, const QString& texts)
@@ -45,14 +32,10 @@ protected:
             screen.type(boxes[i], pieces[i]);
     }
 
-    static QString shown(const ScreenDriver& screen)
+    static QString texts(const ScreenDriver& screen)
     {
-        QStringList texts;
-        for (const QString& box :
-             u"txtDsPro txtUN txtCdGrupo txtDsGrupo txtFator txtDtUC txtDtUA txtQtde cboLote txtmemo"_qs
-                 .split(u' '))
-            texts << screen.text(box);
-        return texts.join(u'|');
+        return shown(screen, u"txtDsPro txtUN txtCdGrupo txtDsGrupo txtFator txtDtUC txtDtUA txtQtde cboLote "
+                             "txtmemo"_qs);
     }
 
     static QString stored(const QString& code)
@@ -69,17 +52,17 @@ protected:
 
 TEST_F(Products, ACodeThatIsNotFoundIsANewProduct)
 {
-    on([this](ScreenDriver& screen) {
+    on<frmCadProduto>([this](ScreenDriver& screen) {
         code(screen, u"0012"_qs);
-        EXPECT_EQ(shown(screen), gauze);
+        EXPECT_EQ(texts(screen), gauze);
         code(screen, u"0013"_qs);
         EXPECT_EQ(screen.text(u"txtCdPro"_qs), u"0013") << "another tenant's code is free here";
-        EXPECT_EQ(shown(screen), empty);
+        EXPECT_EQ(texts(screen), empty);
         fill(screen, u"seringa d'água|un|5|12,5|1.000"_qs);
         screen.type(u"txtmemo"_qs, u"nota"_qs);
         screen.click(u"cmdsalva"_qs);
         EXPECT_EQ(screen.text(u"txtCdPro"_qs), u"");
-        EXPECT_EQ(shown(screen), empty);
+        EXPECT_EQ(texts(screen), empty);
         EXPECT_EQ(screen.focused(), u"txtCdPro");
     });
     EXPECT_EQ(stored(u"0013"_qs),
@@ -89,11 +72,11 @@ TEST_F(Products, ACodeThatIsNotFoundIsANewProduct)
 
 TEST_F(Products, AKnownProductIsChanged)
 {
-    on([this](ScreenDriver& screen) {
+    on<frmCadProduto>([this](ScreenDriver& screen) {
         screen.doubleClickRow(u"DataGrid1"_qs, 1);
         EXPECT_EQ(screen.focused(), u"txtCdPro");
         screen.press(Qt::Key_Return);
-        EXPECT_EQ(shown(screen), gauze);
+        EXPECT_EQ(texts(screen), gauze);
         fill(screen, u"gaze|cx|5|R$ 1.234,56789|2,25"_qs);
         screen.choose(u"cboLote"_qs, u"0"_qs);
         EXPECT_EQ(screen.text(u"txtFator"_qs), u"1234,5679");
@@ -104,9 +87,9 @@ TEST_F(Products, AKnownProductIsChanged)
 
 TEST_F(Products, CodesCompareAsNumbersInTheSearchAndAsTextInTheSave)
 {
-    on([this](ScreenDriver& screen) {
+    on<frmCadProduto>([this](ScreenDriver& screen) {
         code(screen, u"12"_qs);
-        EXPECT_EQ(shown(screen), gauze);
+        EXPECT_EQ(texts(screen), gauze);
         screen.click(u"cmdsalva"_qs);
         const CaughtErrors errors;
         code(screen, u"abc"_qs);
@@ -118,16 +101,12 @@ TEST_F(Products, CodesCompareAsNumbersInTheSearchAndAsTextInTheSave)
 
 TEST_F(Products, TheGroupIsLookedUpAsItIsTypedOrChosen)
 {
-    on([this](ScreenDriver& screen) {
-        modal.expect(u"frmBuscaGrupo"_qs, [](ScreenDriver& search) {
-            search.clickRow(u"DataGrid1"_qs, 1);
-            search.press(Qt::Key_F10);
-        });
+    on<frmCadProduto>([this](ScreenDriver& screen) {
+        answer(u"frmBuscaGrupo"_qs, {Qt::Key_Down, Qt::Key_F10});
         screen.press(Qt::Key_F2);
         EXPECT_EQ(screen.text(u"txtCdGrupo"_qs) + screen.text(u"txtDsGrupo"_qs), u"5SOROS")
             << "though the code box, now left, is empty";
-        EXPECT_EQ(screen.focused(), u"txtCdGrupo");
-        modal.expect(u"frmBuscaGrupo"_qs, [](ScreenDriver& search) { search.press(Qt::Key_Escape); });
+        answer(u"frmBuscaGrupo"_qs, {Qt::Key_Escape});
         screen.click(u"Command2"_qs);
         EXPECT_EQ(screen.text(u"txtDsGrupo"_qs), u"SOROS") << "Esc in the search changes nothing";
         EXPECT_EQ(screen.focused(), u"txtCdGrupo");
@@ -153,7 +132,7 @@ TEST_F(Products, TheSaveRefusesInThisOrder)
     for (const auto& [texts, refusal] : attempts)
         dialogs.expect(refusal, refusal == incomplete ? u"ATENÇÃO"_qs : u"Atenção"_qs);
     dialogs.expect(incomplete);
-    on([&](ScreenDriver& screen) {
+    on<frmCadProduto>([&](ScreenDriver& screen) {
         code(screen, u"99"_qs);
         for (const auto& [texts, refusal] : attempts) {
             fill(screen, texts);
@@ -170,9 +149,9 @@ TEST_F(Products, TheSaveRefusesInThisOrder)
 TEST_F(Products, SearchByNameAndCancel)
 {
     const QString title = u"Pesquisa produto já cadastrado"_qs;
-    dialogs.expectInput(u"Produto: "_qs, u"UL"_qs, title);
+    dialogs.expectInput(u"Produto: "_qs, u"L"_qs, title);
     dialogs.expectInput(u"Produto: "_qs, std::nullopt, title);
-    on([](ScreenDriver& screen) {
+    on<frmCadProduto>([](ScreenDriver& screen) {
         screen.press(Qt::Key_F10);
         EXPECT_EQ(screen.focused(), u"DataGrid1");
         EXPECT_EQ(screen.list(u"DataGrid1"_qs), QStringList{u"0020"_qs});

@@ -7,29 +7,19 @@ using namespace Variaveis;
 
 namespace {
 
-using Table = QList<QStringList>;
-
 const QString noName = u"--- ERRO --- NOME NÃO INFORMADO!"_qs;
 const QString notFound = u"--- ERRO --- CÓDIGO NÃO ENCONTRADO!"_qs;
 
 class SimpleRegisters : public LoggedIn
 {
 protected:
-    template <class Screen>
-    void on(std::function<void(ScreenDriver&)> steps)
-    {
-        open<Screen>([steps](ScreenDriver& screen) {
-            steps(screen);
-            screen.press(Qt::Key_Escape);
-        });
-        EXPECT_EQ(Conexao.State(), 0);
-    }
+    static void code(ScreenDriver& screen, const QString& text) { enter(screen, u"txtcodcli"_qs, text); }
 
-    /// Types the code and leaves its box.
-    static void code(ScreenDriver& screen, const QString& text)
+    /// Another name into the box, and saved.
+    static void save(ScreenDriver& screen, const QString& name)
     {
-        screen.type(u"txtcodcli"_qs, text);
-        screen.press(Qt::Key_Return);
+        screen.type(u"txtnome"_qs, name);
+        screen.click(u"cmdsalva"_qs);
     }
 
     /// A name is entered at half past eight, changed at nine and refused in a register without further boxes.
@@ -45,11 +35,9 @@ protected:
             EXPECT_EQ(screen.text(u"Label2"_qs), label);
             EXPECT_FALSE(screen.visible(u"txtPDesc"_qs) || screen.visible(u"cboCH"_qs));
             EXPECT_EQ(screen.grid(u"DataGrid1"_qs).size(), 1) << "the other tenant's row is not shown";
-            screen.type(u"txtnome"_qs, u"  "_qs);
-            screen.click(u"cmdsalva"_qs);
+            save(screen, u"  "_qs);
             EXPECT_EQ(screen.text(u"txtnome"_qs), u"  ") << "nothing typed is lost";
-            screen.type(u"txtnome"_qs, u"zeta"_qs);
-            screen.click(u"cmdsalva"_qs);
+            save(screen, u"zeta"_qs);
             EXPECT_EQ(screen.focused(), u"txtnome");
             EXPECT_EQ(screen.text(u"txtnome"_qs), u"");
             EXPECT_EQ(screen.grid(u"DataGrid1"_qs).value(1).value(1), u"ZETA");
@@ -61,8 +49,7 @@ protected:
             EXPECT_EQ(screen.text(u"txtnome"_qs), u"ZETA");
             screen.click(u"Command1"_qs);
             clock.set(QDateTime(QDate(2026, 3, 16), QTime(9, 0)));
-            screen.type(u"txtnome"_qs, u"alfa"_qs);
-            screen.click(u"cmdsalva"_qs);
+            save(screen, u"alfa"_qs);
             EXPECT_FALSE(screen.enabled(u"Command1"_qs));
             EXPECT_EQ(screen.grid(u"DataGrid1"_qs).value(0).value(1), u"ALFA") << "in the order of the names";
         });
@@ -84,8 +71,7 @@ TEST_F(SimpleRegisters, Plans)
     dialogs.expect(notFound, u"ATENÇÃO"_qs);
     on<frmCadConvenios>([](ScreenDriver& screen) {
         EXPECT_EQ(screen.window().windowTitle(), u"Convênios - Cadastro");
-        screen.type(u"txtnome"_qs, u"d'ouro"_qs);
-        screen.click(u"cmdsalva"_qs); // without a percentage
+        save(screen, u"d'ouro"_qs); // without a percentage
         screen.type(u"txtPDesc"_qs, u"-1"_qs);
         screen.click(u"cmdsalva"_qs);
         screen.type(u"txtPDesc"_qs, u"12,5"_qs);
@@ -119,17 +105,17 @@ TEST_F(SimpleRegisters, Plans)
         screen.type(u"txtPDesc"_qs, u"2"_qs);
         screen.click(u"cmdsalva"_qs);
     });
-    EXPECT_EQ(rows(u"select idconv,idlic,nmconv,pdesc,evcad,evup from convenios order by idconv"_qs).mid(1),
-              (Table{{u"2"_qs, u"C1"_qs, longName, u"2.0000"_qs, u"A"_qs, boundStamp},
-                     {u"4"_qs, u"C1"_qs, u"PRATA"_qs, u"3.0000"_qs, boundStamp, boundStamp}}));
+    EXPECT_EQ(flat(u"select idconv,idlic,nmconv,pdesc,evcad,evup from convenios order by idconv"_qs).mid(1),
+              (QStringList{u"2|C1|%1|2.0000|A|%2"_qs.arg(longName, boundStamp),
+                           u"4|C1|PRATA|3.0000|%1|%1"_qs.arg(boundStamp)}));
 }
 
 TEST_F(SimpleRegisters, Specialities)
 {
     execute(u"insert into especialidades (idlic,nmesp) values ('C2','OUTRA'),('C1','BETA')"_qs);
     entersAndChanges<frmCadEspecialidade>(u"Especialidades - Cadastro"_qs, u"ESPECIALIDADE"_qs);
-    EXPECT_EQ(rows(u"select idlic,nmesp,evcad,evup from especialidades where idesp = 3"_qs),
-              (Table{{u"C1"_qs, u"ALFA"_qs, boundStamp, u"MARIA -"_qs + nine}}));
+    EXPECT_EQ(flat(u"select idlic,nmesp,evcad,evup from especialidades where idesp = 3"_qs),
+              QStringList{u"C1|ALFA|"_qs + boundStamp + u"|MARIA -"_qs + nine});
 
     on<frmCadEspecialidade>([](ScreenDriver& screen) {
         code(screen, u"2"_qs);
@@ -147,8 +133,7 @@ TEST_F(SimpleRegisters, Procedures)
     dialogs.expect(noName, u"ATENÇÃO"_qs);
     on<frmCadProcedimentos>([](ScreenDriver& screen) {
         EXPECT_EQ(screen.window().windowTitle(), u"Procedimentos - Cadastro");
-        screen.type(u"txtnome"_qs, u"d'agua"_qs);
-        screen.click(u"cmdsalva"_qs); // no place chosen
+        save(screen, u"d'agua"_qs); // no place chosen
         screen.choose(u"cboCH"_qs, u"1 - Home"_qs);
         screen.click(u"cmdsalva"_qs);
         EXPECT_EQ(screen.grid(u"DataGrid1"_qs).size(), 1);
@@ -159,8 +144,8 @@ TEST_F(SimpleRegisters, Procedures)
         screen.choose(u"cboCH"_qs, u"0 - Clinica"_qs);
         screen.click(u"cmdsalva"_qs);
     });
-    EXPECT_EQ(rows(u"select idlic,nmproc,ondeatd,evcad,evup from procedimentos where idproc > 1"_qs),
-              (Table{{u"C1"_qs, u"D'AGUA"_qs, u"0"_qs, boundStamp, boundStamp}}));
+    EXPECT_EQ(flat(u"select idlic,nmproc,ondeatd,evcad,evup from procedimentos where idproc > 1"_qs),
+              QStringList{u"C1|D'AGUA|0|%1|%1"_qs.arg(boundStamp)});
 }
 
 TEST_F(SimpleRegisters, TheThreeThatSaveByStatement)
@@ -170,14 +155,14 @@ TEST_F(SimpleRegisters, TheThreeThatSaveByStatement)
             "insert into centrocusto (idlic,nmcen) values ('C2','OUTRO'),('C1','BETA');"
             "insert into subcentrocusto (idlic,nmscen) values ('C2','OUTRO'),('C1','BETA')"_qs);
     entersAndChanges<frmCadGrupoEstoque>(u"Cadastro Grupo de Insumos"_qs, u"NOME"_qs);
-    EXPECT_EQ(rows(u"select idlic,dsgrupo,evcad,evup from grupoestoque where cdgrupo = 3"_qs),
-              (Table{{u"C1"_qs, u"ALFA"_qs, stamp, later}}));
+    EXPECT_EQ(flat(u"select idlic,dsgrupo,evcad,evup from grupoestoque where cdgrupo = 3"_qs),
+              QStringList{u"C1|ALFA|"_qs + stamp + u'|' + later});
     entersAndChanges<frmCadCentroCusto>(u"Centro de Custos - Cadastro"_qs, u"NOME"_qs);
-    EXPECT_EQ(rows(u"select idlic,nmcen,evcad from centrocusto where cdcen = 3"_qs),
-              (Table{{u"C1"_qs, u"ALFA"_qs, later}}));
+    EXPECT_EQ(flat(u"select idlic,nmcen,evcad from centrocusto where cdcen = 3"_qs),
+              QStringList{u"C1|ALFA|"_qs + later});
     entersAndChanges<frmCadSubCentro>(u"SubCentro de Custos - Cadastro"_qs, u"NOME"_qs);
-    EXPECT_EQ(rows(u"select idlic,nmscen,evcad from subcentrocusto where cdscen = 3"_qs),
-              (Table{{u"C1"_qs, u"ALFA"_qs, later}}));
+    EXPECT_EQ(flat(u"select idlic,nmscen,evcad from subcentrocusto where cdscen = 3"_qs),
+              QStringList{u"C1|ALFA|"_qs + later});
 }
 
 TEST_F(SimpleRegisters, WhatEndsTheProgram)
