@@ -27,6 +27,8 @@ public:
     {
         if (box.buttons == Buttons::YesNo)
             return Answer::Yes;
+        if (box.icon == Icon::Critical)
+            std::fprintf(stderr, "%s\n", qPrintable(box.text)); // a failure, which ends the station
         last = box.text;
         return Answer::Ok;
     }
@@ -74,8 +76,8 @@ private:
         // Nobody types two appointments in one second, and the key counts on it.
         while (Clock::now().toSecsSinceEpoch() == second_)
             QThread::msleep(20);
-        second_ = Clock::now().toSecsSinceEpoch();
         agenda.click(u"Command7"_qs);
+        second_ = Clock::now().toSecsSinceEpoch(); // behind the click: the key is made somewhere within it
         if (Agreeing::last == u"Agendado com sucesso!")
             return tell("booked", remark);
         tell("refused", Agreeing::last);
