@@ -7,6 +7,8 @@
 #include "support/texttable.h"
 
 #include <QFile>
+#include <QProcess>
+#include <QSslKey>
 #include <QTemporaryDir>
 #include <QThread>
 #include <gtest/gtest.h>
@@ -23,6 +25,25 @@ protected:
 
     QTemporaryDir folder;
 };
+
+/// A certificate for this machine, signed by itself, with its key.
+QSslConfiguration ownCertificate(const QTemporaryDir& folder)
+{
+    const auto file = [&](const QString& name) { return folder.filePath(name); };
+    EXPECT_EQ(
+        QProcess::execute(u"openssl"_qs,
+                          {u"req"_qs, u"-x509"_qs, u"-newkey"_qs, u"ec"_qs, u"-pkeyopt"_qs,
+                           u"ec_paramgen_curve:prime256v1"_qs, u"-nodes"_qs, u"-days"_qs, u"2"_qs,
+                           u"-subj"_qs, u"/CN=localhost"_qs, u"-addext"_qs, u"subjectAltName=IP:127.0.0.1"_qs,
+                           u"-keyout"_qs, file(u"key"_qs), u"-out"_qs, file(u"certificate"_qs)}),
+        0);
+    QFile key(file(u"key"_qs));
+    EXPECT_TRUE(key.open(QFile::ReadOnly));
+    QSslConfiguration tls = QSslConfiguration::defaultConfiguration();
+    tls.setPrivateKey(QSslKey(&key, QSsl::Ec));
+    tls.setLocalCertificateChain(QSslCertificate::fromPath(file(u"certificate"_qs)));
+    return tls;
+}
 
 } // namespace
 
@@ -120,6 +141,27 @@ TEST(HttpDownload, AFileIsKnownToBeWhole)
     OneAnswer good(OneAnswer::http("200 OK", QByteArray("\0\r\n\x1a\xff", 5)));
     EXPECT_EQ(Http::download(good.host(), 5s).body, QByteArray("\0\r\n\x1a\xff", 5));
     EXPECT_TRUE(good.request().contains("\r\nAccept-Encoding: identity\r\n"));
+}
+
+TEST(HttpGet, HttpsIsKeptAndItsCertificateChecked)
+{
+    const QTemporaryDir folder;
+    const QSslConfiguration tls = ownCertificate(folder);
+    {
+        OneAnswer stranger(OneAnswer::http("200 OK", "ab"), tls);
+        EXPECT_EQ(errorOf([&] { Http::download(stranger.host(), 5s); }), 12175);
+    }
+    const QSslConfiguration before = QSslConfiguration::defaultConfiguration();
+    QSslConfiguration trusting = before;
+    trusting.addCaCertificates(tls.localCertificateChain());
+    QSslConfiguration::setDefaultConfiguration(trusting);
+    OneAnswer known(OneAnswer::http("200 OK", "ab"), tls);
+    EXPECT_EQ(Http::download(known.host(), 5s).body, "ab");
+    OneAnswer open(OneAnswer::http("200 OK", "not for https"));
+    OneAnswer away(
+        "HTTP/1.1 302 Found\r\nContent-Length: 0\r\nLocation: " + open.host().toLatin1() + "/\r\n\r\n", tls);
+    EXPECT_EQ(errorOf([&] { Http::download(away.host(), 5s); }), 12156);
+    QSslConfiguration::setDefaultConfiguration(before);
 }
 
 TEST(HttpGet, FailuresHaveTheirNumbers)

@@ -1,7 +1,7 @@
 #include "support/oneanswer.h"
 
+#include <QSslSocket>
 #include <QTcpServer>
-#include <QTcpSocket>
 
 namespace {
 
@@ -10,9 +10,24 @@ QString hostAt(quint16 port)
     return QStringLiteral("http://127.0.0.1:%1").arg(port);
 }
 
+/// Its connections can be made safe ones.
+class Server : public QTcpServer
+{
+protected:
+    void incomingConnection(qintptr handle) override
+    {
+        auto* socket = new QSslSocket(this);
+        socket->setSocketDescriptor(handle);
+        addPendingConnection(socket);
+    }
+};
+
 } // namespace
 
-OneAnswer::OneAnswer(QByteArray answer) : answer_(std::move(answer))
+OneAnswer::OneAnswer(QByteArray answer) : OneAnswer(std::move(answer), std::nullopt) {}
+
+OneAnswer::OneAnswer(QByteArray answer, std::optional<QSslConfiguration> tls)
+    : answer_(std::move(answer)), tls_(std::move(tls))
 {
     start();
     while (!port_.load())
@@ -40,19 +55,26 @@ QString OneAnswer::closedHost()
 
 QString OneAnswer::host() const
 {
-    return hostAt(port_.load());
+    QString host = hostAt(port_.load());
+    return tls_ ? host.replace(QLatin1String("http:"), QLatin1String("https:")) : host;
 }
 
 void OneAnswer::run()
 {
-    QTcpServer server;
+    Server server;
     server.listen(QHostAddress::LocalHost);
     port_ = server.serverPort();
     for (int i = 0; i < 600 && !done_ && !server.hasPendingConnections(); ++i)
         server.waitForNewConnection(10);
-    QTcpSocket* socket = server.nextPendingConnection();
+    auto* socket = static_cast<QSslSocket*>(server.nextPendingConnection());
     if (!socket)
         return;
+    if (tls_) {
+        socket->setSslConfiguration(*tls_);
+        socket->startServerEncryption();
+        if (!socket->waitForEncrypted(2000))
+            return;
+    }
     socket->waitForReadyRead(2000);
     request_ = socket->readAll();
     while (held_ && !done_)
