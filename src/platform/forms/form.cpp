@@ -17,6 +17,9 @@
 namespace {
 /// The form that was active last. Coming back to it from another program is no activation.
 Form* lastActive = nullptr;
+
+/// What a window system puts around a window, title bar included; it does not tell before it has done so.
+constexpr QSize frame(8, 40);
 } // namespace
 
 Form::Form(QWidget* parent) : QWidget(parent, Qt::Window)
@@ -57,7 +60,7 @@ void Form::Show()
         resize(openingSize());
         const QRect around = owner && owner != this ? owner->frameGeometry() : screen()->availableGeometry();
         const QRect room = screen()->availableGeometry();
-        QRect place(QPoint(), size());
+        QRect place(QPoint(), size().boundedTo(room.size() - frame) + frame);
         place.moveCenter(around.center());
         move(qBound(room.left(), place.left(), qMax(room.left(), room.right() - place.width())),
              qBound(room.top(), place.top(), qMax(room.top(), room.bottom() - place.height())));
@@ -121,6 +124,7 @@ void Form::showEvent(QShowEvent* event)
     if (!laidOut_) {
         laidOut_ = true;
         Q_EMIT loaded();
+        resize(size().boundedTo(screen()->availableSize() - frame));
         if (!focusWidget())
             focusNextPrevChild(true);
     }

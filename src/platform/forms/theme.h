@@ -13,6 +13,10 @@ namespace Theme {
 
 void apply(QApplication& application);
 
+/// The paddings and inner lengths of the style sheet, `factor` times as large: rules for a screen whose fonts
+/// have been scaled by as much.
+QString lengths(double factor);
+
 /// For labels, boxes and grids.
 QFont font();
 
