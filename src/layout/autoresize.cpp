@@ -154,15 +154,15 @@ void AutoResize::resized()
 }
 
 /// In steps, since every control is dressed anew: a window that is drawn larger pays for some of its sizes
-/// only.
+/// only. At the opening size a screen has no rules of its own.
 void AutoResize::scaleLengths(double ratio)
 {
     constexpr double stepsPerUnit = 16;
-    const double step = std::floor(ratio * stepsPerUnit) / stepsPerUnit;
+    const double step = ratio == 1 ? 0 : std::floor(ratio * stepsPerUnit) / stepsPerUnit;
     if (step == lengths_)
         return;
     lengths_ = step;
-    form_.setStyleSheet(step == 1 ? QString() : Theme::lengths(step));
+    form_.setStyleSheet(step == 0 ? QString() : Theme::scaledLengths(step));
 }
 
 void AutoResize::rescale()

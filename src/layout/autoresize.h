@@ -76,6 +76,6 @@ private:
 
     bool rescaling_ = false;
     QSizeF clientSize_;  ///< at the loading; empty before
-    double lengths_ = 1; ///< the theme's, as they are scaled now
+    double lengths_ = 0; ///< how the theme's are scaled now; 0 as the application has them
     std::vector<Record> records_;
 };

@@ -82,7 +82,7 @@ Answer WindowDialogs::message(const MessageBox& box)
 {
     const PlainPointer pointer;
     QMessageBox window(QApplication::activeWindow());
-    window.setStyleSheet(Theme::lengths(1)); // the screen behind may have scaled its own
+    window.setStyleSheet(Theme::openingLengths()); // the screen behind may have scaled its own
     window.setWindowTitle(box.title);
     window.setTextFormat(Qt::PlainText);
     window.setText(box.text);
@@ -106,7 +106,7 @@ std::optional<QString> WindowDialogs::input(const QString& prompt, const QString
 {
     const PlainPointer pointer;
     QInputDialog window(QApplication::activeWindow());
-    window.setStyleSheet(Theme::lengths(1));
+    window.setStyleSheet(Theme::openingLengths());
     window.setWindowTitle(title);
     window.setLabelText(prompt);
     window.setTextValue(proposal);
@@ -129,7 +129,7 @@ std::optional<QString> WindowDialogs::file(const FileDialog& dialog)
             QString(pieces[i + 1]).replace(QLatin1Char(';'), QLatin1Char(' ')));
 
     QFileDialog window(QApplication::activeWindow(), dialog.title);
-    window.setStyleSheet(Theme::lengths(1));
+    window.setStyleSheet(Theme::openingLengths());
     window.setAcceptMode(dialog.save ? QFileDialog::AcceptSave : QFileDialog::AcceptOpen);
     window.setFileMode(dialog.save ? QFileDialog::AnyFile : QFileDialog::ExistingFile);
     window.setNameFilters(filters);

@@ -161,6 +161,7 @@ private:
     }
     void load();
     void activate();
+    void placeOnScreen();
     void watchMouse(QWidget* widget, QEvent::Type type, std::function<void()> handler);
     void focusMoved(QWidget* to);
     void lostAndGot(QWidget* from, QWidget* to);

@@ -154,6 +154,23 @@ QString firstOf(const QStringList& wanted)
     return {};
 }
 
+QString scaled(const char* rules, double factor)
+{
+    static const QRegularExpression length(QStringLiteral("@(\\d+)([+-]\\d)?"));
+    const QString text = QString::fromLatin1(rules);
+    QString result;
+    qsizetype read = 0;
+    for (QRegularExpressionMatchIterator it = length.globalMatch(text); it.hasNext();) {
+        const QRegularExpressionMatch found = it.next();
+        const int fixed = found.capturedView(2).toInt();
+        const int pixels = qMax(0, int(factor * found.capturedView(1).toInt()) + fixed);
+        result +=
+            text.mid(read, found.capturedStart() - read) + QString::number(pixels) + QStringLiteral("px");
+        read = found.capturedEnd();
+    }
+    return result + text.mid(read);
+}
+
 } // namespace
 
 QFont font()
@@ -176,25 +193,16 @@ QFont fixedFont()
     return result;
 }
 
-QString lengths(double factor)
+QString scaledLengths(double factor)
 {
     // A button's text stands in the middle: once the button has its size, a padding could only cut.
-    const char* const button =
-        factor == 1 ? "QPushButton { padding: @6 @14; } QPushButton:focus { padding: @6-1 @14-1; }"
-                    : "QPushButton, QPushButton:focus { padding: 0; }";
-    static const QRegularExpression length(QStringLiteral("@(\\d+)([+-]\\d)?"));
-    const QString rules = QString::fromLatin1(lengthRules) + QString::fromLatin1(button);
-    QString scaled;
-    qsizetype read = 0;
-    for (QRegularExpressionMatchIterator it = length.globalMatch(rules); it.hasNext();) {
-        const QRegularExpressionMatch found = it.next();
-        const int fixed = found.capturedView(2).toInt();
-        const int pixels = qMax(0, int(factor * found.capturedView(1).toInt()) + fixed);
-        scaled +=
-            rules.mid(read, found.capturedStart() - read) + QString::number(pixels) + QStringLiteral("px");
-        read = found.capturedEnd();
-    }
-    return scaled + rules.mid(read);
+    return QStringLiteral("QPushButton, QPushButton:focus { padding: 0; }") + scaled(lengthRules, factor);
+}
+
+QString openingLengths()
+{
+    return scaled("QPushButton { padding: @6 @14; } QPushButton:focus { padding: @6-1 @14-1; }", 1) +
+           scaled(lengthRules, 1);
 }
 
 void apply(QApplication& application)
@@ -203,7 +211,7 @@ void apply(QApplication& application)
     application.setStyle(QStyleFactory::create(QStringLiteral("Fusion")));
     application.setPalette(palette());
     application.setFont(font());
-    application.setStyleSheet(QString::fromLatin1(styleSheet) + lengths(1));
+    application.setStyleSheet(QString::fromLatin1(styleSheet) + openingLengths());
 }
 
 } // namespace Theme
