@@ -31,6 +31,7 @@ QLineEdit, QPlainTextEdit, QComboBox, QAbstractSpinBox {
 QLineEdit:focus, QPlainTextEdit:focus, QComboBox:focus, QAbstractSpinBox:focus { border: 2px solid #0f6b7c; }
 QLineEdit:disabled, QPlainTextEdit:disabled, QComboBox:disabled { background: #e9eef1; color: #53616c; }
 QLineEdit:read-only { background: #eef2f5; }
+QComboBox { combobox-popup: 0; } /* a list with a scroll bar */
 QComboBox::drop-down { border: none; }
 QComboBox::down-arrow { image: url(:/theme/down.svg); }
 QComboBox::down-arrow:disabled { image: url(:/theme/down-disabled.svg); }
