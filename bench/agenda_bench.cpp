@@ -11,6 +11,7 @@
 #include "platform/forms/theme.h"
 #include "support/database.h"
 #include "support/fixedclock.h"
+#include "support/offscreen.h"
 #include "support/report.h"
 #include "support/screendriver.h"
 
@@ -272,7 +273,7 @@ void runAll()
 
 int main(int argc, char** argv)
 {
-    qputenv("QT_QPA_PLATFORM", "offscreen");
+    const OffScreen screen;
     qputenv("QT_LOGGING_RULES", "default.warning=false"); // what the window system off the screen cannot do
     benchmark::Initialize(&argc, argv);
     Application application(argc, argv);

@@ -6,6 +6,7 @@
 #include "platform/forms/theme.h"
 #include "registers/frmcadcli.h"
 #include "support/database.h"
+#include "support/offscreen.h"
 #include "support/report.h"
 #include "support/screendriver.h"
 
@@ -265,7 +266,7 @@ void registerAll()
 
 int main(int argc, char** argv)
 {
-    qputenv("QT_QPA_PLATFORM", "offscreen");
+    const OffScreen screen;
     qputenv("QT_LOGGING_RULES", "default.warning=false"); // what the window system off the screen cannot do
     Application application(argc, argv);
     Theme::apply(application);

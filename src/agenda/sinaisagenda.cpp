@@ -225,7 +225,8 @@ void legenda(QLayout& lugar)
     for (const Aparencia& como : aparencias) {
         lugar.addWidget(new Figura(como, onde));
         auto* nome = new QLabel(QString::fromUtf8(como.nome), onde);
-        nome->setContentsMargins(0, 0, 10, 0);
+        // Air to the next sign; letters that come out wider at another size take from it.
+        nome->setMinimumWidth(nome->sizeHint().width() + 10);
         lugar.addWidget(nome);
     }
 }

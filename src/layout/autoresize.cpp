@@ -2,6 +2,7 @@
 
 #include "platform/forms/form.h"
 #include "platform/forms/statusbar.h"
+#include "platform/forms/theme.h"
 
 #include <QAbstractButton>
 #include <QAbstractScrollArea>
@@ -14,6 +15,7 @@
 #include <QScopedValueRollback>
 #include <QStackedWidget>
 #include <QTabWidget>
+#include <cmath>
 
 namespace {
 
@@ -151,12 +153,26 @@ void AutoResize::resized()
     rescale();
 }
 
+/// In steps, since every control is dressed anew: a window that is drawn larger pays for some of its sizes
+/// only. At the opening size a screen has no rules of its own.
+void AutoResize::scaleLengths(double ratio)
+{
+    constexpr double stepsPerUnit = 16;
+    const double step = ratio == 1 ? 0 : std::floor(ratio * stepsPerUnit) / stepsPerUnit;
+    if (step == lengths_)
+        return;
+    lengths_ = step;
+    form_.setStyleSheet(step == 0 ? QString() : Theme::scaledLengths(step));
+}
+
 void AutoResize::rescale()
 {
     const QSize size = form_.clientArea()->size();
     const double rx = size.width() / clientSize_.width();
     const double ry = size.height() / clientSize_.height();
     const double rf = qMin(rx, ry);
+    if (fontResizable_)
+        scaleLengths(rf);
 
     for (const Record& record : records_) {
         if (!record.control)

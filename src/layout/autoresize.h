@@ -10,7 +10,7 @@ class Form;
 
 /// Rescales a screen. A member of every screen: when the screen is loaded it notes position, size and font
 /// size of each control, and whenever the window is resized it scales them all by the ratio of the new client
-/// size to the noted one, fonts by the smaller of the two ratios.
+/// size to the noted one, fonts and the theme's lengths by the smaller of the two ratios.
 ///
 /// The screen's layouts give the first geometry; from then on they are disabled and this object alone places
 /// the controls. Left out are a status bar (its place is the window's edge), a menu bar, what has the
@@ -64,6 +64,7 @@ private:
     void applyMinimum();
     void resized();
     void rescale();
+    void scaleLengths(double ratio);
 
     Form& form_;
     bool enabled_ = true;
@@ -74,6 +75,7 @@ private:
     int wMin_ = 4800;
 
     bool rescaling_ = false;
-    QSizeF clientSize_; ///< at the loading; empty before
+    QSizeF clientSize_;  ///< at the loading; empty before
+    double lengths_ = 0; ///< how the theme's are scaled now; 0 as the application has them
     std::vector<Record> records_;
 };

@@ -4,7 +4,6 @@
 #include "app/core/variaveis.h"
 #include "platform/forms/dialogs.h"
 #include "platform/forms/hourglass.h"
-#include "platform/forms/theme.h"
 #include "platform/system/clock.h"
 #include "platform/values/date.h"
 #include "platform/values/number.h"
@@ -61,7 +60,6 @@ bool isHora(const QString& texto)
 frmCadHorarios::frmCadHorarios() : ui(std::make_unique<Ui::frmCadHorarios>())
 {
     ui->setupUi(this);
-    ui->cboPro->setFont(Theme::fixedFont());
     ui->cboDia->setCurrentIndex(-1);
     habilita(false);
     ui->DataGrid2->setColumns({{QStringLiteral("dia"), QStringLiteral("DIA"), 18},

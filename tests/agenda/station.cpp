@@ -4,6 +4,7 @@
 #include "platform/forms/dialogs.h"
 #include "platform/forms/theme.h"
 #include "platform/system/clock.h"
+#include "support/offscreen.h"
 #include "support/report.h"
 #include "support/screendriver.h"
 
@@ -107,7 +108,7 @@ private:
 
 int main(int argc, char** argv)
 {
-    qputenv("QT_QPA_PLATFORM", "offscreen");
+    const OffScreen screen;
     Application application(argc, argv);
     Theme::apply(application);
     // What the window system off the screen cannot do it says at every window.

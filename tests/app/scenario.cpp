@@ -7,6 +7,7 @@
 #include "platform/forms/theme.h"
 #include "platform/system/files.h"
 #include "support/modaldriver.h"
+#include "support/offscreen.h"
 #include "support/report.h"
 
 #include <cstdio>
@@ -94,7 +95,7 @@ void play(const QString& scenario, ModalDriver& modal)
 
 int main(int argc, char** argv)
 {
-    qputenv("QT_QPA_PLATFORM", "offscreen");
+    const OffScreen screen;
     Application application(argc, argv);
     Application::setApplicationName(Instalacao::nomePrograma());
     Theme::apply(application);

@@ -5,6 +5,8 @@
 
 #include <QGroupBox>
 #include <QPushButton>
+#include <QScreen>
+#include <QStyleOption>
 #include <QTabWidget>
 #include <QVBoxLayout>
 #include <gtest/gtest.h>
@@ -33,10 +35,13 @@ public:
         (new QVBoxLayout(group))->addWidget(inner);
     }
 
-    QSize openingSize() const override { return {600, 400}; }
+    QSize openingSize() const override { return opening; }
+
+    QSize opening{600, 400};
 
     QLineEdit* box = new QLineEdit(this);
     QPushButton* button = new QPushButton(this);
+    QComboBox* combo = new QComboBox(this);
     StatusBar* bar = new StatusBar(this);
     QLabel* fixed = new QLabel(this);
     QFrame* line = new QFrame(this);
@@ -86,6 +91,41 @@ TEST_F(Resizing, PlacesAndSizesFollowTheirOwnRatioAndFontsTheSmaller)
     EXPECT_DOUBLE_EQ(form.box->font().pointSizeF(), 0.75 * fontSize);
     resize(600, 400);
     EXPECT_EQ(form.button->geometry(), QRect(400, 300, 101, 31)) << "no rounding adds up";
+}
+
+TEST_F(Resizing, NoTextLosesItsEdges)
+{
+    form.combo->addItem(QStringLiteral("0 - NÃO"));
+    form.combo->resize(form.combo->sizeHint());
+    form.button->setText(QStringLiteral("Confirmação de Notificação"));
+    form.button->resize(form.button->sizeHint());
+    Q_EMIT form.loaded(); // the sizes are noted now
+    QStyleOptionComboBox list;
+    QStyleOptionButton button;
+    for (const double factor : {0.55, 0.75, 0.99, 1.03, 1.5, 2.0}) {
+        resize(int(600 * factor), int(400 * factor));
+        list.initFrom(form.combo);
+        button.initFrom(form.button);
+        const QStyle& style = *form.style();
+        const QRect field =
+            style.subControlRect(QStyle::CC_ComboBox, &list, QStyle::SC_ComboBoxEditField, form.combo);
+        EXPECT_GE(field.width(), form.combo->fontMetrics().horizontalAdvance(form.combo->currentText()))
+            << factor;
+        EXPECT_GE(style.subElementRect(QStyle::SE_PushButtonContents, &button, form.button).width(),
+                  form.button->fontMetrics().horizontalAdvance(form.button->text()))
+            << factor;
+    }
+}
+
+TEST(Opening, AWindowLargerThanTheScreenIsScaledToIt)
+{
+    Sample form;
+    form.opening = {2400, 800};
+    form.Show();
+    settle();
+    EXPECT_TRUE(form.screen()->availableGeometry().contains(form.frameGeometry()));
+    EXPECT_EQ(form.box->x(), qRound(30.0 * form.width() / 2400));
+    EXPECT_EQ(form.height(), 800);
 }
 
 TEST_F(Resizing, SomeAreLeftOut)

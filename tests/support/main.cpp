@@ -1,5 +1,6 @@
 #include "platform/forms/theme.h"
 #include "support/caughterrors.h"
+#include "support/offscreen.h"
 #include "support/report.h"
 
 #include <gtest/gtest.h>
@@ -24,7 +25,7 @@ void warningsFail(QtMsgType type, const QMessageLogContext&, const QString& mess
 /// summer time, and what goes wrong in an event handler fails the test.
 int main(int argc, char** argv)
 {
-    qputenv("QT_QPA_PLATFORM", "offscreen");
+    const OffScreen screen;
     qputenv("TZ", "America/Sao_Paulo");
     testing::InitGoogleTest(&argc, argv);
     testing::GTEST_FLAG(death_test_style) = "threadsafe";

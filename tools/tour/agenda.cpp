@@ -66,7 +66,7 @@ void walkAgenda(Tour& tour)
 {
     tour.screen(QStringLiteral("frmCli_Agenda"), [&tour](ScreenDriver& agenda) {
         tour.picture(QStringLiteral("frmCli_Agenda"), agenda);
-        tour.enlarged(QStringLiteral("frmCli_Agenda"), agenda);
+        tour.resized(QStringLiteral("frmCli_Agenda"), agenda);
         agenda.doubleClickRow(QStringLiteral("List1"), 1); // a free line
         tour.picture(QStringLiteral("frmCli_Agenda_painel_novo"), agenda);
         agenda.click(QStringLiteral("Command8"));

@@ -11,6 +11,7 @@
 #include "platform/forms/theme.h"
 #include "platform/system/files.h"
 #include "support/fixedclock.h"
+#include "support/offscreen.h"
 #include "support/oneanswer.h"
 #include "support/openedtargets.h"
 #include "support/report.h"
@@ -46,7 +47,7 @@ void users(Tour& tour)
         users.press(Qt::Key_Return);
         users.press(Qt::Key_Return);
         tour.picture(QStringLiteral("frmcadusuario"), users);
-        tour.enlarged(QStringLiteral("frmcadusuario"), users);
+        tour.resized(QStringLiteral("frmcadusuario"), users);
 
         // A quote breaks the statement. The program would end behind the box; the walk goes on.
         Application::setFailureHandler(Application::tell);
@@ -98,7 +99,7 @@ void walk(Tour& tour)
     tour.picture(QStringLiteral("frmPrincipal"), window);
     for (QAction* action : principal.findChildren<QAction*>(QStringLiteral("mnuCad")))
         tour.pictureWithMenu(QStringLiteral("frmPrincipal_menu"), window, *action->menu());
-    tour.enlarged(QStringLiteral("frmPrincipal"), window);
+    tour.resized(QStringLiteral("frmPrincipal"), window);
     users(tour);
     configuration(tour);
     walkRegisters(tour);
@@ -117,13 +118,17 @@ void walk(Tour& tour)
 
 } // namespace
 
-/// tremosilva-tour FOLDER PICTURES: FOLDER holds the configuration file, PICTURES gets the pictures.
+/// tremosilva-tour FOLDER PICTURES [WIDTHxHEIGHT]: FOLDER holds the configuration file, PICTURES gets the
+/// pictures; the last one is the size of the screen.
 int main(int argc, char** argv)
 {
+    const QStringList sides =
+        QString::fromLocal8Bit(argc > 3 ? argv[3] : "1920x1080").split(QLatin1Char('x'));
+    const OffScreen screen({sides.first().toInt(), sides.last().toInt()});
     Application application(argc, argv);
     Application::setApplicationName(Instalacao::nomePrograma());
     const QStringList arguments = Application::arguments();
-    if (arguments.size() != 3) {
+    if (arguments.size() < 3) {
         std::fputs("tremosilva-tour: a program folder and a folder for the pictures are wanted\n", stderr);
         return 2;
     }

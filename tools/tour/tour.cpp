@@ -125,10 +125,10 @@ void Tour::pictureWithMenu(const QString& name, const ScreenDriver& screen, QMen
     picture(name, image);
 }
 
-void Tour::enlarged(const QString& name, ScreenDriver& screen)
+void Tour::resized(const QString& name, ScreenDriver& screen)
 {
     const QSize size = screen.window().size();
-    for (const double factor : {1.5, 2.0}) {
+    for (const double factor : {0.75, 1.5, 2.0}) {
         screen.window().resize(size * factor);
         picture(QStringLiteral("%1_%2").arg(name).arg(qRound(100 * factor)), screen);
     }

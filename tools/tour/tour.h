@@ -30,8 +30,8 @@ public:
     void picture(const QString& name, const QImage& image);
     /// The window with one of its menus hanging open.
     void pictureWithMenu(const QString& name, const ScreenDriver& screen, QMenu& menu);
-    /// The window at 1.5 and 2 times its size, each with a picture; then as it was.
-    void enlarged(const QString& name, ScreenDriver& screen);
+    /// The window at other sizes, each with a picture; then as it was.
+    void resized(const QString& name, ScreenDriver& screen);
 
     /// A PDF document: the file itself, and a picture of each page.
     void document(const QString& name, const QString& path);

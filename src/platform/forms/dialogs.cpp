@@ -1,5 +1,7 @@
 #include "platform/forms/dialogs.h"
 
+#include "platform/forms/theme.h"
+
 #include <QApplication>
 #include <QDialogButtonBox>
 #include <QFileDialog>
@@ -80,6 +82,7 @@ Answer WindowDialogs::message(const MessageBox& box)
 {
     const PlainPointer pointer;
     QMessageBox window(QApplication::activeWindow());
+    window.setStyleSheet(Theme::openingLengths()); // the screen behind may have scaled its own
     window.setWindowTitle(box.title);
     window.setTextFormat(Qt::PlainText);
     window.setText(box.text);
@@ -103,6 +106,7 @@ std::optional<QString> WindowDialogs::input(const QString& prompt, const QString
 {
     const PlainPointer pointer;
     QInputDialog window(QApplication::activeWindow());
+    window.setStyleSheet(Theme::openingLengths());
     window.setWindowTitle(title);
     window.setLabelText(prompt);
     window.setTextValue(proposal);
@@ -125,6 +129,7 @@ std::optional<QString> WindowDialogs::file(const FileDialog& dialog)
             QString(pieces[i + 1]).replace(QLatin1Char(';'), QLatin1Char(' ')));
 
     QFileDialog window(QApplication::activeWindow(), dialog.title);
+    window.setStyleSheet(Theme::openingLengths());
     window.setAcceptMode(dialog.save ? QFileDialog::AcceptSave : QFileDialog::AcceptOpen);
     window.setFileMode(dialog.save ? QFileDialog::AnyFile : QFileDialog::ExistingFile);
     window.setNameFilters(filters);

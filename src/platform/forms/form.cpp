@@ -17,6 +17,9 @@
 namespace {
 /// The form that was active last. Coming back to it from another program is no activation.
 Form* lastActive = nullptr;
+
+/// What a window system puts around a window, title bar included; it does not tell before it has done so.
+constexpr QSize frame(8, 40);
 } // namespace
 
 Form::Form(QWidget* parent) : QWidget(parent, Qt::Window)
@@ -55,12 +58,6 @@ void Form::Show()
     if (!isVisible() && !testAttribute(Qt::WA_Moved)) {
         ensurePolished();
         resize(openingSize());
-        const QRect around = owner && owner != this ? owner->frameGeometry() : screen()->availableGeometry();
-        const QRect room = screen()->availableGeometry();
-        QRect place(QPoint(), size());
-        place.moveCenter(around.center());
-        move(qBound(room.left(), place.left(), qMax(room.left(), room.right() - place.width())),
-             qBound(room.top(), place.top(), qMax(room.top(), room.bottom() - place.height())));
     }
     if (owner && owner != this && owner->windowHandle()) {
         winId(); // makes the window handle
@@ -69,6 +66,19 @@ void Form::Show()
     show();
     raise();
     activateWindow();
+}
+
+/// In front of the active window and whole on the screen.
+void Form::placeOnScreen()
+{
+    const QWidget* owner = QApplication::activeWindow();
+    const QRect room = screen()->availableGeometry();
+    const QRect around = owner && owner != this ? owner->frameGeometry() : room;
+    resize(size().boundedTo(room.size() - frame));
+    QRect place(QPoint(), size() + frame);
+    place.moveCenter(around.center());
+    move(qBound(room.left(), place.left(), qMax(room.left(), room.right() - place.width())),
+         qBound(room.top(), place.top(), qMax(room.top(), room.bottom() - place.height())));
 }
 
 void Form::ShowModal()
@@ -121,6 +131,8 @@ void Form::showEvent(QShowEvent* event)
     if (!laidOut_) {
         laidOut_ = true;
         Q_EMIT loaded();
+        if (!testAttribute(Qt::WA_Moved))
+            placeOnScreen();
         if (!focusWidget())
             focusNextPrevChild(true);
     }

@@ -61,7 +61,8 @@ public:
     /// otherwise.
     virtual QWidget* clientArea() { return this; }
 
-    /// The size at the first showing: what the layouts ask for, so that every text fits.
+    /// The size at the loading: what the layouts ask for, so that every text fits. A window that is larger
+    /// than the screen is made smaller before it is seen.
     virtual QSize openingSize() const { return sizeHint(); }
 
     void setUpperCase(bool on) { upperCase_ = on; }
@@ -160,6 +161,7 @@ private:
     }
     void load();
     void activate();
+    void placeOnScreen();
     void watchMouse(QWidget* widget, QEvent::Type type, std::function<void()> handler);
     void focusMoved(QWidget* to);
     void lostAndGot(QWidget* from, QWidget* to);

@@ -3,12 +3,13 @@
 #include "platform/forms/theme.h"
 #include "platform/system/error.h"
 
+#include <QPainter>
 #include <QStyledItemDelegate>
 
 namespace {
 
 /// A little air between the lines; and in a list of several choices a check box in front of each line, so
-/// that what is chosen is not told by colour alone.
+/// that what is chosen is not told by colour alone, and a frame around the line that the blank key chooses.
 class LineDelegate : public QStyledItemDelegate
 {
 public:
@@ -19,15 +20,38 @@ public:
         return QStyledItemDelegate::sizeHint(option, index) + QSize(0, option.fontMetrics.height() / 4);
     }
 
+    void paint(QPainter* painter, const QStyleOptionViewItem& option, const QModelIndex& index) const override
+    {
+        QStyledItemDelegate::paint(painter, option, index);
+        const auto* view = qobject_cast<const QAbstractItemView*>(option.widget);
+        if (!checks_ || !view)
+            return;
+        QStyleOptionViewItem line = option;
+        initStyleOption(&line, index);
+        const QRect place = view->style()->subElementRect(QStyle::SE_ItemViewItemDecoration, &line, view);
+        const bool isChosen = view->selectionModel()->isSelected(index);
+        QStyleOptionViewItem check = line;
+        check.rect = QStyle::alignedRect(line.direction, Qt::AlignCenter, line.decorationSize, place);
+        check.state.setFlag(QStyle::State_On, isChosen);
+        check.state.setFlag(QStyle::State_Off, !isChosen);
+        view->style()->drawPrimitive(QStyle::PE_IndicatorItemViewItemCheck, &check, painter, view);
+        if (line.state & QStyle::State_HasFocus) {
+            painter->setPen(line.palette.color(QPalette::Link));
+            painter->setBrush(Qt::NoBrush);
+            painter->drawRect(line.rect.adjusted(0, 0, -1, -1));
+        }
+    }
+
 protected:
+    /// The check box stands where an icon would, as large as the letters: the style knows one size only.
     void initStyleOption(QStyleOptionViewItem* option, const QModelIndex& index) const override
     {
         QStyledItemDelegate::initStyleOption(option, index);
-        const auto* view = qobject_cast<const QAbstractItemView*>(option->widget);
-        if (!checks_ || !view)
+        if (!checks_)
             return;
-        option->features |= QStyleOptionViewItem::HasCheckIndicator;
-        option->checkState = view->selectionModel()->isSelected(index) ? Qt::Checked : Qt::Unchecked;
+        option->features |= QStyleOptionViewItem::HasDecoration;
+        const int side = option->fontMetrics.ascent();
+        option->decorationSize = {side, side};
     }
 
 private:

@@ -2,6 +2,7 @@
 
 #include <QFontDatabase>
 #include <QPalette>
+#include <QRegularExpression>
 #include <QStyleFactory>
 
 /// Not in a namespace, which the macro does not bear. Without it the linker leaves a library's resources out.
@@ -24,23 +25,22 @@ constexpr QRgb accentPale = 0xffcfe7ec;
 
 const char* const styleSheet = R"(
 QLineEdit, QPlainTextEdit, QComboBox, QAbstractSpinBox {
-    background: #ffffff; color: #1d2b36; border: 1px solid #aebbc5; border-radius: 4px; padding: 4px 7px;
+    background: #ffffff; color: #1d2b36; border: 1px solid #aebbc5; border-radius: 4px;
     selection-background-color: #0f6b7c; selection-color: #ffffff;
 }
-QLineEdit:focus, QPlainTextEdit:focus, QComboBox:focus, QAbstractSpinBox:focus { border: 2px solid #0f6b7c; padding: 3px 6px; }
+QLineEdit:focus, QPlainTextEdit:focus, QComboBox:focus, QAbstractSpinBox:focus { border: 2px solid #0f6b7c; }
 QLineEdit:disabled, QPlainTextEdit:disabled, QComboBox:disabled { background: #e9eef1; color: #53616c; }
 QLineEdit:read-only { background: #eef2f5; }
-QComboBox::drop-down { border: none; width: 22px; }
-QComboBox::down-arrow { image: url(:/theme/down.svg); width: 12px; height: 12px; }
+QComboBox { combobox-popup: 0; } /* a list with a scroll bar */
+QComboBox::drop-down { border: none; }
+QComboBox::down-arrow { image: url(:/theme/down.svg); }
 QComboBox::down-arrow:disabled { image: url(:/theme/down-disabled.svg); }
 QComboBox QAbstractItemView { background: #ffffff; border: 1px solid #aebbc5; outline: 0; padding: 2px; }
 
-QPushButton {
-    background: #ffffff; color: #1d2b36; border: 1px solid #aebbc5; border-radius: 4px; padding: 6px 14px;
-}
+QPushButton { background: #ffffff; color: #1d2b36; border: 1px solid #aebbc5; border-radius: 4px; }
 QPushButton:hover { background: #edf5f7; border-color: #0f6b7c; }
 QPushButton:pressed { background: #cfe7ec; }
-QPushButton:focus { border: 2px solid #0f6b7c; padding: 5px 13px; }
+QPushButton:focus { border: 2px solid #0f6b7c; }
 QPushButton:disabled { background: #eef1f4; color: #7d8a95; border-color: #d3dbe1; }
 QPushButton[role="primary"] { background: #0f6b7c; color: #ffffff; border-color: #0f6b7c; }
 QPushButton[role="primary"]:hover { background: #0c5866; }
@@ -63,12 +63,11 @@ QListView, QTableView, QTreeView {
     selection-background-color: #cfe7ec; selection-color: #10242e; outline: 0; gridline-color: #e3e9ed;
 }
 QListView:focus, QTableView:focus { border: 2px solid #0f6b7c; padding: 0; }
-QTableView::item { padding: 0 3px; border: none; }
+QTableView::item { border: none; }
 QTableView::item:selected { background: #cfe7ec; color: #10242e; }
 QHeaderView { background: #e6edf1; border: none; }
 QHeaderView::section {
     background: #e6edf1; color: #33424e; border: none; border-right: 1px solid #d3dbe1; border-bottom: 1px solid #c3ced6;
-    padding: 5px 6px;
 }
 
 QMenuBar { background: #ffffff; border-bottom: 1px solid #d3dbe1; padding: 3px 6px; }
@@ -94,10 +93,9 @@ QProgressBar { background: #e3e9ed; border: none; border-radius: 5px; text-align
 QProgressBar::chunk { background: #0f6b7c; border-radius: 5px; }
 
 QCalendarWidget QWidget#qt_calendar_navigationbar { background: #0f6b7c; }
-QCalendarWidget QToolButton { background: transparent; color: #ffffff; border: none; padding: 4px 8px; border-radius: 4px; }
+QCalendarWidget QToolButton { background: transparent; color: #ffffff; border: none; border-radius: 4px; }
 QCalendarWidget QToolButton:hover { background: #0c5866; }
 QCalendarWidget QAbstractItemView { selection-background-color: #0f6b7c; selection-color: #ffffff; border: none; }
-QCalendarWidget QTableView::item { padding: 0; }
 QCalendarWidget QTableView::item:selected { background: #0f6b7c; color: #ffffff; }
 QCalendarWidget QToolButton#qt_calendar_prevmonth { qproperty-icon: url(:/theme/left.svg); }
 QCalendarWidget QToolButton#qt_calendar_nextmonth { qproperty-icon: url(:/theme/right.svg); }
@@ -106,6 +104,22 @@ QTabWidget::pane { background: #ffffff; border: 1px solid #d3dbe1; border-radius
 QTabBar::tab { background: #e6edf1; border: 1px solid #d3dbe1; padding: 6px 14px; border-top-left-radius: 4px; border-top-right-radius: 4px; }
 QTabBar::tab:selected { background: #ffffff; color: #0f6b7c; }
 QToolTip { background: #1d2b36; color: #ffffff; border: none; padding: 4px 6px; }
+)";
+
+/// The lengths that follow a screen's fonts. "@7" stands for 7 pixels at the opening size, "@7-1" for one
+/// less at any: the frame of the focus is thicker by that, and a text stays in its place. "@3+3" is where the
+/// cells below begin: the style itself adds 3.
+const char* const lengthRules = R"(
+QLineEdit, QPlainTextEdit, QAbstractSpinBox { padding: @4 @7; }
+QComboBox { padding: @4 @5 @4 @9; }
+QLineEdit:focus, QPlainTextEdit:focus, QAbstractSpinBox:focus { padding: @4-1 @7-1; }
+QComboBox:focus { padding: @4-1 @5-1 @4-1 @9-1; }
+QComboBox::drop-down { width: @22; }
+QComboBox::down-arrow { width: @12; height: @12; }
+QTableView::item { padding: 0 @3; }
+QHeaderView::section { padding: @5 @3+3; }
+QCalendarWidget QToolButton { padding: @4 @8; }
+QCalendarWidget QTableView::item { padding: 0; }
 )";
 
 QPalette palette()
@@ -141,6 +155,23 @@ QString firstOf(const QStringList& wanted)
     return {};
 }
 
+QString scaled(const char* rules, double factor)
+{
+    static const QRegularExpression length(QStringLiteral("@(\\d+)([+-]\\d)?"));
+    const QString text = QString::fromLatin1(rules);
+    QString result;
+    qsizetype read = 0;
+    for (QRegularExpressionMatchIterator it = length.globalMatch(text); it.hasNext();) {
+        const QRegularExpressionMatch found = it.next();
+        const int fixed = found.capturedView(2).toInt();
+        const int pixels = qMax(0, int(factor * found.capturedView(1).toInt()) + fixed);
+        result +=
+            text.mid(read, found.capturedStart() - read) + QString::number(pixels) + QStringLiteral("px");
+        read = found.capturedEnd();
+    }
+    return result + text.mid(read);
+}
+
 } // namespace
 
 QFont font()
@@ -163,13 +194,25 @@ QFont fixedFont()
     return result;
 }
 
+QString scaledLengths(double factor)
+{
+    // A button's text stands in the middle: once the button has its size, a padding could only cut.
+    return QStringLiteral("QPushButton, QPushButton:focus { padding: 0; }") + scaled(lengthRules, factor);
+}
+
+QString openingLengths()
+{
+    return scaled("QPushButton { padding: @6 @14; } QPushButton:focus { padding: @6-1 @14-1; }", 1) +
+           scaled(lengthRules, 1);
+}
+
 void apply(QApplication& application)
 {
     loadResources();
     application.setStyle(QStyleFactory::create(QStringLiteral("Fusion")));
     application.setPalette(palette());
     application.setFont(font());
-    application.setStyleSheet(QString::fromLatin1(styleSheet));
+    application.setStyleSheet(QString::fromLatin1(styleSheet) + openingLengths());
 }
 
 } // namespace Theme

@@ -13,6 +13,13 @@ namespace Theme {
 
 void apply(QApplication& application);
 
+/// The paddings and inner lengths of the style sheet as `apply` sets them.
+QString openingLengths();
+
+/// The same, `factor` times as large: rules for a screen whose controls have their sizes already, and whose
+/// fonts have been scaled by as much.
+QString scaledLengths(double factor);
+
 /// For labels, boxes and grids.
 QFont font();
 

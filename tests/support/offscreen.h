@@ -1,0 +1,26 @@
+#pragma once
+
+#include <QSize>
+#include <QTemporaryFile>
+
+/// Windows are drawn in memory, on a screen of this size in pixels. Has to stand before the application is
+/// made.
+class OffScreen
+{
+public:
+    explicit OffScreen(QSize size = {1920, 1080})
+    {
+        if (!screens_.open())
+            qFatal("the description of the screen cannot be written");
+        screens_.write(QStringLiteral(R"({"screens": [{"name": "screen", "x": 0, "y": 0, "width": %1,
+            "height": %2, "logicalDpi": 96, "logicalBaseDpi": 96, "dpr": 1}]})")
+                           .arg(size.width())
+                           .arg(size.height())
+                           .toUtf8());
+        screens_.flush();
+        qputenv("QT_QPA_PLATFORM", "offscreen:configfile=" + screens_.fileName().toUtf8());
+    }
+
+private:
+    QTemporaryFile screens_;
+};
