@@ -21,6 +21,8 @@
 #include <QTemporaryDir>
 #include <benchmark/benchmark.h>
 
+using namespace Qt::StringLiterals;
+
 namespace {
 
 const QDate today(2026, 3, 16);
@@ -41,13 +43,12 @@ void makeClinic()
 {
     const QTemporaryDir folder;
     QProcess generator;
-    generator.start(QStringLiteral(GENERATOR_PROGRAM),
-                    {QStringLiteral("--tenant"), QStringLiteral("C1"), QStringLiteral("--today"),
-                     today.toString(Qt::ISODate), QStringLiteral("--patients"), QStringLiteral("100000"),
-                     QStringLiteral("--appointments"), QStringLiteral("500000"), QStringLiteral("--visits"),
-                     QStringLiteral("200000"), QStringLiteral("--out"), folder.path()});
+    generator.start(QString::fromUtf8(GENERATOR_PROGRAM),
+                    {u"--tenant"_s, u"C1"_s, u"--today"_s, today.toString(Qt::ISODate), u"--patients"_s,
+                     u"100000"_s, u"--appointments"_s, u"500000"_s, u"--visits"_s, u"200000"_s, u"--out"_s,
+                     folder.path()});
     if (!generator.waitForFinished(120000) || generator.exitCode() != 0)
-        Report::fail(QStringLiteral("the clinic was not made"));
+        Report::fail(u"the clinic was not made"_s);
     Database::instance().load(folder.path());
 }
 
@@ -108,18 +109,18 @@ public:
     /// As a click on the day, until the day stands in list and grid.
     void go(QDate day)
     {
-        auto* calendar = static_cast<MonthCalendar*>(driver_.find(QStringLiteral("Calendar1")));
+        auto* calendar = static_cast<MonthCalendar*>(driver_.find(u"Calendar1"_s));
         calendar->setValue(day);
         Q_EMIT calendar->dayChosen(day);
     }
 
     ScreenDriver& driver() { return driver_; }
 
-    int lines() const { return int(driver_.list(QStringLiteral("List1")).size()); }
-    int visits() const { return int(driver_.grid(QStringLiteral("DataGrid1")).size()); }
+    int lines() const { return int(driver_.list(u"List1"_s).size()); }
+    int visits() const { return int(driver_.grid(u"DataGrid1"_s).size()); }
     int freeLine() const
     {
-        const QStringList all = driver_.list(QStringLiteral("List1"));
+        const QStringList all = driver_.list(u"List1"_s);
         for (int i = 0; i < all.size(); ++i)
             if (all[i].size() == 5)
                 return i;
@@ -160,17 +161,17 @@ void booking(benchmark::State& state)
     for (auto _ : state) {
         agenda.go(workingDay(number++));
         clock.advance(1);
-        agenda.driver().doubleClickRow(QStringLiteral("List1"), agenda.freeLine());
-        agenda.driver().type(QStringLiteral("txtIdPac"), QString::number(number));
+        agenda.driver().doubleClickRow(u"List1"_s, agenda.freeLine());
+        agenda.driver().type(u"txtIdPac"_s, QString::number(number));
         agenda.driver().press(Qt::Key_Return);
         QElapsedTimer timer;
         timer.start();
-        agenda.driver().click(QStringLiteral("Command7"));
+        agenda.driver().click(u"Command7"_s);
         const double seconds = double(timer.nsecsElapsed()) / 1e9;
         state.SetIterationTime(seconds);
         total += seconds;
         longest = std::max(longest, seconds);
-        if (agenda.driver().visible(QStringLiteral("frmAgendamento")))
+        if (agenda.driver().visible(u"frmAgendamento"_s))
             state.SkipWithError("not booked");
     }
     state.counters["longest_ms"] = longest * 1e3;
@@ -182,8 +183,8 @@ void keystroke(benchmark::State& state)
     frmCli_Agenda_Pesquisa screen;
     screen.Show();
     settle();
-    auto* box = static_cast<QLineEdit*>(ScreenDriver(screen).find(QStringLiteral("txtnmpac")));
-    const QString name = QStringLiteral("MARIA APARECIDA");
+    auto* box = static_cast<QLineEdit*>(ScreenDriver(screen).find(u"txtnmpac"_s));
+    const QString name = u"MARIA APARECIDA"_s;
     int letters = 0;
     report(state, [&] {
         box->setText(name.left(letters++ % int(name.size()) + 1));
@@ -196,8 +197,8 @@ void keystroke(benchmark::State& state)
 void closing(benchmark::State& state)
 {
     const QStringList first =
-        Database::instance().rows(QStringLiteral("select idagenda, idpac, nmpac, idpro, idproc, idconv from "
-                                                 "agenda_clinica where status <> '2' limit 1"))[0];
+        Database::instance().rows(u"select idagenda, idpac, nmpac, idpro, idproc, idconv from "
+                                  "agenda_clinica where status <> '2' limit 1"_s)[0];
     FixedClock clock(QDateTime(today, QTime(8, 30)));
     double total = 0, longest = 0;
     for (auto _ : state) {
@@ -205,33 +206,32 @@ void closing(benchmark::State& state)
         screen.recebe({.idPac = first[1],
                        .nmPac = first[2],
                        .idAgenda = first[0],
-                       .profissional = QStringLiteral("DRA|%1|100|1|0").arg(first[3]),
-                       .data = QStringLiteral("16/03/2026"),
-                       .hora = QStringLiteral("08:30"),
-                       .procedimento = QStringLiteral("CONSULTA|") + first[4],
-                       .valor = QStringLiteral("100"),
+                       .profissional = u"DRA|%1|100|1|0"_s.arg(first[3]),
+                       .data = u"16/03/2026"_s,
+                       .hora = u"08:30"_s,
+                       .procedimento = u"CONSULTA|"_s + first[4],
+                       .valor = u"100"_s,
                        .idConv = first[5],
-                       .nmConv = QStringLiteral("PLANO")});
+                       .nmConv = u"PLANO"_s});
         screen.Show();
         ScreenDriver driver(screen);
         settle();
         for (int i = 0; i < 5; ++i) {
-            static_cast<QLineEdit*>(driver.find(QStringLiteral("txtIdProc")))->setText(first[4]);
-            static_cast<QLineEdit*>(driver.find(QStringLiteral("txtNmProc")))
-                ->setText(QStringLiteral("CONSULTA"));
-            static_cast<QLineEdit*>(driver.find(QStringLiteral("txtQt")))->setText(QStringLiteral("1"));
-            static_cast<QLineEdit*>(driver.find(QStringLiteral("txtVR")))->setText(QStringLiteral("100"));
-            driver.click(QStringLiteral("Command2"));
+            static_cast<QLineEdit*>(driver.find(u"txtIdProc"_s))->setText(first[4]);
+            static_cast<QLineEdit*>(driver.find(u"txtNmProc"_s))->setText(u"CONSULTA"_s);
+            static_cast<QLineEdit*>(driver.find(u"txtQt"_s))->setText(u"1"_s);
+            static_cast<QLineEdit*>(driver.find(u"txtVR"_s))->setText(u"100"_s);
+            driver.click(u"Command2"_s);
         }
         for (const char* kind : {"DINHEIRO", "PIX", "CONVENIO"}) {
-            driver.choose(QStringLiteral("cboMP"), QString::fromLatin1(kind));
-            driver.type(QStringLiteral("txtVrMp"), QStringLiteral("200"));
-            driver.click(QStringLiteral("Command16"));
+            driver.choose(u"cboMP"_s, QString::fromLatin1(kind));
+            driver.type(u"txtVrMp"_s, u"200"_s);
+            driver.click(u"Command16"_s);
         }
         clock.advance(1);
         QElapsedTimer timer;
         timer.start();
-        driver.click(QStringLiteral("Command1"));
+        driver.click(u"Command1"_s);
         const double seconds = double(timer.nsecsElapsed()) / 1e9;
         state.SetIterationTime(seconds);
         total += seconds;
@@ -247,8 +247,8 @@ void runAll()
     const FixedClock clock(QDateTime(today, QTime(8, 30)));
     Database::instance().create();
     makeClinic();
-    Variaveis::idlic = QStringLiteral("C1");
-    Variaveis::Usuario = QStringLiteral("MARIA");
+    Variaveis::idlic = u"C1"_s;
+    Variaveis::Usuario = u"MARIA"_s;
     Variaveis::StringConexao = Database::instance().connectionString();
     const auto timed = [](const char* name, auto function, int iterations = 30) {
         benchmark::RegisterBenchmark(name, function)

@@ -10,6 +10,8 @@
 #include <sqlext.h>
 #include <stdexcept>
 
+using namespace Qt::StringLiterals;
+
 namespace {
 
 constexpr int rowCount = 100'000;
@@ -20,8 +22,8 @@ constexpr std::array<std::pair<const char*, SQLUSMALLINT>, 4> readColumns{
 
 void fill(Database& database)
 {
-    database.execute(QStringLiteral(
-        "insert into pacientes "
+    database.execute(
+        u"insert into pacientes "
         "(idlic,dtcad,cpf,rg,dtnasc,nmPac,fonepac,fonecel,eMail,cep,rua,nrrua,bairro,cidade,uf,"
         "nmresp,foneresp,idconv,taler,dsaler,tmed,dsmed,tcir,dscir,obs,evup) "
         "select 'CLINICA', '2026-01-02', '123.456.789-09', '12.345.678-9', date_add('1930-01-01', interval "
@@ -31,7 +33,7 @@ void fill(Database& database)
         "SÃO "
         "PAULO', 'SÃO JOSÉ DOS CAMPOS', 'SP', 'JOSÉ DE SOUZA', '(11) 98765-4321', seq % 7, '0', null, '1', "
         "'LOSARTANA "
-        "50MG', '0', '', 'SEM OBSERVAÇÕES', 'RECEPCAO - 02/01/2026 10:11:12' from seq_1_to_100000"));
+        "50MG', '0', '', 'SEM OBSERVAÇÕES', 'RECEPCAO - 02/01/2026 10:11:12' from seq_1_to_100000"_s);
 }
 
 /// A connection and a statement of the bare interface.

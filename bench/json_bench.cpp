@@ -4,7 +4,7 @@
 ///
 /// Document 0 has patients that are alike, as a web service lists them; in document 1 each object has a
 /// choice and order of names of its own.
-#include "lookups/jsonbag.h"
+#include "lookups/json/jsonbag.h"
 
 #include <QJsonArray>
 #include <QJsonDocument>

@@ -17,23 +17,23 @@
 #include <hpdf.h>
 #include <stdexcept>
 
+using namespace Qt::StringLiterals;
+
 namespace {
 
 constexpr int LinesOnPage = 68;
 constexpr double PageHeight = 842;
-const QString Title = QStringLiteral("Tremo Silva 1.0 - AGENDA CLINICA");
-const QString Headings = QStringLiteral("HORA  PACIENTE                                 CONVENIO        "
-                                        "PROCEDIMENTO                 FONE");
+const QString Title = u"Tremo Silva 1.0 - AGENDA CLINICA"_s;
+const QString Headings = u"HORA  PACIENTE                                 CONVENIO        "
+                         "PROCEDIMENTO                 FONE"_s;
 
 QString agendaLine(int line)
 {
-    return QStringLiteral(
-               "%1:%2 MARIA DA CONCEIÇÃO DE SOUZA              PLANO SÃO JOSÉ  CONSULTA (RETORNO)         "
-               "  (11) 98765-4321")
-        .arg(8 + line / 6, 2, 10, QLatin1Char('0'))
-        .arg(line % 6 * 10, 2, 10, QLatin1Char('0'))
-        .leftJustified(100)
-        .left(100);
+    return u"%1:%2 MARIA DA CONCEIÇÃO DE SOUZA              PLANO SÃO JOSÉ  CONSULTA (RETORNO)         "
+           "  (11) 98765-4321"_s.arg(8 + line / 6, 2, 10, QLatin1Char('0'))
+               .arg(line % 6 * 10, 2, 10, QLatin1Char('0'))
+               .leftJustified(100)
+               .left(100);
 }
 
 /// What a page is drawn with: points from the top left corner.
@@ -47,9 +47,9 @@ void drawPage(const Pen& pen, const QStringList& lines)
 {
     pen.line(15, 32, 575, 32, 0.5);
     pen.text(Title, 20, 25, 12);
-    pen.text(QStringLiteral("PROFISSIONAL: ANTONIO DOS SANTOS"), 20, 45, 9);
-    pen.text(QStringLiteral("SEGUNDA-FEIRA, 16/03/2026"), 20, 55, 10);
-    pen.text(QStringLiteral("RECEPCAO - 16/03/2026 08:09:10"), 20, 65, 9);
+    pen.text(u"PROFISSIONAL: ANTONIO DOS SANTOS"_s, 20, 45, 9);
+    pen.text(u"SEGUNDA-FEIRA, 16/03/2026"_s, 20, 55, 10);
+    pen.text(u"RECEPCAO - 16/03/2026 08:09:10"_s, 20, 65, 9);
     pen.line(15, 70, 575, 70, 0.5);
     pen.line(15, 77, 575, 77, 12);
     pen.text(Headings, 20, 79, 9);
@@ -65,7 +65,7 @@ void byPrinter(const QString& path, int pages, const QStringList& lines)
 {
     PDFPrinter pdf;
     pdf.PDFFileName(path);
-    pdf.PDFLoadAfm(Files::inProgramFolder(QStringLiteral("\\fonts")));
+    pdf.PDFLoadAfm(Files::inProgramFolder(u"\\fonts"_s));
     pdf.PDFFormatPage(0);
     pdf.PDFOrientation(1);
     pdf.PDFSetUnit(0);
@@ -130,7 +130,7 @@ void byQt(const QString& path, int pages, const QStringList& lines)
                       painter.drawLine(QPointF(x1, y1), QPointF(x2, y2));
                   },
                   [&](const QString& text, double x, double y, int size) {
-                      painter.setFont(QFont(QStringLiteral("Helvetica"), size));
+                      painter.setFont(QFont(u"Helvetica"_s, size));
                       painter.drawText(QPointF(x, y), text);
                   }};
     for (int page = 1; page <= pages; ++page) {
@@ -147,7 +147,7 @@ const std::pair<const char*, Writer> writers[] = {
 /// The most that this process has had in memory, in KiB.
 int peakMemory()
 {
-    QFile status(QStringLiteral("/proc/self/status"));
+    QFile status(u"/proc/self/status"_s);
     if (!status.open(QIODevice::ReadOnly))
         throw std::runtime_error("the peak of the memory is not known here");
     const QByteArray text = status.readAll();
@@ -168,7 +168,7 @@ void makeDocument(const QString& writer, int pages)
         QElapsedTimer timer;
         timer.start();
         const std::clock_t begin = std::clock();
-        make(folder.filePath(QStringLiteral("agenda.pdf")), pages, lines);
+        make(folder.filePath(u"agenda.pdf"_s), pages, lines);
         std::printf("%.9f %.9f %d\n", double(timer.nsecsElapsed()) / 1e9,
                     double(std::clock() - begin) / CLOCKS_PER_SEC, peakMemory());
     }
@@ -180,7 +180,7 @@ void BM_Document(benchmark::State& state, const char* writer, int pages)
     for (auto _ : state) {
         QProcess process;
         process.start(QCoreApplication::applicationFilePath(),
-                      {QStringLiteral("--document"), QLatin1String(writer), QString::number(pages)});
+                      {u"--document"_s, QLatin1String(writer), QString::number(pages)});
         process.waitForFinished(-1);
         const QByteArrayList answer = process.readAllStandardOutput().simplified().split(' ');
         if (process.exitCode() != 0 || answer.size() != 3) {

@@ -1,8 +1,8 @@
 /// A register's grid over the patients of one clinic: opening it, finding a code, searching a name; its rows
 /// read by pages against the same with all rows held in memory.
 #include "app/core/variaveis.h"
-#include "platform/data/datagrid.h"
 #include "platform/forms/application.h"
+#include "platform/forms/datagrid.h"
 #include "platform/forms/theme.h"
 #include "registers/frmcadcli.h"
 #include "support/database.h"
@@ -14,6 +14,8 @@
 #include <QFile>
 #include <benchmark/benchmark.h>
 #include <map>
+
+using namespace Qt::StringLiterals;
 
 namespace {
 
@@ -29,8 +31,8 @@ void fill(int patients)
         return;
     Database& database = Database::instance();
     database.clear();
-    const QString insertion = QStringLiteral(
-        "insert into pacientes (idlic, dtcad, cpf, dtnasc, nmPac, fonecel, eMail, cep, rua, bairro, cidade, "
+    const QString insertion =
+        u"insert into pacientes (idlic, dtcad, cpf, dtnasc, nmPac, fonecel, eMail, cep, rua, bairro, cidade, "
         "uf, "
         "idconv, obs, evup) select '%1', '2026-01-02', '123.456.789-09', date_add('1930-01-01', interval seq "
         "% "
@@ -40,16 +42,15 @@ void fill(int patients)
         "seq), "
         "concat('paciente', seq, '@exemplo.com.br'), '01234-567', 'RUA DAS LARANJEIRAS', 'JARDIM SÃO PAULO', "
         "'SÃO JOSÉ DOS CAMPOS', 'SP', seq % 7, 'SEM OBSERVAÇÕES', 'RECEPCAO - 02/01/2026 10:11:12' from "
-        "seq_1_to_%2;");
-    database.execute(insertion.arg(QStringLiteral("C1")).arg(patients).arg(patients / 10) +
-                     insertion.arg(QStringLiteral("C2")).arg(few).arg(few) +
-                     QStringLiteral("analyze table pacientes"));
+        "seq_1_to_%2;"_s;
+    database.execute(insertion.arg(u"C1"_s).arg(patients).arg(patients / 10) +
+                     insertion.arg(u"C2"_s).arg(few).arg(few) + u"analyze table pacientes"_s);
     present = patients;
 }
 
 double residentMegabytes()
 {
-    QFile file(QStringLiteral("/proc/self/status"));
+    QFile file(u"/proc/self/status"_s);
     if (!file.open(QIODevice::ReadOnly))
         return 0;
     for (const QByteArray& line : file.readAll().split('\n'))
@@ -58,11 +59,11 @@ double residentMegabytes()
     return 0;
 }
 
-const QString everyPatient = QStringLiteral("select * from pacientes where idlic = 'C1' order by nmpac");
+const QString everyPatient = u"select * from pacientes where idlic = 'C1' order by nmpac"_s;
 QString withName(const char* part)
 {
-    return QStringLiteral("select * from pacientes where idlic = 'C1' AND nmpac like '%%1%' order by nmpac")
-        .arg(QLatin1String(part));
+    return u"select * from pacientes where idlic = 'C1' AND nmpac like '%%1%' order by nmpac"_s.arg(
+        QLatin1String(part));
 }
 
 /// The rows and the grid of a register.
@@ -75,9 +76,8 @@ public:
         rows_.setCursorLocation(ADODB::Recordset::ClientSide);
         connection_.setConnectionString(Database::instance().connectionString());
         connection_.Open();
-        grid_.setColumns({{QStringLiteral("idpac"), QStringLiteral("CÓDIGO"), 15},
-                          {QStringLiteral("nmpac"), QStringLiteral("NOME"), 60},
-                          {QStringLiteral("fonecel"), QStringLiteral("CELULAR"), 25}});
+        grid_.setColumns(
+            {{u"idpac"_s, u"CÓDIGO"_s, 15}, {u"nmpac"_s, u"NOME"_s, 60}, {u"fonecel"_s, u"CELULAR"_s, 25}});
         grid_.setDataSource(&rows_);
         grid_.resize(900, 500);
     }
@@ -94,7 +94,7 @@ public:
     bool find(int code)
     {
         rows_.Requery();
-        rows_.Find(QStringLiteral("idpac = %1").arg(code));
+        rows_.Find(u"idpac = %1"_s.arg(code));
         paint();
         return !rows_.Eof() && rows_.Fields("idpac").integer() == code;
     }
@@ -171,7 +171,7 @@ void openingScreen(benchmark::State& state, const std::string& name, bool, int p
         frmcadcli screen;
         screen.Show();
         benchmark::DoNotOptimize(screen.grab().cacheKey());
-        const bool shown = ScreenDriver(screen).find(QStringLiteral("DataGrid1")) != nullptr;
+        const bool shown = ScreenDriver(screen).find(u"DataGrid1"_s) != nullptr;
         screen.Unload();
         return shown;
     });
@@ -202,14 +202,14 @@ void findingOnScreen(benchmark::State& state, const std::string& name, bool, int
     screen.Show();
     ScreenDriver driver(screen);
     settle();
-    auto* box = static_cast<QLineEdit*>(driver.find(QStringLiteral("txtnome")));
+    auto* box = static_cast<QLineEdit*>(driver.find(u"txtnome"_s));
     Painted nameBox(*box);
-    Painted grid(*static_cast<DataGrid*>(driver.find(QStringLiteral("DataGrid1")))->viewport());
+    Painted grid(*static_cast<DataGrid*>(driver.find(u"DataGrid1"_s))->viewport());
     int code = 0;
     const auto prepare = [&] {
         code = (code + patients * 3 / 8) % patients + 1;
-        driver.focus(QStringLiteral("txtcodcli"));
-        static_cast<QLineEdit*>(driver.find(QStringLiteral("txtcodcli")))->setText(QString::number(code));
+        driver.focus(u"txtcodcli"_s);
+        static_cast<QLineEdit*>(driver.find(u"txtcodcli"_s))->setText(QString::number(code));
         settle();
         nameBox.asked();
         grid.asked();
@@ -217,7 +217,7 @@ void findingOnScreen(benchmark::State& state, const std::string& name, bool, int
     measure(
         state, name, patients,
         [&] {
-            driver.focus(QStringLiteral("TXTRG"));
+            driver.focus(u"TXTRG"_s);
             return !box->text().isEmpty() && nameBox.asked() && grid.asked();
         },
         prepare);
@@ -274,7 +274,7 @@ int main(int argc, char** argv)
     benchmark::Initialize(&argc, argv);
     Database::instance().create();
     Variaveis::StringConexao = Database::instance().connectionString();
-    Variaveis::idlic = QStringLiteral("C1");
+    Variaveis::idlic = u"C1"_s;
     registerAll();
     benchmark::RunSpecifiedBenchmarks();
     Database::instance().drop();

@@ -10,6 +10,8 @@
 #include <QTemporaryDir>
 #include <benchmark/benchmark.h>
 
+using namespace Qt::StringLiterals;
+
 namespace {
 
 /// Seconds that the program ran; the status must be 0.
@@ -25,19 +27,17 @@ double run(benchmark::State& state, const QString& program, const QStringList& a
 void BM_LoginShown(benchmark::State& state)
 {
     Database& database = Database::instance();
-    database.execute(
-        QStringLiteral("insert into usuarios (idlic,nmusuario,ususenha) values ('C1','MARIA','SEGREDO')"));
+    database.execute(u"insert into usuarios (idlic,nmusuario,ususenha) values ('C1','MARIA','SEGREDO')"_s);
     const QTemporaryDir folder;
     Files::setProgramFolder(folder.path());
-    ArquivosINI::Grava(
-        {database.server(), database.password(), database.name(), database.user(), QStringLiteral("C1")});
+    ArquivosINI::Grava({database.server(), database.password(), database.name(), database.user(), u"C1"_s});
 
     double login = 0, bare = 0;
     for (auto _ : state) {
-        bare += run(state, QStringLiteral(BARE_PROGRAM), {});
+        bare += run(state, QString::fromUtf8(BARE_PROGRAM), {});
         // The scenario closes the login as soon as it is the active window, which ends the program.
         const double seconds =
-            run(state, QStringLiteral(SCENARIO_PROGRAM), {folder.path(), QStringLiteral("close-login")});
+            run(state, QString::fromUtf8(SCENARIO_PROGRAM), {folder.path(), u"close-login"_s});
         login += seconds;
         state.SetIterationTime(seconds);
     }

@@ -6,6 +6,8 @@
 #include <QRegularExpression>
 #include <gtest/gtest.h>
 
+using namespace Qt::StringLiterals;
+
 namespace {
 
 struct Rule
@@ -18,66 +20,90 @@ struct Rule
 const QList<Rule>& rules()
 {
     static const QList<Rule> list = {
-        {u"message, input and file boxes go through Dialogs"_qs,
-         QRegularExpression(u"\\bQ(MessageBox|InputDialog|FileDialog|ErrorMessage)\\b"_qs),
-         u"platform/forms/"_qs},
-        {u"the clock is Clock"_qs,
-         QRegularExpression(u"\\bcurrent(Date|DateTime|Time|MSecs|Secs)\\w*\\s*\\("_qs),
-         u"platform/system/clock.cpp"_qs},
-        {u"programs and documents open through Shell"_qs,
-         QRegularExpression(u"\\bQ(Process|DesktopServices)\\b"_qs), u"platform/system/shell.cpp"_qs},
-        {u"the network is Http"_qs, QRegularExpression(u"\\bQ(Network|Tcp|Udp|Ssl|Http)\\w+"_qs),
-         u"platform/system/http.cpp"_qs},
-        {u"ODBC stays in its room"_qs,
-         QRegularExpression(u"#include\\s*<(sql|sqlext|sqltypes|odbcinst)\\.h>"_qs),
-         u"platform/data/odbc"_qs},
-        {u"values enter a statement through aspas"_qs,
-         QRegularExpression(
-             u"'\"\\s*\\+|\\+\\s*\"'|'\"_qs\\s*\\+|\\+\\s*u\"'|\\+\\s*QStringLiteral\\(\"'|'\"\\)\\s*\\+"_qs),
+        {u"message, input and file boxes go through Dialogs"_s,
+         QRegularExpression(u"\\bQ(MessageBox|InputDialog|FileDialog|ErrorMessage)\\b"_s),
+         u"platform/forms/"_s},
+        {u"the clock is Clock"_s,
+         QRegularExpression(u"\\bcurrent(Date|DateTime|Time|MSecs|Secs)\\w*\\s*\\("_s),
+         u"platform/system/clock.cpp"_s},
+        {u"programs and documents open through Shell"_s,
+         QRegularExpression(u"\\bQ(Process|DesktopServices)\\b"_s), u"platform/system/shell.cpp"_s},
+        {u"the network is Http"_s, QRegularExpression(u"\\bQ(Network|Tcp|Udp|Ssl|Http)\\w+"_s),
+         u"platform/system/http.cpp"_s},
+        {u"ODBC stays in its room"_s,
+         QRegularExpression(u"#include\\s*<(sql|sqlext|sqltypes|odbcinst)\\.h>"_s), u"platform/data/odbc"_s},
+        {u"values enter a statement through aspas"_s,
+         QRegularExpression(u"'\"\\s*\\+|\\+\\s*\"'|'\"_s\\s*\\+|\\+\\s*u\"'"_s),
          {}},
-        {u"connections are checked by the compiler"_qs,
-         QRegularExpression(u"\\b(SIGNAL|SLOT)\\s*\\("_qs),
-         {}},
-        {u"masks and numbers are read and written by the values room"_qs,
+        {u"connections are checked by the compiler"_s, QRegularExpression(u"\\b(SIGNAL|SLOT)\\s*\\("_s), {}},
+        {u"masks and numbers are read and written by the values room"_s,
          QRegularExpression(
-             u"\\b(toDouble|toFloat|QLocale::\\w*toString|QDate::fromString|QDateTime::fromString)\\s*\\("_qs),
-         u"platform/"_qs},
+             u"\\b(toDouble|toFloat|QLocale::\\w*toString|QDate::fromString|QDateTime::fromString)\\s*\\("_s),
+         u"platform/"_s},
     };
     return list;
 }
 
-/// The floor that a folder below src stands on; folders of one floor do not know each other.
-int floorOf(const QString& path)
+/// A room: a folder below src, and the rooms that it may include beside itself.
+struct Room
 {
-    const QList<QPair<QString, int>> floors = {
-        {u"platform/"_qs, 1},   {u"app/core/"_qs, 2},  {u"layout/"_qs, 2},      {u"documents/"_qs, 3},
-        {u"lookups/"_qs, 3},    {u"registers/"_qs, 4}, {u"agenda/"_qs, 5},      {u"contracts/"_qs, 5},
-        {u"purchasing/"_qs, 5}, {u"payables/"_qs, 5},  {u"app/main.cpp"_qs, 7}, {u"app/"_qs, 6}};
-    for (const auto& [folder, floor] : floors)
-        if (path.startsWith(folder))
-            return floor;
-    return 0;
+    QString folder;
+    QStringList below;
+};
+
+/// The longest folder that holds a file is its room.
+const QList<Room>& rooms()
+{
+    static const QList<Room> list = [] {
+        const QStringList values = {u"platform/values/"_s};
+        const QStringList platform =
+            values + QStringList{u"platform/system/"_s, u"platform/data/"_s, u"platform/forms/"_s};
+        const QStringList core = platform + QStringList{u"app/core/"_s};
+        const QStringList registers = core + QStringList{u"layout/"_s, u"documents/"_s, u"lookups/"_s,
+                                                         u"lookups/json/"_s, u"registers/"_s};
+        const QStringList screens = {u"agenda/"_s, u"contracts/"_s, u"purchasing/"_s, u"payables/"_s};
+        QList<Room> rooms = {{u"platform/values/"_s, {}},
+                             {u"platform/system/"_s, values},
+                             {u"platform/data/"_s, values},
+                             {u"platform/forms/"_s, platform},
+                             {u"app/core/"_s, platform},
+                             {u"layout/"_s, platform},
+                             {u"documents/"_s, core},
+                             {u"lookups/json/"_s, values},
+                             {u"lookups/"_s, core + QStringList{u"lookups/json/"_s}},
+                             {u"registers/"_s, registers},
+                             {u"app/"_s, registers + screens}};
+        for (const QString& folder : screens)
+            rooms.append({folder, registers});
+        return rooms;
+    }();
+    return list;
 }
 
-QString folderOf(const QString& path)
+/// The room of a file below src; null for one that stands in none.
+const Room* roomOf(const QString& path)
 {
-    return path.startsWith(u"app/core/"_qs) ? u"app/core"_qs : path.section(u'/', 0, 0);
+    const Room* found = nullptr;
+    for (const Room& room : rooms())
+        if (path.startsWith(room.folder) && (!found || room.folder.size() > found->folder.size()))
+            found = &room;
+    return found;
 }
 
 /// What a line of the file `path` (below src) breaks; empty for nothing.
 QString broken(const QString& path, const QString& line)
 {
-    const QString code = line.section(u"//"_qs, 0, 0);
+    const QString code = line.section(u"//"_s, 0, 0);
     for (const Rule& rule : rules())
         if (rule.pattern.match(code).hasMatch() &&
             (rule.allowedIn.isEmpty() || !path.startsWith(rule.allowedIn)))
             return rule.name;
-    static const QRegularExpression include(u"^\\s*#include\\s*\"([^\"]+)\""_qs);
+    static const QRegularExpression include(u"^\\s*#include\\s*\"([^\"]+)\""_s);
     const QString included = include.match(line).captured(1);
-    const int from = floorOf(path);
-    const int to = floorOf(included);
-    if (to > from || (to == from && from > 0 && folderOf(included) != folderOf(path)))
-        return u"no include of a floor above or beside"_qs;
+    const Room* from = roomOf(path);
+    const Room* to = roomOf(included);
+    if (from && to && to != from && !from->below.contains(to->folder))
+        return u"no include of a room above or beside"_s;
     return {};
 }
 
@@ -90,24 +116,29 @@ TEST(Conventions, EachRuleIsAbleToFail)
         QString path, line;
         bool breaks;
     } rows[] = {
-        {u"app/a.cpp"_qs, u"    QMessageBox::warning(this, x);"_qs, true},
-        {u"platform/forms/dialogs.cpp"_qs, u"    QMessageBox window(owner);"_qs, false},
-        {u"app/a.cpp"_qs, u"    auto d = QDate::currentDate();"_qs, true},
-        {u"app/a.cpp"_qs, u"    // QDate::currentDate() would not do"_qs, false},
-        {u"app/a.cpp"_qs, u"    QProcess::startDetached(x);"_qs, true},
-        {u"lookups/a.cpp"_qs, u"    QNetworkAccessManager m;"_qs, true},
-        {u"app/core/a.cpp"_qs, u"#include <sql.h>"_qs, true},
-        {u"app/a.cpp"_qs, uR"(rs.Open("where idlic = '" + idlic + "'", c);)"_qs, true},
-        {u"app/a.cpp"_qs, uR"(rs.Open("where idlic = " + aspas(idlic) + " and x = 'N'", c);)"_qs, false},
-        {u"app/a.cpp"_qs, uR"(sql = QStringLiteral("idlic = '") + idlic;)"_qs, true},
-        {u"app/a.cpp"_qs, u"connect(a, SIGNAL(clicked()), b, c);"_qs, true},
-        {u"agenda/a.cpp"_qs, u"    x = text.toDouble();"_qs, true},
-        {u"platform/a.h"_qs, u"#include \"app/core/menu.h\""_qs, true},
-        {u"app/core/a.h"_qs, u"#include \"layout/autoresize.h\""_qs, true},
-        {u"agenda/a.h"_qs, u"#include \"contracts/frmOs_MNT.h\""_qs, true},
-        {u"registers/a.h"_qs, u"#include \"app/frmprincipal.h\""_qs, true},
-        {u"agenda/a.h"_qs, u"#include \"registers/busca.h\""_qs, false},
-        {u"app/frmconfig.cpp"_qs, u"#include \"app/core/menu.h\""_qs, false},
+        {u"app/a.cpp"_s, u"    QMessageBox::warning(this, x);"_s, true},
+        {u"platform/forms/dialogs.cpp"_s, u"    QMessageBox window(owner);"_s, false},
+        {u"app/a.cpp"_s, u"    auto d = QDate::currentDate();"_s, true},
+        {u"app/a.cpp"_s, u"    // QDate::currentDate() would not do"_s, false},
+        {u"app/a.cpp"_s, u"    QProcess::startDetached(x);"_s, true},
+        {u"lookups/a.cpp"_s, u"    QNetworkAccessManager m;"_s, true},
+        {u"app/core/a.cpp"_s, u"#include <sql.h>"_s, true},
+        {u"app/a.cpp"_s, uR"(rs.Open("where idlic = '" + idlic + "'", c);)"_s, true},
+        {u"app/a.cpp"_s, uR"(rs.Open("where idlic = " + aspas(idlic) + " and x = 'N'", c);)"_s, false},
+        {u"app/a.cpp"_s, uR"(sql = u"idlic = '"_s + idlic;)"_s, true},
+        {u"app/a.cpp"_s, u"connect(a, SIGNAL(clicked()), b, c);"_s, true},
+        {u"agenda/a.cpp"_s, u"    x = text.toDouble();"_s, true},
+        {u"platform/forms/a.h"_s, u"#include \"app/core/menu.h\""_s, true},
+        {u"platform/forms/a.h"_s, u"#include \"platform/data/adodc.h\""_s, false},
+        {u"platform/data/odbc/a.h"_s, u"#include \"platform/forms/form.h\""_s, true},
+        {u"platform/values/a.h"_s, u"#include \"platform/system/clock.h\""_s, true},
+        {u"lookups/json/a.h"_s, u"#include \"app/core/sql.h\""_s, true},
+        {u"lookups/json/a.h"_s, u"#include \"lookups/validadocumento.h\""_s, true},
+        {u"app/core/a.h"_s, u"#include \"layout/autoresize.h\""_s, true},
+        {u"agenda/a.h"_s, u"#include \"contracts/frmOs_MNT.h\""_s, true},
+        {u"registers/a.h"_s, u"#include \"app/frmprincipal.h\""_s, true},
+        {u"agenda/a.h"_s, u"#include \"registers/busca.h\""_s, false},
+        {u"app/frmconfig.cpp"_s, u"#include \"app/core/menu.h\""_s, false},
     };
     for (const auto& row : rows)
         EXPECT_EQ(!broken(row.path, row.line).isEmpty(), row.breaks) << row.line.toStdString();
@@ -115,15 +146,15 @@ TEST(Conventions, EachRuleIsAbleToFail)
 
 TEST(Conventions, TheSourcesKeepThem)
 {
-    const QDir source(QStringLiteral(SOURCE_DIR));
+    const QDir source(QString::fromUtf8(SOURCE_DIR));
     int files = 0;
-    QDirIterator walk(source.path(), {u"*.cpp"_qs, u"*.h"_qs}, QDir::Files, QDirIterator::Subdirectories);
+    QDirIterator walk(source.path(), {u"*.cpp"_s, u"*.h"_s}, QDir::Files, QDirIterator::Subdirectories);
     while (walk.hasNext()) {
         QFile file(walk.next());
         ASSERT_TRUE(file.open(QIODevice::ReadOnly));
         const QString path = source.relativeFilePath(file.fileName());
         ++files;
-        EXPECT_GT(floorOf(path), 0) << path.toStdString() << " stands on no floor";
+        EXPECT_TRUE(roomOf(path)) << path.toStdString() << " stands in no room";
         const QStringList lines = QString::fromUtf8(file.readAll()).split(u'\n');
         for (qsizetype i = 0; i < lines.size(); ++i)
             if (const QString rule = broken(path, lines[i]); !rule.isEmpty())

@@ -6,6 +6,8 @@
 #include <iostream>
 #include <map>
 
+using namespace Qt::StringLiterals;
+
 using namespace ADODB;
 
 namespace {
@@ -36,7 +38,7 @@ protected:
             u"select table_name, lower(column_name), data_type,"
             " if(data_type like '%char' or data_type like '%text', least(character_maximum_length, 30), 0),"
             " column_key = 'PRI' from information_schema.columns where table_schema = database()"
-            " order by table_name, ordinal_position"_qs,
+            " order by table_name, ordinal_position"_s,
             connection);
         for (; !columns.Eof(); columns.MoveNext())
             tables[columns.Fields(0).text()].push_back({columns.Fields(1).text(), columns.Fields(2).text(),
@@ -50,23 +52,23 @@ protected:
     static QString selection(QString sql)
     {
         static const QRegularExpression form(
-            u"^\\s*(?:delete\\s+from|update)\\s+(\\w+)\\s(?:.*?\\s)?(where\\s.*)$"_qs,
+            u"^\\s*(?:delete\\s+from|update)\\s+(\\w+)\\s(?:.*?\\s)?(where\\s.*)$"_s,
             QRegularExpression::CaseInsensitiveOption | QRegularExpression::DotMatchesEverythingOption);
-        static const QRegularExpression noRows(u"\\slimit 0$"_qs);
-        return sql.replace(form, u"select * from \\1 \\2"_qs).remove(noRows);
+        static const QRegularExpression noRows(u"\\slimit 0$"_s);
+        return sql.replace(form, u"select * from \\1 \\2"_s).remove(noRows);
     }
 
     /// The values that a statement compares columns with, by the column.
     static std::map<QString, QString> values(const QString& sql)
     {
         static const QRegularExpression comparison(
-            u"(\\w+)\\s*(=|<>|<=|>=|<|>|\\blike\\b)\\s*(?:'([^']*)'|(\\d+))"_qs,
+            u"(\\w+)\\s*(=|<>|<=|>=|<|>|\\blike\\b)\\s*(?:'([^']*)'|(\\d+))"_s,
             QRegularExpression::CaseInsensitiveOption);
         std::map<QString, QString> result;
         for (auto found = comparison.globalMatch(sql); found.hasNext();) {
             const QRegularExpressionMatch match = found.next();
             const QString other = match.captured(3) + match.captured(4);
-            const QString met = match.captured(2) != u"<>" ? other : other == u"0" ? u"1"_qs : u"0"_qs;
+            const QString met = match.captured(2) != u"<>" ? other : other == u"0" ? u"1"_s : u"0"_s;
             result.try_emplace(match.captured(1).toLower(), QString(met).remove(u'%'));
         }
         return result;
@@ -75,21 +77,20 @@ protected:
     /// The value of a column in the n-th row: the wanted one in most rows, in others one that is near it.
     static QString value(const ColumnOf& column, const QString* wanted, int n)
     {
-        static const QStringList numbers{u"1"_qs,   u"10"_qs, u"0"_qs, u"null"_qs,
-                                         u"100"_qs, u"-1"_qs, u"2"_qs};
-        static const QSet<QString> whole{u"int"_qs, u"bigint"_qs, u"smallint"_qs, u"tinyint"_qs};
+        static const QStringList numbers{u"1"_s, u"10"_s, u"0"_s, u"null"_s, u"100"_s, u"-1"_s, u"2"_s};
+        static const QSet<QString> whole{u"int"_s, u"bigint"_s, u"smallint"_s, u"tinyint"_s};
         const bool isWhole = whole.contains(column.type);
         if (wanted && (n % 3 != 2 || (column.length == 0 && !isWhole)))
             return u'\'' + *wanted + u'\'';
         if (isWhole)
             return wanted && n % 2 ? *wanted + u'0' : numbers[n % numbers.size()];
         if (column.length > 0) {
-            const QStringList near{u"00"_qs + (wanted ? *wanted : u"1"_qs),
-                                   (wanted ? *wanted : u"1"_qs) + u"%"_qs, u"K%1"_qs.arg(n),
+            const QStringList near{u"00"_s + (wanted ? *wanted : u"1"_s),
+                                   (wanted ? *wanted : u"1"_s) + u"%"_s, u"K%1"_s.arg(n),
                                    QString::number(n % 4)};
             return u'\'' + near[n % near.size()].right(column.length) + u'\'';
         }
-        return column.type.startsWith(u"date") ? u"'2026-01-%1'"_qs.arg(1 + n) : QString::number(n % 5);
+        return column.type.startsWith(u"date") ? u"'2026-01-%1'"_s.arg(1 + n) : QString::number(n % 5);
     }
 
     void fill(const QString& sql)
@@ -98,7 +99,7 @@ protected:
         constexpr int rows = 21;
         for (const auto& [table, columns] : tables) {
             if (!sql.contains(
-                    QRegularExpression(u"\\b%1\\b"_qs.arg(table), QRegularExpression::CaseInsensitiveOption)))
+                    QRegularExpression(u"\\b%1\\b"_s.arg(table), QRegularExpression::CaseInsensitiveOption)))
                 continue;
             QStringList lines;
             for (int n = 0; n < rows; ++n) {
@@ -109,8 +110,8 @@ protected:
                 }
                 lines << u'(' + line.join(u',') + u')';
             }
-            connection.Execute(u"delete from "_qs + table);
-            connection.Execute(u"insert ignore into %1 values %2"_qs.arg(table, lines.join(u',')));
+            connection.Execute(u"delete from "_s + table);
+            connection.Execute(u"insert ignore into %1 values %2"_s.arg(table, lines.join(u',')));
         }
     }
 
@@ -132,7 +133,7 @@ protected:
     /// Of each row, the values of those columns of the order that the result has.
     QList<QStringList> ordered(const QString& sql, const QList<QStringList>& of) const
     {
-        static const QRegularExpression order(u"\\border\\s+by\\s+([^']*)$"_qs,
+        static const QRegularExpression order(u"\\border\\s+by\\s+([^']*)$"_s,
                                               QRegularExpression::CaseInsensitiveOption);
         QList<QStringList> result(of.size());
         for (const QString& item : order.match(sql).captured(1).split(u',')) {
@@ -159,7 +160,7 @@ TEST_F(SentStatements, GiveTheSameRowsInTheSameOrder)
             continue;
         SCOPED_TRACE(statement.toStdString());
         const QString sql = selection(statement);
-        ASSERT_TRUE(sql.trimmed().startsWith(u"select"_qs, Qt::CaseInsensitive));
+        ASSERT_TRUE(sql.trimmed().startsWith(u"select"_s, Qt::CaseInsensitive));
         ASSERT_NE(comparedByEquality(sql, codes), sql);
         fill(sql);
         const QList<QStringList> written = rows(sql, false);

@@ -1,6 +1,6 @@
 #include "app/core/arquivosini.h"
-#include "platform/system/error.h"
 #include "platform/system/files.h"
+#include "platform/values/error.h"
 
 #include <QCoreApplication>
 #include <cstdio>

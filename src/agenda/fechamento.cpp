@@ -9,6 +9,8 @@
 
 #include <numeric>
 
+using namespace Qt::StringLiterals;
+
 using namespace Variaveis;
 
 namespace {
@@ -61,9 +63,8 @@ QString ProcedimentoCobrado::linha() const
 
 QString ProcedimentoCobrado::titulo()
 {
-    return linhaDoProcedimento(QStringLiteral("Procedimento"), QStringLiteral("Qtde"),
-                               QStringLiteral("Valor"), QStringLiteral("Convênio"),
-                               QStringLiteral("Cód.Conv."), QStringLiteral("Cód.Proc."));
+    return linhaDoProcedimento(u"Procedimento"_s, u"Qtde"_s, u"Valor"_s, u"Convênio"_s, u"Cód.Conv."_s,
+                               u"Cód.Proc."_s);
 }
 
 QString PagamentoRecebido::linha() const
@@ -73,7 +74,7 @@ QString PagamentoRecebido::linha() const
 
 QString PagamentoRecebido::titulo()
 {
-    return linhaDoPagamento(QStringLiteral("Tipo"), QStringLiteral("Valor"), QStringLiteral("Histórico"));
+    return linhaDoPagamento(u"Tipo"_s, u"Valor"_s, u"Histórico"_s);
 }
 
 double Fechamento::total() const
@@ -109,9 +110,9 @@ void Fechamento::grava(const ProcedimentoCobrado& procedimento, const QString& i
         "insert into atendimentos "
         "(idlan,idlic,ondeatd,idprof,idproc,dt,hr,qtde,valor,cf,idatendimento,idconv,evcad,idpac) "
         "values (" +
-        aspas({idlan, idlic, QStringLiteral("0"), idprof, procedimento.idproc, Format(data, u"yyyy/mm/dd"),
-               hr, plainNumber(toNumber(procedimento.qtde)), comPonto(procedimento.valor, u"#########0.00##"),
-               QStringLiteral("N"), idatendimento, procedimento.idconv, carimbo(), idpac}) +
+        aspas({idlan, idlic, u"0"_s, idprof, procedimento.idproc, Format(data, u"yyyy/mm/dd"), hr,
+               plainNumber(toNumber(procedimento.qtde)), comPonto(procedimento.valor, u"#########0.00##"),
+               u"N"_s, idatendimento, procedimento.idconv, carimbo(), idpac}) +
         ")");
 }
 
@@ -119,6 +120,6 @@ void Fechamento::grava(const PagamentoRecebido& pagamento, const QString& idaten
 {
     gravaLinha("insert into atendimento_finan (idlic,idatend,mp,obs,valor,cf,evcad) values (" +
                aspas({idlic, idatendimento, pagamento.tipo.trimmed(), pagamento.obs.trimmed(),
-                      comPonto(pagamento.valor, u"###########0.00##"), QStringLiteral("N"), carimbo()}) +
+                      comPonto(pagamento.valor, u"###########0.00##"), u"N"_s, carimbo()}) +
                ")");
 }

@@ -11,14 +11,16 @@
 #include "platform/forms/dialogs.h"
 #include "platform/forms/hourglass.h"
 #include "platform/system/clock.h"
-#include "platform/system/error.h"
 #include "platform/values/date.h"
+#include "platform/values/error.h"
 #include "platform/values/format.h"
 #include "platform/values/number.h"
 #include "ui_frmcli_agenda.h"
 
 #include <QScreen>
 #include <QSignalBlocker>
+
+using namespace Qt::StringLiterals;
 
 using namespace Variaveis;
 
@@ -27,9 +29,8 @@ namespace {
 QString hojePorExtenso()
 {
     const QDate hoje = Clock::today();
-    return QStringLiteral("HOJE: %1, %2 de %3 de %4")
-        .arg(weekdayName(weekday(hoje)), QString::number(hoje.day()), monthName(hoje.month()),
-             QString::number(hoje.year()));
+    return u"HOJE: %1, %2 de %3 de %4"_s.arg(weekdayName(weekday(hoje)), QString::number(hoje.day()),
+                                             monthName(hoje.month()), QString::number(hoje.year()));
 }
 
 QString emColuna(QDate dia)
@@ -50,11 +51,11 @@ frmCli_Agenda::frmCli_Agenda() : ui(std::make_unique<Ui::frmCli_Agenda>())
     aviso.setColor(QPalette::Window, QColor(0xfd, 0xe9, 0xc2));
     aviso.setColor(QPalette::WindowText, QColor(0x7a, 0x49, 0x00));
     ui->lFeriado->setPalette(aviso);
-    ui->DataGrid1->setColumns({{QStringLiteral("HORA"), QStringLiteral("HORÁRIO"), 8},
-                               {QStringLiteral("NMPAC"), QStringLiteral("PACIENTE"), 37},
-                               {QStringLiteral("FONEPAC"), QStringLiteral("FONE"), 15},
-                               {QStringLiteral("DTNASC"), QStringLiteral("DT.NASCIMENTO"), 10},
-                               {QStringLiteral("NMPROC"), QStringLiteral("PROCEDIMENTO"), 30}});
+    ui->DataGrid1->setColumns({{u"HORA"_s, u"HORÁRIO"_s, 8},
+                               {u"NMPAC"_s, u"PACIENTE"_s, 37},
+                               {u"FONEPAC"_s, u"FONE"_s, 15},
+                               {u"DTNASC"_s, u"DT.NASCIMENTO"_s, 10},
+                               {u"NMPROC"_s, u"PROCEDIMENTO"_s, 30}});
     ui->DataGrid1->setDataSource(&Adodc1);
     wire();
     wirePainel();
@@ -186,8 +187,7 @@ void frmCli_Agenda::Command6_Click()
 {
     std::optional<QString> escolha;
     do {
-        escolha = InputBox(QStringLiteral("0 - AGENDA DA CLINICA\n1 - AGENDA DO HOME"),
-                           QStringLiteral("QUAL AGENDA DESEJA IMPRIMIR?"));
+        escolha = InputBox(u"0 - AGENDA DA CLINICA\n1 - AGENDA DO HOME"_s, u"QUAL AGENDA DESEJA IMPRIMIR?"_s);
         if (!escolha)
             return;
     } while (*escolha != QLatin1String("0") && *escolha != QLatin1String("1"));
@@ -204,13 +204,13 @@ void frmCli_Agenda::DataGrid1_DblClick()
     if (!ui->DataGrid1->isEnabled() || Adodc1.Recordset().State() == 0 || Adodc1.Recordset().Eof())
         return;
     if (Adodc1.Recordset().Fields("status").text() == QLatin1String("1")) {
-        MsgBox(QStringLiteral("PROCEDIMENTO JÁ CONCLUIDO!"), QStringLiteral("ATENÇAO"), Icon::Exclamation);
+        MsgBox(u"PROCEDIMENTO JÁ CONCLUIDO!"_s, u"ATENÇAO"_s, Icon::Exclamation);
         return;
     }
     if (Adodc1.Recordset().Fields("idprof").integer() != 0 &&
-        !MsgYesNo(QStringLiteral("Procedimento já iniciado! Deseja prosseguir?"), QStringLiteral("ATENÇAO")))
+        !MsgYesNo(u"Procedimento já iniciado! Deseja prosseguir?"_s, u"ATENÇAO"_s))
         return;
-    Menu::notYet(QStringLiteral("Agenda - Atendimento"));
+    Menu::notYet(u"Agenda - Atendimento"_s);
     const Hourglass ampulheta;
     Repaint();
     Adodc1.Refresh();
@@ -224,13 +224,13 @@ void frmCli_Agenda::MontaAgenda()
     Repaint();
     ui->List1->Clear();
     const QDate dia = ui->Calendar1->Value();
-    ui->lDia->setText(QStringLiteral("AGENDA DO DIA: ") + Format(dia, u"dd/mm/yyyy"));
+    ui->lDia->setText(u"AGENDA DO DIA: "_s + Format(dia, u"dd/mm/yyyy"));
     AbreConexao();
     mostraFeriado(dia);
     const int naClinica = montaLista(dia);
     mostraVisitas(dia);
     // The second count is not kept: the grid beside it shows the visits themselves.
-    ui->lQT->setText(QStringLiteral("Clínica: %1 Home: 0").arg(naClinica));
+    ui->lQT->setText(u"Clínica: %1 Home: 0"_s.arg(naClinica));
     // The clerk stays at the time that was looked at.
     for (int i = 0; !hora.isEmpty() && i < ui->List1->ListCount(); ++i)
         if (ui->List1->List(i).startsWith(hora))
@@ -244,7 +244,7 @@ void frmCli_Agenda::mostraFeriado(QDate dia)
     rs.Open("select * from feriados where idlic = " + aspas(idlic) + " and dia like " +
                 QString::number(dia.day()) + " and mes like " + QString::number(dia.month()),
             Conexao, 0, 1);
-    ui->lFeriado->setText(rs.Eof() ? QString() : QStringLiteral("FERIADO: ") + rs.Fields("OBS").text());
+    ui->lFeriado->setText(rs.Eof() ? QString() : u"FERIADO: "_s + rs.Fields("OBS").text());
     ui->lFeriado->setAutoFillBackground(!ui->lFeriado->text().isEmpty());
 }
 

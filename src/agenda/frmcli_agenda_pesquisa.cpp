@@ -7,18 +7,19 @@
 #include "platform/values/number.h"
 #include "ui_frmcli_agenda_pesquisa.h"
 
+using namespace Qt::StringLiterals;
+
 using namespace Variaveis;
 
 frmCli_Agenda_Pesquisa::frmCli_Agenda_Pesquisa() : ui(std::make_unique<Ui::frmCli_Agenda_Pesquisa>())
 {
     ui->setupUi(this);
-    ui->DataGrid1->setColumns(
-        {{QStringLiteral("NMPAC"), QStringLiteral("PACIENTE"), 25},
-         {QStringLiteral("DIA"), QStringLiteral("DATA"), 10, QStringLiteral("dd/mm/yyyy")},
-         {QStringLiteral("HR"), QStringLiteral("HORÁRIO"), 5},
-         {QStringLiteral("FONE"), QStringLiteral("TELEFONE"), 12},
-         {QStringLiteral("NMPROC"), QStringLiteral("PROCEDIMENTO"), 20},
-         {QStringLiteral("NMPRO"), QStringLiteral("PROFISSIONAL"), 25}});
+    ui->DataGrid1->setColumns({{u"NMPAC"_s, u"PACIENTE"_s, 25},
+                               {u"DIA"_s, u"DATA"_s, 10, u"dd/mm/yyyy"_s},
+                               {u"HR"_s, u"HORÁRIO"_s, 5},
+                               {u"FONE"_s, u"TELEFONE"_s, 12},
+                               {u"NMPROC"_s, u"PROCEDIMENTO"_s, 20},
+                               {u"NMPRO"_s, u"PROFISSIONAL"_s, 25}});
     ui->DataGrid1->setDataSource(&Adodc1);
     wire();
 }

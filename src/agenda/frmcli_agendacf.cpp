@@ -9,8 +9,10 @@
 #include "platform/forms/theme.h"
 #include "platform/values/format.h"
 #include "platform/values/number.h"
-#include "registers/buscas.h"
+#include "registers/telasdebusca.h"
 #include "ui_frmcli_agendacf.h"
+
+using namespace Qt::StringLiterals;
 
 using namespace Variaveis;
 
@@ -36,7 +38,7 @@ void mostraNome(QLineEdit* nome, const QString& coluna, const QString& consulta)
 template <class Linha>
 void estorna(ListBox* lista, std::vector<Linha>& linhas)
 {
-    if (!MsgYesNo(QStringLiteral("Estorna?"), QStringLiteral("Atenção")))
+    if (!MsgYesNo(u"Estorna?"_s, u"Atenção"_s))
         return;
     const int qual = lista->ListIndex();
     lista->RemoveItem(qual);
@@ -45,7 +47,7 @@ void estorna(ListBox* lista, std::vector<Linha>& linhas)
 
 void avisa(const QString& texto)
 {
-    MsgBox(texto, QStringLiteral("ATENÇÃO"));
+    MsgBox(texto, u"ATENÇÃO"_s);
 }
 
 } // namespace
@@ -102,7 +104,7 @@ void frmCli_AgendaCF::recebe(const AtendimentoAFechar& atendimento)
                    .hora = atendimento.hora,
                    .procedimentos = {},
                    .pagamentos = {}};
-    ui->lPac->setText(atendimento.idPac + QStringLiteral(" | ") + atendimento.nmPac);
+    ui->lPac->setText(atendimento.idPac + u" | "_s + atendimento.nmPac);
     ui->lIdAgenda->setText(atendimento.idAgenda);
     ui->lProf->setText(atendimento.profissional);
     ui->lDT->setText(atendimento.data);
@@ -111,7 +113,7 @@ void frmCli_AgendaCF::recebe(const AtendimentoAFechar& atendimento)
     ui->txtIdProc->setText(codigoDoItem(atendimento.procedimento));
     ui->txtNmProc->setText(nomeDoItem(atendimento.procedimento));
     ui->txtVR->setText(atendimento.valor);
-    ui->txtQt->setText(QStringLiteral("1"));
+    ui->txtQt->setText(u"1"_s);
     ui->txtIdConv->setText(atendimento.idConv);
     ui->txtNmConv->setText(atendimento.nmConv);
 }
@@ -120,7 +122,7 @@ void frmCli_AgendaCF::procuraProcedimento()
 {
     if (!ui->txtIdProc->isEnabled())
         return;
-    RetornoCodigo = QStringLiteral("0"); // the clinic's
+    RetornoCodigo = u"0"_s; // the clinic's
     RetornoNome.clear();
     Form::of<frmBuscaProcedimentos>().ShowModal();
     if (!isNumeric(RetornoCodigo))
@@ -150,7 +152,7 @@ void frmCli_AgendaCF::txtIdProc_Change()
 void frmCli_AgendaCF::txtIdProc_LostFocus()
 {
     if (isNumeric(ui->txtIdProc->text()))
-        mostraNome(ui->txtNmProc, QStringLiteral("nmproc"),
+        mostraNome(ui->txtNmProc, u"nmproc"_s,
                    "select * from procedimentos where idlic = " + aspas(idlic) + " and idproc like " +
                        codigoDigitado(ui->txtIdProc->text()) + " and ondeatd = '0'");
 }
@@ -163,7 +165,7 @@ void frmCli_AgendaCF::txtIdConv_Change()
 void frmCli_AgendaCF::txtIdConv_LostFocus()
 {
     if (isNumeric(ui->txtIdConv->text()))
-        mostraNome(ui->txtNmConv, QStringLiteral("nmconv"),
+        mostraNome(ui->txtNmConv, u"nmconv"_s,
                    "select * from convenios where idlic = " + aspas(idlic) + " and idconv like " +
                        codigoDigitado(ui->txtIdConv->text()));
 }
@@ -183,15 +185,15 @@ bool frmCli_AgendaCF::recusa()
     const QString valor = ui->txtVR->text();
     const QString qtde = ui->txtQt->text();
     if (isVazia(ui->txtNmProc) || isVazia(ui->txtNmConv) || !isNumeric(valor) || !isNumeric(qtde)) {
-        avisa(QStringLiteral("--- ERRO --- DADOS INVÁLIDOS!"));
+        avisa(u"--- ERRO --- DADOS INVÁLIDOS!"_s);
         return true;
     }
     if (toNumber(valor) < 0) {
-        avisa(QStringLiteral("--- ERRO --- VALOR NÃO PODE SER MENOR QUE ZERO!"));
+        avisa(u"--- ERRO --- VALOR NÃO PODE SER MENOR QUE ZERO!"_s);
         return true;
     }
     if (toNumber(qtde) <= 0) {
-        avisa(QStringLiteral("--- ERRO --- QTDE NÃO PODE SER MENOR E/OU IGUAL A ZERO!"));
+        avisa(u"--- ERRO --- QTDE NÃO PODE SER MENOR E/OU IGUAL A ZERO!"_s);
         return true;
     }
     return false;
@@ -247,7 +249,7 @@ void frmCli_AgendaCF::Command16_Click()
 {
     const QString valor = ui->txtVrMp->text();
     if (!isNumeric(valor) || toNumber(valor) <= 0)
-        return avisa(QStringLiteral("--- ERRO --- VALOR INVÁLIDO!"));
+        return avisa(u"--- ERRO --- VALOR INVÁLIDO!"_s);
     fechamento_.pagamentos.push_back({ui->lMP->text(), emCentavos(toNumber(valor)), ui->txtobs->text()});
     ui->List2->AddItem(fechamento_.pagamentos.back().linha());
     Command17_Click();
@@ -268,9 +270,9 @@ void frmCli_AgendaCF::Totaliza()
     const double total = fechamento_.total();
     const double pago = fechamento_.pago();
     ui->List3->Clear();
-    ui->List3->AddItem(QStringLiteral("Total a Pagar.: ") + Currency(total));
-    ui->List3->AddItem(QStringLiteral("Total Pago....: ") + Currency(pago));
-    ui->List3->AddItem(QStringLiteral("Falta.........: ") + Currency(total - pago));
+    ui->List3->AddItem(u"Total a Pagar.: "_s + Currency(total));
+    ui->List3->AddItem(u"Total Pago....: "_s + Currency(pago));
+    ui->List3->AddItem(u"Falta.........: "_s + Currency(total - pago));
     // As it is shown: a remainder that nobody can see must not refuse the closing.
     Falta = emCentavos(total - pago);
     if (Falta > 0)
@@ -279,16 +281,16 @@ void frmCli_AgendaCF::Totaliza()
 
 void frmCli_AgendaCF::Command1_Click()
 {
-    if (!MsgYesNo(QStringLiteral("Confirma?"), QStringLiteral("Atenção")))
+    if (!MsgYesNo(u"Confirma?"_s, u"Atenção"_s))
         return;
     if (Falta > 0)
-        return avisa(QStringLiteral("--- ERRO --- VALOR TOTAL RECEBIDO INFERIOR AO TOTAL A PAGAR!"));
+        return avisa(u"--- ERRO --- VALOR TOTAL RECEBIDO INFERIOR AO TOTAL A PAGAR!"_s);
     for (QWidget* controle : std::initializer_list<QWidget*>{ui->Command1, ui->List1, ui->List2, ui->Command2,
                                                              ui->txtIdProc, ui->txtIdConv})
         controle->setEnabled(false);
     const Hourglass ampulheta;
     Repaint();
     fechamento_.grava();
-    RetornoFechamento = QStringLiteral("S");
+    RetornoFechamento = u"S"_s;
     Unload();
 }

@@ -9,10 +9,12 @@
 #include "platform/forms/dialogs.h"
 #include "platform/values/format.h"
 #include "platform/values/number.h"
-#include "registers/buscas.h"
+#include "registers/telasdebusca.h"
 #include "ui_frmcli_agenda.h"
 
 #include <QLayout>
+
+using namespace Qt::StringLiterals;
 
 using namespace Variaveis;
 
@@ -69,7 +71,7 @@ void frmCli_Agenda::List1_DblClick()
     if (!LinhaAgenda::isHorario(linha))
         return ui->frmAgendamento->show();
     if (LinhaAgenda::estado(linha) == LinhaAgenda::Estado::Encerrado) {
-        MsgBox(QStringLiteral("ATENDIMENTO JÁ CONFIRMADO!"), QStringLiteral("ATENÇÃO"));
+        MsgBox(u"ATENDIMENTO JÁ CONFIRMADO!"_s, u"ATENÇÃO"_s);
         return;
     }
     const QString procedimento = ui->cboTP->currentText();
@@ -107,7 +109,7 @@ void frmCli_Agenda::carregaProcedimentos()
 void frmCli_Agenda::moveAberto(const QString& linha)
 {
     if (!LinhaAgenda::isLivre(linha)) {
-        MsgBox(QStringLiteral("--- ERRO --- HORÁRIO NÃO DISPONIVEL!"), QStringLiteral("ATENÇÃO"));
+        MsgBox(u"--- ERRO --- HORÁRIO NÃO DISPONIVEL!"_s, u"ATENÇÃO"_s);
         return;
     }
     for (QPushButton* botao : {ui->Command9, ui->Command5, ui->Command4})
@@ -235,7 +237,7 @@ void frmCli_Agenda::mostraPreco(double desconto)
 
 void frmCli_Agenda::Command4_Click()
 {
-    RetornoFechamento = QStringLiteral("N");
+    RetornoFechamento = u"N"_s;
     auto& fechamento = Form::of<frmCli_AgendaCF>();
     fechamento.recebe({.idPac = ui->txtIdPac->text(),
                        .nmPac = ui->txtNmPac->text(),
@@ -256,7 +258,7 @@ void frmCli_Agenda::Command4_Click()
 
 void frmCli_Agenda::Command5_Click()
 {
-    if (!MsgYesNo(QStringLiteral("Notificaçao confimada?"), QStringLiteral("ATENÇÃO")))
+    if (!MsgYesNo(u"Notificaçao confimada?"_s, u"ATENÇÃO"_s))
         return;
     AbreConexao();
     Conexao.BeginTrans();
@@ -269,7 +271,7 @@ void frmCli_Agenda::Command5_Click()
 
 void frmCli_Agenda::Command9_Click()
 {
-    if (!MsgYesNo(QStringLiteral("Confirma o cancelamento do agendamento?"), QStringLiteral("ATENÇÃO")))
+    if (!MsgYesNo(u"Confirma o cancelamento do agendamento?"_s, u"ATENÇÃO"_s))
         return;
     AbreConexao();
     ADODB::Recordset rs;

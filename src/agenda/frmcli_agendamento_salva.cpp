@@ -11,6 +11,8 @@
 #include "platform/values/number.h"
 #include "ui_frmcli_agenda.h"
 
+using namespace Qt::StringLiterals;
+
 using namespace Variaveis;
 
 namespace {
@@ -34,14 +36,14 @@ void frmCli_Agenda::Command7_Click()
     AbreConexao();
     const bool home = ui->cboOnde->currentText().startsWith(QLatin1Char('1'));
     if (home)
-        idpro_ = QStringLiteral("0"); // a home appointment belongs to no professional
+        idpro_ = u"0"_s; // a home appointment belongs to no professional
     if (pacienteOcupado())
         return tomaProfissional();
     Conexao.BeginTrans();
     Conexao.Execute(ui->txtIdAgenda->text().trimmed().isEmpty() ? inclusao() : alteracao());
     Conexao.CommitTrans();
     tomaProfissional();
-    MsgBox(QStringLiteral("Agendado com sucesso!"), QStringLiteral("Atenção"), Icon::Information);
+    MsgBox(u"Agendado com sucesso!"_s, u"Atenção"_s, Icon::Information);
     Command8_Click();
     MontaAgenda();
 }
@@ -49,18 +51,16 @@ void frmCli_Agenda::Command7_Click()
 bool frmCli_Agenda::recusa()
 {
     if (incompleto()) {
-        MsgBox(QStringLiteral("--- ERRO --- DADOS INCOMPLETOS!"), QStringLiteral("ATENÇÃO"),
-               Icon::Information);
+        MsgBox(u"--- ERRO --- DADOS INCOMPLETOS!"_s, u"ATENÇÃO"_s, Icon::Information);
         return true;
     }
     idproc_ = codigoDoItem(ui->cboTP->currentText()).toLongLong();
     if (idproc_ == 0) {
-        MsgBox(QStringLiteral("--- ERRO --- SELECIONA UM PROCEDIMENTO!"), QStringLiteral("ATENÇÃO"));
+        MsgBox(u"--- ERRO --- SELECIONA UM PROCEDIMENTO!"_s, u"ATENÇÃO"_s);
         return true;
     }
     if (toDate(ui->txtDt->text()).date() < Clock::today()) {
-        MsgBox(QStringLiteral("--- ERRO --- DATA DO AGENDAMENTO ANTERIOR A DATA ATUAL!"),
-               QStringLiteral("ATENÇÃO"), Icon::Critical);
+        MsgBox(u"--- ERRO --- DATA DO AGENDAMENTO ANTERIOR A DATA ATUAL!"_s, u"ATENÇÃO"_s, Icon::Critical);
         return true;
     }
     return false;
@@ -87,8 +87,8 @@ bool frmCli_Agenda::pacienteOcupado()
     if (rs.Eof())
         return false;
     rs.Close();
-    MsgBox(QStringLiteral("--- PACIENTE JÁ POSSUI AGENDA NESSA MESMA DATA E HORÁRIO COM OUTRO PROFISSIONAL!"),
-           QStringLiteral("ATENÇÃO"), Icon::Exclamation);
+    MsgBox(u"--- PACIENTE JÁ POSSUI AGENDA NESSA MESMA DATA E HORÁRIO COM OUTRO PROFISSIONAL!"_s,
+           u"ATENÇÃO"_s, Icon::Exclamation);
     return true;
 }
 
@@ -109,7 +109,7 @@ QString frmCli_Agenda::inclusao() const
                                  ui->txtObs->text(),
                                  QString::number(idproc_),
                                  emComando(ui->txtVR->text()),
-                                 QStringLiteral("0"),
+                                 u"0"_s,
                                  carimbo(),
                                  carimbo(),
                                  ui->cboMobEsp->currentText(),

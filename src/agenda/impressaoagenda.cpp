@@ -8,6 +8,8 @@
 #include "platform/values/date.h"
 #include "platform/values/format.h"
 
+using namespace Qt::StringLiterals;
+
 namespace {
 
 constexpr qint32 azul = 0xff0000; // packed colours have the blue in front
@@ -39,15 +41,15 @@ void linhaCheia(PDFPrinter& pdf, double y)
 
 QString novoArquivo()
 {
-    Files::makeFolder(Files::inProgramFolder(QStringLiteral("\\temp")));
-    return Files::inProgramFolder(QStringLiteral("\\temp\\cli_agenda_") +
-                                  Format(Clock::now(), u"yymmddhhmmss") + QStringLiteral(".pdf"));
+    Files::makeFolder(Files::inProgramFolder(u"\\temp"_s));
+    return Files::inProgramFolder(u"\\temp\\cli_agenda_"_s + Format(Clock::now(), u"yymmddhhmmss") +
+                                  u".pdf"_s);
 }
 
 void prepara(PDFPrinter& pdf)
 {
     pdf.PDFFileName(Variaveis::ArquivoPDF);
-    pdf.PDFLoadAfm(Files::inProgramFolder(QStringLiteral("\\fonts")));
+    pdf.PDFLoadAfm(Files::inProgramFolder(u"\\fonts"_s));
     pdf.PDFConfirm(false);
     pdf.PDFView(true);
     pdf.PDFSetViewerPreferences(6);
@@ -61,21 +63,21 @@ void prepara(PDFPrinter& pdf)
     pdf.PDFBeginDoc();
     pdf.PDFSetLineStyle(0);
     pdf.PDFSetLineWidth(0.5);
-    pdf.PDFSetBookmark(QStringLiteral("Agenda Clinica"), 0, 40);
-    pdf.PDFSetBookmark(QStringLiteral("Agenda Clinica"), 1, 60);
+    pdf.PDFSetBookmark(u"Agenda Clinica"_s, 0, 40);
+    pdf.PDFSetBookmark(u"Agenda Clinica"_s, 1, 60);
 }
 
 void cabecalho(PDFPrinter& pdf, const FolhaDaAgenda& folha)
 {
     linhaCheia(pdf, 32);
     pdf.PDFSetFont(helvetica, 12, negrito);
-    pdf.PDFTextOut(QStringLiteral("Tremo Silva 1.0 - AGENDA CLINICA"), margemDoTexto, 25);
+    pdf.PDFTextOut(u"Tremo Silva 1.0 - AGENDA CLINICA"_s, margemDoTexto, 25);
     pdf.PDFSetFont(helvetica, 9, 0);
-    pdf.PDFTextOut(QStringLiteral("PROFISSIONAL: ") + folha.profissional.left(45), margemDoTexto, 45);
+    pdf.PDFTextOut(u"PROFISSIONAL: "_s + folha.profissional.left(45), margemDoTexto, 45);
     pdf.PDFSetFont(helvetica, 10, 0);
     pdf.PDFTextOut(folha.dia, margemDoTexto, 55);
     pdf.PDFSetFont(helvetica, 9, 0);
-    pdf.PDFTextOut(Variaveis::Usuario + QStringLiteral(" - ") + agora(), margemDoTexto, 65);
+    pdf.PDFTextOut(Variaveis::Usuario + u" - "_s + agora(), margemDoTexto, 65);
     linhaCheia(pdf, 70);
     pdf.PDFSetLineColor(azul);
     pdf.PDFSetLineWidth(12);
@@ -114,7 +116,7 @@ void rodape(PDFPrinter& pdf, double y)
     pdf.PDFSetTextColor(preto);
     pdf.PDFSetLineWidth(0.2);
     linhaCheia(pdf, 800);
-    pdf.PDFTextOut(Instalacao::contato() + QStringLiteral(" - ") + agora(), margemDoTexto, 810);
+    pdf.PDFTextOut(Instalacao::contato() + u" - "_s + agora(), margemDoTexto, 810);
 }
 
 } // namespace

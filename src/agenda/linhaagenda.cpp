@@ -5,6 +5,8 @@
 #include <array>
 #include <numeric>
 
+using namespace Qt::StringLiterals;
+
 namespace LinhaAgenda {
 
 namespace {
@@ -23,14 +25,13 @@ QString emColunas(QStringList campos)
 
 QString bloqueada()
 {
-    return QStringLiteral("BLOQUEADA");
+    return u"BLOQUEADA"_s;
 }
 
 QString titulo()
 {
-    return emColunas({QStringLiteral("Horário"), QStringLiteral("Paciente"), QStringLiteral("Telefone"),
-                      QStringLiteral("C/R"), QStringLiteral("Mobil?"), QStringLiteral("CF?"),
-                      QStringLiteral("Convênio"), QStringLiteral("OBS")});
+    return emColunas({u"Horário"_s, u"Paciente"_s, u"Telefone"_s, u"C/R"_s, u"Mobil?"_s, u"CF?"_s,
+                      u"Convênio"_s, u"OBS"_s});
 }
 
 QString compromisso(QStringList campos)

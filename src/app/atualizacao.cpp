@@ -10,6 +10,8 @@
 #include "platform/system/http.h"
 #include "platform/system/shell.h"
 
+using namespace Qt::StringLiterals;
+
 namespace Atualizacao {
 
 namespace {
@@ -27,8 +29,8 @@ int baixaEExecuta()
     progresso.Show();
     progresso.Repaint();
 
-    const QString destino = Files::inProgramFolder(QStringLiteral("\\adm_atu.exe"));
-    const QString endereco = Instalacao::servidorDownload() + QStringLiteral("/down/tremosilva/adm_atu.exe");
+    const QString destino = Files::inProgramFolder(u"\\adm_atu.exe"_s);
+    const QString endereco = Instalacao::servidorDownload() + u"/down/tremosilva/adm_atu.exe"_s;
     progresso.mostraPasso(1);
     const Http::Response resposta = Http::download(endereco, espera, "Mozilla/5.0");
     progresso.Repaint();
@@ -50,18 +52,17 @@ int baixaEExecuta()
 void Baixa()
 {
     const int status = baixaEExecuta();
-    MsgBox(QStringLiteral("Erro ao baixar atualização. Código: %1").arg(status), QStringLiteral("Atenção"),
-           Icon::Exclamation);
+    MsgBox(u"Erro ao baixar atualização. Código: %1"_s.arg(status), u"Atenção"_s, Icon::Exclamation);
 }
 
 void AbreSuporte()
 {
-    const QString ferramenta = Files::inProgramFolder(QStringLiteral("\\suporte.exe"));
+    const QString ferramenta = Files::inProgramFolder(u"\\suporte.exe"_s);
     if (Files::exists(ferramenta))
         return Shell::open(ferramenta);
-    MsgBox(QStringLiteral("Atenção!!! APP Não instalado! O Sistema irá fazer o downlaod do APP.!"),
+    MsgBox(u"Atenção!!! APP Não instalado! O Sistema irá fazer o downlaod do APP.!"_s,
            Instalacao::fornecedor());
-    Shell::open(Instalacao::servidorDownload() + QStringLiteral("/down/suporte.exe"));
+    Shell::open(Instalacao::servidorDownload() + u"/down/suporte.exe"_s);
 }
 
 } // namespace Atualizacao

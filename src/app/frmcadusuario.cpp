@@ -8,6 +8,8 @@
 #include "platform/values/text.h"
 #include "ui_frmcadusuario.h"
 
+using namespace Qt::StringLiterals;
+
 using namespace Variaveis;
 
 namespace {
@@ -49,7 +51,7 @@ void frmcadusuario::wire()
 
 void frmcadusuario::Form_Load()
 {
-    RetornoCodigo = QStringLiteral("N");
+    RetornoCodigo = u"N"_s;
     AbreConexao();
     rs.Open("select * from usuarios where idlic = " + aspas(idlic), Conexao, 0, 1);
     for (; !rs.Eof(); rs.MoveNext())
@@ -68,13 +70,12 @@ void frmcadusuario::Combo1_LostFocus()
     if (nome.isEmpty()) {
         ui->Command1->setEnabled(false);
         ui->Command3->setEnabled(false);
-        MsgBox(QStringLiteral("--- ERRO --- INFORME O NOME DE USUÁRIO!"), QStringLiteral("ATENÇÃO"),
-               Icon::Information);
+        MsgBox(u"--- ERRO --- INFORME O NOME DE USUÁRIO!"_s, u"ATENÇÃO"_s, Icon::Information);
         return;
     }
     if (nome.size() > 10) {
-        MsgBox(QStringLiteral("--- ERRO --- O NOME DE USUÁRIO NÃO PODE TER MAIS QUE 10 CARACTERES!"),
-               QStringLiteral("ATENÇÃO"), Icon::Critical);
+        MsgBox(u"--- ERRO --- O NOME DE USUÁRIO NÃO PODE TER MAIS QUE 10 CARACTERES!"_s, u"ATENÇÃO"_s,
+               Icon::Critical);
         return;
     }
     const Hourglass ampulheta;
@@ -98,7 +99,7 @@ void frmcadusuario::montaLista()
 {
     for (const Menu::Entry& entrada : Menu::principal().entries())
         ui->List1->AddItem(QString(4 * entrada.level, QLatin1Char('.')) +
-                           fixedWidth(entrada.caption, larguraTitulo) + QStringLiteral(" - ") +
+                           fixedWidth(entrada.caption, larguraTitulo) + u" - "_s +
                            fixedWidth(entrada.name, larguraNome));
 }
 
@@ -133,17 +134,16 @@ void frmcadusuario::Command1_Click()
     const QString nome = ui->Combo1->currentText();
     const QString senhaNova = ui->txtsenha->text();
     if (nome.isEmpty() || senhaNova.isEmpty()) {
-        MsgBox(QStringLiteral("Existem campos em branco que não podem ficar em branco."),
-               QStringLiteral("ATENÇÃO"), Icon::Exclamation);
+        MsgBox(u"Existem campos em branco que não podem ficar em branco."_s, u"ATENÇÃO"_s, Icon::Exclamation);
         return;
     }
     if (ui->txtoksenha->text() != senhaNova) {
-        MsgBox(QStringLiteral("--- ERRO --- Senhas não conferem!"), QStringLiteral("Atenção"));
+        MsgBox(u"--- ERRO --- Senhas não conferem!"_s, u"Atenção"_s);
         return;
     }
 
     grava(nome, senhaNova);
-    MsgBox(QStringLiteral("Salvo com sucesso!"), QStringLiteral("Atenção"));
+    MsgBox(u"Salvo com sucesso!"_s, u"Atenção"_s);
     limpaTela();
 }
 
@@ -163,7 +163,7 @@ void frmcadusuario::grava(const QString& nome, const QString& senhaNova)
     ComandoGeral("delete from perfilusuario where idlic = " + aspas(idlic) +
                  " and nmusuario = " + aspas(nome));
     for (int i = 0; i < ui->List1->ListCount(); ++i) {
-        const QString valor = ui->List1->Selected(i) ? QStringLiteral("0") : QStringLiteral("1");
+        const QString valor = ui->List1->Selected(i) ? u"0"_s : u"1"_s;
         ComandoGeral("insert into perfilusuario (idlic,nmusuario,ususenha,campo,valor,evcad) values (" +
                      aspas(idlic) + "," + aspas(nome) + "," + aspas(senhaNova) + "," +
                      aspas(campoDaLinha(ui->List1->List(i))) + "," + aspas(valor) + "," +
@@ -174,15 +174,14 @@ void frmcadusuario::grava(const QString& nome, const QString& senhaNova)
 /// Deletes the account of this name from every tenant of the database.
 void frmcadusuario::Command3_Click()
 {
-    if (!MsgYesNo(QStringLiteral("Confirma a exclusão?"), QStringLiteral("Exclusão de Usuário"),
-                  Icon::Question))
+    if (!MsgYesNo(u"Confirma a exclusão?"_s, u"Exclusão de Usuário"_s, Icon::Question))
         return;
     const QString nome = aspas(ui->Combo1->currentText());
     AbreConexao();
     ComandoGeral("delete from perfilusuario where nmusuario = " + nome);
     ComandoGeral("delete from usuarios where nmusuario = " + nome);
     limpaTela();
-    MsgBox(QStringLiteral("Excluído com sucesso!"), QStringLiteral("Atenção"));
+    MsgBox(u"Excluído com sucesso!"_s, u"Atenção"_s);
 }
 
 void frmcadusuario::Command2_Click()

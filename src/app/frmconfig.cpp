@@ -6,6 +6,8 @@
 #include "platform/system/files.h"
 #include "ui_frmconfig.h"
 
+using namespace Qt::StringLiterals;
+
 using namespace Variaveis;
 
 frmconfig::frmconfig() : ui(std::make_unique<Ui::frmconfig>())
@@ -39,7 +41,7 @@ void frmconfig::Form_Load()
 
 void frmconfig::Command2_Click()
 {
-    if (!MsgYesNo(QStringLiteral("Confirma os dados?"), QStringLiteral("Atenção"), Icon::Question))
+    if (!MsgYesNo(u"Confirma os dados?"_s, u"Atenção"_s, Icon::Question))
         return;
     ArquivosINI::Configuracao valores;
     valores.conexao = ui->txtString->text();
@@ -48,7 +50,7 @@ void frmconfig::Command2_Click()
     valores.userbco = ui->txtNmUsu->text();
     valores.idlic = ui->txtIdLic->text();
     ArquivosINI::Grava(valores);
-    MsgBox(QStringLiteral("Configuração salva com sucesso!"), QStringLiteral("Atenção"), Icon::Information);
+    MsgBox(u"Configuração salva com sucesso!"_s, u"Atenção"_s, Icon::Information);
     Unload();
 }
 

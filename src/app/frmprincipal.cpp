@@ -7,12 +7,14 @@
 #include "app/core/variaveis.h"
 #include "app/frmtelainicial.h"
 #include "platform/forms/application.h"
-#include "platform/system/error.h"
 #include "platform/system/files.h"
+#include "platform/values/error.h"
 #include "ui_frmprincipal.h"
 
 #include <QIcon>
 #include <QMenuBar>
+
+using namespace Qt::StringLiterals;
 
 using namespace Variaveis;
 
@@ -28,8 +30,7 @@ frmPrincipal::frmPrincipal() : ui(std::make_unique<Ui::frmPrincipal>())
 {
     ui->setupUi(this);
     setWindowTitle(Instalacao::nomePrograma());
-    ui->lMarca->setPixmap(
-        QIcon(QStringLiteral(":/shell/watermark.svg")).pixmap(QSize(360, 400), devicePixelRatio()));
+    ui->lMarca->setPixmap(QIcon(u":/shell/watermark.svg"_s).pixmap(QSize(360, 400), devicePixelRatio()));
     ui->sRodape->addPanel(StatusBar::Panel::Text);
     ui->sRodape->addPanel(StatusBar::Panel::Date);
     ui->sRodape->addPanel(StatusBar::Panel::Text, 1);
@@ -43,8 +44,8 @@ frmPrincipal::~frmPrincipal() = default;
 void frmPrincipal::wire()
 {
     onKey(Qt::Key_F10, &frmPrincipal::mnuoff_Click);
-    Menu::principal().bind(QStringLiteral("mnuoff"), [this] { mnuoff_Click(); });
-    Menu::principal().bind(QStringLiteral("mnuupdate"), [this] { mnuupdate_Click(); });
+    Menu::principal().bind(u"mnuoff"_s, [this] { mnuoff_Click(); });
+    Menu::principal().bind(u"mnuupdate"_s, [this] { mnuupdate_Click(); });
     connect(&Menu::principal(), &Menu::enabledChanged, this,
             [this](const QString& name, bool enabled) { actions_.value(name)->setEnabled(enabled); });
 }
@@ -100,47 +101,47 @@ void frmPrincipal::mostraUsuario(const QString& texto)
 void frmPrincipal::Form_Load()
 {
     // The updater that the last update fetched has done its work.
-    const QString atualizador = Files::inProgramFolder(QStringLiteral("\\adm_atu.exe"));
+    const QString atualizador = Files::inProgramFolder(u"\\adm_atu.exe"_s);
     if (Files::exists(atualizador))
         Files::removeFile(atualizador);
 
     ui->Image1->setVisible(false);
-    const QString logo = Files::inProgramFolder(QStringLiteral("\\logo.jpg"));
+    const QString logo = Files::inProgramFolder(u"\\logo.jpg"_s);
     if (Files::exists(logo)) {
         QPixmap imagem;
         if (!imagem.loadFromData(Files::read(logo)))
-            throw RuntimeError(481, QStringLiteral("Imagem inválida: %1").arg(logo));
+            throw RuntimeError(481, u"Imagem inválida: %1"_s.arg(logo));
         ui->Image1->setPixmap(imagem);
         ui->Image1->lower();
         ui->Image1->setVisible(true);
         ui->lMarca->setVisible(false);
     }
 
-    Logado = QStringLiteral("N");
-    ui->sRodape->setPanel(3, QStringLiteral("Usuário: Não Logado"));
+    Logado = u"N"_s;
+    ui->sRodape->setPanel(3, u"Usuário: Não Logado"_s);
 }
 
 void frmPrincipal::Form_Activate()
 {
     if (Logado == QLatin1String("N")) {
         CarregaConfiguracao();
-        LoginAberto = QStringLiteral("N");
-        mostraSituacao(QStringLiteral("Efetue a Login..."));
+        LoginAberto = u"N"_s;
+        mostraSituacao(u"Efetue a Login..."_s);
         pedeLogin();
-        mostraUsuario(QStringLiteral("Usuário: ") + Usuario);
+        mostraUsuario(u"Usuário: "_s + Usuario);
         LoginAberto.clear();
     }
     if (Logado == QLatin1String("S")) {
         // The login has just disabled every entry that has no row.
-        Menu::principal().setEnabled(QStringLiteral("mnuupdate"), true);
-        Menu::principal().setEnabled(QStringLiteral("mnuoff"), true);
+        Menu::principal().setEnabled(u"mnuupdate"_s, true);
+        Menu::principal().setEnabled(u"mnuoff"_s, true);
         ui->cmdST->setVisible(false);
     }
 }
 
 void frmPrincipal::CarregaConfiguracao()
 {
-    mostraSituacao(QStringLiteral("Aguarde... iniciando..."));
+    mostraSituacao(u"Aguarde... iniciando..."_s);
     idlic.clear();
     ArquivoINI = ArquivosINI::Caminho();
     if (!Files::exists(ArquivoINI))
@@ -151,9 +152,8 @@ void frmPrincipal::CarregaConfiguracao()
     senha = valores.senha;
     banco = valores.banco;
     userbco = valores.userbco;
-    StringConexao = QStringLiteral("Driver={MySQL ODBC 8.0 ANSI Driver};Server=") + conexao +
-                    QStringLiteral(";Database=") + banco + QStringLiteral(";User=") + userbco +
-                    QStringLiteral(";Password=") + senha + QStringLiteral(";Option=3;");
+    StringConexao = u"Driver={MySQL ODBC 8.0 ANSI Driver};Server="_s + conexao + u";Database="_s + banco +
+                    u";User="_s + userbco + u";Password="_s + senha + u";Option=3;"_s;
 }
 
 void frmPrincipal::pedeLogin()
@@ -165,10 +165,10 @@ void frmPrincipal::pedeLogin()
 
 void frmPrincipal::mnuoff_Click()
 {
-    Logado = QStringLiteral("N");
+    Logado = u"N"_s;
     Usuario.clear();
-    mostraUsuario(QStringLiteral("Usuário:"));
-    LoginAberto = QStringLiteral("N");
+    mostraUsuario(u"Usuário:"_s);
+    LoginAberto = u"N"_s;
     pedeLogin();
     LoginAberto.clear();
 }

@@ -10,10 +10,12 @@
 #include "platform/forms/application.h"
 #include "platform/forms/dialogs.h"
 #include "platform/forms/theme.h"
-#include "platform/system/error.h"
+#include "platform/values/error.h"
 #include "ui_frmtelainicial.h"
 
 #include <QIcon>
+
+using namespace Qt::StringLiterals;
 
 using namespace Variaveis;
 
@@ -21,8 +23,7 @@ frmtelainicial::frmtelainicial() : ui(std::make_unique<Ui::frmtelainicial>())
 {
     ui->setupUi(this);
     // Drawn at the screen's own resolution.
-    ui->imgLogin->setPixmap(
-        QIcon(QStringLiteral(":/shell/login.svg")).pixmap(QSize(200, 200), devicePixelRatio()));
+    ui->imgLogin->setPixmap(QIcon(u":/shell/login.svg"_s).pixmap(QSize(200, 200), devicePixelRatio()));
     wire();
 }
 
@@ -43,14 +44,14 @@ void frmtelainicial::Form_Load()
     ui->Label1->setFont(Theme::fixedFont());
     try {
         AbreConexao();
-        ui->Label1->setStyleSheet(QStringLiteral("color: #ffe066;"));
+        ui->Label1->setStyleSheet(u"color: #ffe066;"_s);
         Repaint();
         Timer1.start(250);
     } catch (const RuntimeError& erro) {
-        MsgBox(QString::number(erro.number()) + QLatin1Char('\n') + erro.description(),
-               QStringLiteral("ATENÇÃO"), Icon::Information);
-        if (MsgYesNo(QStringLiteral("SE FOR O PRIMEIRO ACESSO CLIQUE SIM!\nOU CONTATE O SUPORTE!"),
-                     QStringLiteral("Atenção"), Icon::None))
+        MsgBox(QString::number(erro.number()) + QLatin1Char('\n') + erro.description(), u"ATENÇÃO"_s,
+               Icon::Information);
+        if (MsgYesNo(u"SE FOR O PRIMEIRO ACESSO CLIQUE SIM!\nOU CONTATE O SUPORTE!"_s, u"Atenção"_s,
+                     Icon::None))
             Form::of<frmconfig>().ShowModal();
         Application::end(0);
     }
@@ -60,8 +61,8 @@ void frmtelainicial::Form_Activate()
 {
     rs.Open("select * from usuarios where idlic = " + aspas(idlic), Conexao, 3, 3);
     if (rs.Eof()) {
-        if (MsgYesNo(QStringLiteral("PRIMEIRO ACESSO --- DESEJA CRIAR O USUÁRIO ADMINISTRADOR AGORA?"),
-                     QStringLiteral("Atenção"), Icon::None))
+        if (MsgYesNo(u"PRIMEIRO ACESSO --- DESEJA CRIAR O USUÁRIO ADMINISTRADOR AGORA?"_s, u"Atenção"_s,
+                     Icon::None))
             Form::of<frmcadusuario>().ShowModal();
         Application::end(0);
     }
@@ -80,15 +81,14 @@ void frmtelainicial::Command1_Click()
                 aspas(ui->txtUsuario->text()) + " and ususenha = " + aspas(ui->txtSenha->text()),
             Conexao, 3, 3);
     if (rs.Eof()) {
-        MsgBox(QStringLiteral("--- ERRO --- USUÁRIO E/OU SENHA NÃO CONFEREM!"), QStringLiteral("ATENÇÃO"),
-               Icon::Information);
+        MsgBox(u"--- ERRO --- USUÁRIO E/OU SENHA NÃO CONFEREM!"_s, u"ATENÇÃO"_s, Icon::Information);
     } else {
         Usuario = ui->txtUsuario->text();
-        Logado = QStringLiteral("S");
-        LoginAberto = QStringLiteral("S");
+        Logado = u"S"_s;
+        LoginAberto = u"S"_s;
         auto& principal = Form::of<frmPrincipal>();
-        principal.mostraSituacao(QStringLiteral("Carregando perfil do usuário..."));
-        principal.mostraUsuario(QStringLiteral("Usuário: ") + Usuario);
+        principal.mostraSituacao(u"Carregando perfil do usuário..."_s);
+        principal.mostraUsuario(u"Usuário: "_s + Usuario);
         AplicaPerfil();
         Unload();
     }
@@ -118,7 +118,7 @@ void frmtelainicial::AplicaPerfil()
 
 void frmtelainicial::Command2_Click()
 {
-    RetornoFechamento = QStringLiteral("N");
+    RetornoFechamento = u"N"_s;
     Unload();
 }
 

@@ -4,13 +4,13 @@
 #include "app/core/menu.h"
 #include "app/frmcadusuario.h"
 #include "app/frmconfig.h"
-#include "registers/cadastrossimples.h"
 #include "registers/frmcadcli.h"
 #include "registers/frmcadferiados.h"
 #include "registers/frmcadfor.h"
 #include "registers/frmcadhorarios.h"
 #include "registers/frmcadproduto.h"
 #include "registers/frmcadprofissionais.h"
+#include "registers/telasdecadastro.h"
 
 namespace {
 

@@ -10,6 +10,8 @@
 
 #include <cmath>
 
+using namespace Qt::StringLiterals;
+
 PDFPrinter::PDFPrinter()
 {
     PDFInit();
@@ -44,10 +46,9 @@ void PDFPrinter::PDFFileName(const QString& path)
     if (output_.create(own) || !Files::exists(own))
         return;
     // Most likely it is still open in the viewer.
-    MsgBox(QStringLiteral(
-               "Le fichier %1 ne peut pas être remplacé.\nS'il est ouvert, fermez-le avant de continuer.")
-               .arg(own.section(u'/', -1)),
-           QStringLiteral("Fichier PDF - ") + PDFMessages::Writer, Icon::Critical);
+    MsgBox(u"Le fichier %1 ne peut pas être remplacé.\nS'il est ouvert, fermez-le avant de continuer."_s.arg(
+               own.section(u'/', -1)),
+           u"Fichier PDF - "_s + PDFMessages::Writer, Icon::Critical);
     output_.create(own);
 }
 
@@ -77,8 +78,7 @@ void PDFPrinter::PDFEndDoc()
 {
     assembly_.PDFEndDoc();
     if (confirm_)
-        MsgBox(QStringLiteral("Fichier PDF généré."),
-               QStringLiteral("Génération du Fichier PDF - ") + PDFMessages::Writer);
+        MsgBox(u"Fichier PDF généré."_s, u"Génération du Fichier PDF - "_s + PDFMessages::Writer);
     if (view_)
         Shell::open(Files::ownPath(fileName_));
 }

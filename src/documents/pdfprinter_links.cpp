@@ -4,15 +4,17 @@
 
 #include <cmath>
 
+using namespace Qt::StringLiterals;
+
 std::optional<PDFJpeg> PDFPrinter::readImage(const QString& path)
 {
     if (!path.contains(u'.')) {
-        PDFMessages::badImage(QStringLiteral("Le fichier image %1 ne possède pas d'extension.").arg(path));
+        PDFMessages::badImage(u"Le fichier image %1 ne possède pas d'extension."_s.arg(path));
         return std::nullopt;
     }
     if (!path.endsWith(u"jpg") && !path.endsWith(u"jpeg")) {
-        PDFMessages::badImage(QStringLiteral("Seule les images de types JPG sont supportées.\n"
-                                             "Format d'image non supportée."));
+        PDFMessages::badImage(u"Seule les images de types JPG sont supportées.\n"
+                              "Format d'image non supportée."_s);
         return std::nullopt;
     }
     return PDFReadJpeg(path);
@@ -63,17 +65,16 @@ void PDFPrinter::PDFImage(const QString& path, double x, double y, double width,
 void PDFPrinter::PDFObjectLink(const QVariant& link, LinkKind kind, double x, double y)
 {
     const auto tell = [&](const QString& object, const QString& what, const QString& where) {
-        PDFMessages::badArgument(QStringLiteral("Lien URL %1 - ").arg(object),
-                                 QStringLiteral("URL objet %1 non valide : ").arg(what), link.toString(),
-                                 QStringLiteral("Impossible d'inclure le lien dans %1.").arg(where));
+        PDFMessages::badArgument(u"Lien URL %1 - "_s.arg(object), u"URL objet %1 non valide : "_s.arg(what),
+                                 link.toString(), u"Impossible d'inclure le lien dans %1."_s.arg(where));
     };
     if (link.typeId() != QMetaType::QString) {
         if (kind == LinkKind::Cell)
-            tell(QStringLiteral("Objet Cellule"), QStringLiteral("cellule"), QStringLiteral("la cellule"));
+            tell(u"Objet Cellule"_s, u"cellule"_s, u"la cellule"_s);
         else if (kind == LinkKind::Image)
-            tell(QStringLiteral("Fichier Image"), QStringLiteral("image"), QStringLiteral("l'image"));
+            tell(u"Fichier Image"_s, u"image"_s, u"l'image"_s);
         else if (kind == LinkKind::Ellipse)
-            tell(QStringLiteral("Objet Ellipse"), QStringLiteral("ellipse"), QStringLiteral("l'ellipse"));
+            tell(u"Objet Ellipse"_s, u"ellipse"_s, u"l'ellipse"_s);
         return;
     }
     imageLink_ = kind == LinkKind::Image;

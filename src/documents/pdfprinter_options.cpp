@@ -1,10 +1,12 @@
 #include "documents/pdf/colour.h"
 #include "documents/pdf/messages.h"
 #include "documents/pdfprinter.h"
-#include "platform/system/error.h"
+#include "platform/values/error.h"
 #include "platform/values/number.h"
 
 #include <cmath>
+
+using namespace Qt::StringLiterals;
 
 void PDFPrinter::PDFSetLayoutMode(qint32 mode)
 {
@@ -12,25 +14,21 @@ void PDFPrinter::PDFSetLayoutMode(qint32 mode)
     if (mode >= 0 && mode <= 3)
         return;
     document_.viewing.layout = 0;
-    PDFMessages::badArgument(QStringLiteral("Layout Mode - "), QStringLiteral("Layout incorrect : "),
-                             QString::number(mode),
-                             QStringLiteral("Le Layout utilisé sera le layout simple."));
+    PDFMessages::badArgument(u"Layout Mode - "_s, u"Layout incorrect : "_s, QString::number(mode),
+                             u"Le Layout utilisé sera le layout simple."_s);
 }
 
 void PDFPrinter::PDFSetUnit(qint32 code)
 {
     document_.scale = code == 0 ? 1.0 : code == 1 ? 72 / 25.4 : 72 / 2.54;
     if (code < 0 || code > 2)
-        PDFMessages::badArgument(QStringLiteral("Code Unité de Mesure - "),
-                                 QStringLiteral("Code unité de mesure incorrect : "), QString::number(code),
-                                 QStringLiteral("L'Unité de Mesure utilisée sera le centimètre."));
+        PDFMessages::badArgument(u"Code Unité de Mesure - "_s, u"Code unité de mesure incorrect : "_s,
+                                 QString::number(code), u"L'Unité de Mesure utilisée sera le centimètre."_s);
 }
 
 QString PDFPrinter::PDFGetUnit() const
 {
-    return document_.scale == 1.0         ? QStringLiteral("pt")
-           : document_.scale == 72 / 25.4 ? QStringLiteral("mm")
-                                          : QStringLiteral("cm");
+    return document_.scale == 1.0 ? u"pt"_s : document_.scale == 72 / 25.4 ? u"mm"_s : u"cm"_s;
 }
 
 void PDFPrinter::PDFFormatPage(const QVariant& format)
@@ -51,10 +49,10 @@ void PDFPrinter::PDFFormatPage(const QVariant& format)
     const bool known = code >= 0 && code < int(std::size(Formats));
     size = Formats[known ? code : 0];
     if (!known)
-        PDFMessages::badArgument(QStringLiteral("Format de Page - "),
-                                 QStringLiteral("Code format de page incorrect : "), format.toString(),
-                                 isCode ? QStringLiteral("Le Format de page utilisé sera le format A4.")
-                                        : QStringLiteral("Le Format de page utilisé sera le format A4"));
+        PDFMessages::badArgument(u"Format de Page - "_s, u"Code format de page incorrect : "_s,
+                                 format.toString(),
+                                 isCode ? u"Le Format de page utilisé sera le format A4."_s
+                                        : u"Le Format de page utilisé sera le format A4"_s);
 }
 
 void PDFPrinter::PDFOrientation(qint32 code)
@@ -64,10 +62,9 @@ void PDFPrinter::PDFOrientation(qint32 code)
     if (code == 0)
         std::swap(size.width, size.height);
     else if (code != 1)
-        PDFMessages::badArgument(QStringLiteral("Type d'Orientation de Page - "),
-                                 QStringLiteral("Code orientation de page incorrect : "),
-                                 QString::number(code),
-                                 QStringLiteral("L'Orientation de la page sera le mode portrait."));
+        PDFMessages::badArgument(u"Type d'Orientation de Page - "_s,
+                                 u"Code orientation de page incorrect : "_s, QString::number(code),
+                                 u"L'Orientation de la page sera le mode portrait."_s);
 }
 
 void PDFPrinter::PDFSetLeftMargin(double margin)
@@ -133,9 +130,8 @@ void PDFPrinter::PDFSetDrawMode(const QVariant& code)
     const QString text = code.toString();
     drawMode_ = text == u"1" ? DrawMode::Fill : text == u"2" ? DrawMode::Both : DrawMode::Border;
     if (drawMode_ == DrawMode::Border && text != u"0")
-        PDFMessages::badArgument(QStringLiteral("Objet Rectangle - "),
-                                 QStringLiteral("Code type de traçage incorrect : "), text,
-                                 QStringLiteral("Le type de traçage utilisé sera bordure et remplissage."));
+        PDFMessages::badArgument(u"Objet Rectangle - "_s, u"Code type de traçage incorrect : "_s, text,
+                                 u"Le type de traçage utilisé sera bordure et remplissage."_s);
 }
 
 void PDFPrinter::PDFSetAlignement(qint32 code)
@@ -144,16 +140,14 @@ void PDFPrinter::PDFSetAlignement(qint32 code)
     const bool known = code >= 0 && code <= 3;
     alignment_ = Alignments[known ? code : 1];
     if (!known)
-        PDFMessages::badArgument(QStringLiteral("Code Alignement de Cellule - "),
-                                 QStringLiteral("Code alignement incorrect : "), QString::number(code),
-                                 QStringLiteral("L'alignement utilisé sera l'alignement à gauche."));
+        PDFMessages::badArgument(u"Code Alignement de Cellule - "_s, u"Code alignement incorrect : "_s,
+                                 QString::number(code),
+                                 u"L'alignement utilisé sera l'alignement à gauche."_s);
 }
 
 QString PDFPrinter::PDFGetAlignement() const
 {
-    return alignment_ == "C"   ? QStringLiteral("Center")
-           : alignment_ == "R" ? QStringLiteral("Right")
-                               : QStringLiteral("Left");
+    return alignment_ == "C" ? u"Center"_s : alignment_ == "R" ? u"Right"_s : u"Left"_s;
 }
 
 void PDFPrinter::PDFSetBorder(qint32 code)

@@ -2,12 +2,14 @@
 #include "documents/pdf/lines.h"
 #include "documents/pdf/messages.h"
 #include "documents/pdfprinter.h"
-#include "platform/system/error.h"
+#include "platform/values/error.h"
 #include "platform/values/number.h"
 
 #include <algorithm>
 #include <cmath>
 #include <vector>
+
+using namespace Qt::StringLiterals;
 
 namespace {
 
@@ -28,9 +30,8 @@ void PDFPrinter::PDFSetLineStyle(qint32 code)
     const bool known = code >= 0 && code <= 3;
     lineStyle_ = PDFDashOperator(known ? code : 0, document_.scale);
     if (!known)
-        PDFMessages::badArgument(QStringLiteral("Style de Ligne - "),
-                                 QStringLiteral("Code style de ligne incorrect : "), QString::number(code),
-                                 QStringLiteral("Le style de ligne utilisé sera pSolid."));
+        PDFMessages::badArgument(u"Style de Ligne - "_s, u"Code style de ligne incorrect : "_s,
+                                 QString::number(code), u"Le style de ligne utilisé sera pSolid."_s);
 }
 
 void PDFPrinter::PDFDrawLine(double x1, double y1, double x2, double y2)
@@ -121,7 +122,7 @@ void PDFPrinter::PDFDrawEllipse(double x, double y, double width, double height,
     PDFCurveOperator(cx - ox, y + height, x, cy + oy, x, cy);
     PDFWriteLine(page(), scaled(lineWidth_), " w ", paint);
     PDFSetTextColor(0xFFFFFF);
-    linkText_ = QStringLiteral("LINK");
+    linkText_ = u"LINK"_s;
     linkKind_ = LinkKind::Ellipse;
     PDFObjectLink(link, LinkKind::Ellipse, x, cy);
     x_ = x;

@@ -6,11 +6,11 @@
 
 #include <cmath>
 
+using namespace Qt::StringLiterals;
+
 void PDFPrinter::PDFSetFont(qint32 family, double size, qint32 style)
 {
-    const QString Families[] = {QStringLiteral("Helvetica"), QStringLiteral("Courier"),
-                                QStringLiteral("Times"), QStringLiteral("Symbol"),
-                                QStringLiteral("ZapfDingbats")};
+    const QString Families[] = {u"Helvetica"_s, u"Courier"_s, u"Times"_s, u"Symbol"_s, u"ZapfDingbats"_s};
     constexpr qint32 Times = 2;
     const QByteArray digits = QByteArray::number(style);
     const bool italic = digits.contains('1');
@@ -20,21 +20,18 @@ void PDFPrinter::PDFSetFont(qint32 family, double size, qint32 style)
     fontSize_ = toInt16(size);
 
     if (family < 0 || family > 4) {
-        fontName_ = QStringLiteral("TimesRoman");
-        PDFMessages::badArgument(
-            QStringLiteral("Nom de Font - "), QStringLiteral("Nom de font incorrecte : "),
-            QString::number(family),
-            QStringLiteral("La font utilisée sera Times New Roman non gras , non italique."));
+        fontName_ = u"TimesRoman"_s;
+        PDFMessages::badArgument(u"Nom de Font - "_s, u"Nom de font incorrecte : "_s, QString::number(family),
+                                 u"La font utilisée sera Times New Roman non gras , non italique."_s);
         return;
     }
     fontName_ = Families[family];
     if (family == Times && italic != bold)
-        fontName_ += bold ? QStringLiteral("-Bold") : QStringLiteral("Italic");
+        fontName_ += bold ? u"-Bold"_s : u"Italic"_s;
     else if (family == Times)
-        fontName_ += bold ? QStringLiteral("-BoldItalic") : QStringLiteral("-Roman");
+        fontName_ += bold ? u"-BoldItalic"_s : u"-Roman"_s;
     else if (italic || bold)
-        fontName_ += u'-' + (bold ? QStringLiteral("Bold") : QString()) +
-                     (italic ? QStringLiteral("Oblique") : QString());
+        fontName_ += u'-' + (bold ? u"Bold"_s : QString()) + (italic ? u"Oblique"_s : QString());
 }
 
 double PDFPrinter::PDFGetStringWidth(const QString& text, const QString& font, double size)

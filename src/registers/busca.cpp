@@ -5,6 +5,8 @@
 #include "platform/forms/dialogs.h"
 #include "ui_busca.h"
 
+using namespace Qt::StringLiterals;
+
 using namespace Variaveis;
 
 Busca::Busca(const DescricaoBusca& descricao) : ui(std::make_unique<Ui::Busca>()), descricao_(descricao)
@@ -77,7 +79,7 @@ bool Busca::podeCadastrar(const QString& direito) const
 void Busca::Command6_Click()
 {
     if (!podeCadastrar(descricao_.direito)) {
-        MsgBox(descricao_.recusa, QStringLiteral("Atenção"));
+        MsgBox(descricao_.recusa, u"Atenção"_s);
         return;
     }
     descricao_.cadastro();

@@ -2,10 +2,12 @@
 
 #include "layout/autoresize.h"
 #include "platform/data/adodc.h"
-#include "platform/data/recordsetmodel.h"
 #include "platform/forms/form.h"
+#include "platform/forms/recordsetmodel.h"
 
 #include <memory>
+
+using namespace Qt::StringLiterals;
 
 namespace Ui {
 class Busca;
@@ -36,7 +38,7 @@ struct DescricaoBusca
     std::function<void()> cadastro; ///< opens the register
     std::vector<GridColumn> colunas;
     Qt::Key teclaNovo = Qt::Key_F12;
-    QString botaoNovo = QStringLiteral("F12 NOVO");
+    QString botaoNovo = u"F12 NOVO"_s;
     bool enterAnda = true;
 };
 

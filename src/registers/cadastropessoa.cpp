@@ -3,7 +3,7 @@
 #include "app/core/rotirnas.h"
 #include "app/core/sql.h"
 #include "app/core/variaveis.h"
-#include "lookups/buscas.h"
+#include "lookups/consultasweb.h"
 #include "lookups/validadocumento.h"
 #include "platform/forms/dialogs.h"
 #include "platform/forms/hourglass.h"
@@ -12,11 +12,13 @@
 #include "platform/values/format.h"
 #include "platform/values/number.h"
 
+using namespace Qt::StringLiterals;
+
 using namespace Variaveis;
 
 namespace {
 
-const QString atencao = QStringLiteral("ATENÇÃO");
+const QString atencao = u"ATENÇÃO"_s;
 
 QString hoje()
 {
@@ -30,13 +32,19 @@ CadastroPessoa::CadastroPessoa(const DescricaoPessoa& descricao) : descricao_(de
 void CadastroPessoa::monta(const ControlesPessoa& controles)
 {
     pessoa = controles;
-    textos_ = {{QStringLiteral("cpf"), pessoa.TXTCPF},        {QStringLiteral("rg"), pessoa.TXTRG},
-               {QStringLiteral("dtnasc"), pessoa.txtdtnasc},  {descricao_.nome, pessoa.txtnome},
-               {descricao_.fonefixo, pessoa.txtfone},         {QStringLiteral("fonecel"), pessoa.txtnrcel},
-               {QStringLiteral("eMail"), pessoa.txtemail},    {QStringLiteral("cep"), pessoa.txtcepr},
-               {QStringLiteral("rua"), pessoa.txtruar},       {QStringLiteral("nrrua"), pessoa.txtNr},
-               {QStringLiteral("bairro"), pessoa.txtbairror}, {QStringLiteral("cidade"), pessoa.txtcidader},
-               {QStringLiteral("uf"), pessoa.txtufr}};
+    textos_ = {{u"cpf"_s, pessoa.TXTCPF},
+               {u"rg"_s, pessoa.TXTRG},
+               {u"dtnasc"_s, pessoa.txtdtnasc},
+               {descricao_.nome, pessoa.txtnome},
+               {descricao_.fonefixo, pessoa.txtfone},
+               {u"fonecel"_s, pessoa.txtnrcel},
+               {u"eMail"_s, pessoa.txtemail},
+               {u"cep"_s, pessoa.txtcepr},
+               {u"rua"_s, pessoa.txtruar},
+               {u"nrrua"_s, pessoa.txtNr},
+               {u"bairro"_s, pessoa.txtbairror},
+               {u"cidade"_s, pessoa.txtcidader},
+               {u"uf"_s, pessoa.txtufr}};
     pessoa.DataGrid1->setColumns(descricao_.colunas);
     pessoa.DataGrid1->setDataSource(&Adodc1);
     wire();
@@ -122,7 +130,7 @@ void CadastroPessoa::DataGrid1_DblClick()
 
 void CadastroPessoa::Command3_Click()
 {
-    const QString nome = InputBox(QStringLiteral("Nome: "), descricao_.tituloPesquisa).value_or(QString());
+    const QString nome = InputBox(u"Nome: "_s, descricao_.tituloPesquisa).value_or(QString());
     Adodc1.setRecordSource(
         consulta(" AND " + descricao_.nome + " like " + aspas(QLatin1Char('%') + nome + QLatin1Char('%'))));
     Adodc1.Refresh();
@@ -173,7 +181,7 @@ void CadastroPessoa::txtcodcli_LostFocus()
     Adodc1.Recordset().Find(condicaoDoCodigo());
     if (Adodc1.Recordset().Eof()) {
         ampulheta.reset();
-        MsgBox(QStringLiteral("--- ERRO --- CÓDIGO NÃO ENCONTRADO!"), atencao);
+        MsgBox(u"--- ERRO --- CÓDIGO NÃO ENCONTRADO!"_s, atencao);
         return Limpa();
     }
     mostra();
@@ -185,7 +193,7 @@ void CadastroPessoa::mostra()
     for (const Par& par : textos_)
         par.caixa->setText(linha.Fields(par.coluna).text());
     if (linha.Fields("dtnasc").isNull())
-        pessoa.txtdtnasc->setText(QStringLiteral("Não Informado"));
+        pessoa.txtdtnasc->setText(u"Não Informado"_s);
     pessoa.txtdtcad->setText(linha.Fields("dtcad").text());
     pessoa.txtmemo->setPlainText(linha.Fields("obs").text());
     pessoa.codigoLigado->setText(linha.Fields(descricao_.ligacao.codigo).text());
@@ -204,8 +212,7 @@ void CadastroPessoa::TXTCPF_LostFocus()
     if (!Resultado.toBool())
         return pessoa.TXTCPF->clear();
     constexpr int cnpjSemMascara = 14;
-    if (tamanho == cnpjSemMascara &&
-        MsgYesNo(QStringLiteral("Buscar dados cadastrais na receita?"), QStringLiteral("Atenção")))
+    if (tamanho == cnpjSemMascara && MsgYesNo(u"Buscar dados cadastrais na receita?"_s, u"Atenção"_s))
         preencheEmpresa();
 }
 
@@ -227,7 +234,7 @@ void CadastroPessoa::preencheEmpresa()
     pessoa.txtemail->setText(valor("email"));
     const QString endereco = Funcoes::BuscaCepJson(pessoa.txtcepr->text());
     // The first two figures are the state's.
-    pessoa.txtCdMun->setText(Funcoes::ValorJson(endereco, QStringLiteral("ibge")).mid(2, 10));
+    pessoa.txtCdMun->setText(Funcoes::ValorJson(endereco, u"ibge"_s).mid(2, 10));
 }
 
 void CadastroPessoa::txtcepr_LostFocus()
@@ -249,16 +256,16 @@ void CadastroPessoa::txtcepr_LostFocus()
 bool CadastroPessoa::desisteSemNascimento()
 {
     return !isDate(pessoa.txtdtnasc->text()) &&
-           !MsgYesNo(QStringLiteral("Atenção!!! Data de nascimento não informada ou inválida!\n"
-                                    "Prosseguir assim mesmo?"),
-                     QStringLiteral("Atençã"));
+           !MsgYesNo(u"Atenção!!! Data de nascimento não informada ou inválida!\n"
+                     "Prosseguir assim mesmo?"_s,
+                     u"Atençã"_s);
 }
 
 bool CadastroPessoa::semTelefone()
 {
     if (!pessoa.txtfone->text().trimmed().isEmpty() || !pessoa.txtnrcel->text().trimmed().isEmpty())
         return false;
-    MsgBox(QStringLiteral("Informe o fone fixo e/ou celular!"), QStringLiteral("Atenção"));
+    MsgBox(u"Informe o fone fixo e/ou celular!"_s, u"Atenção"_s);
     return true;
 }
 
@@ -266,7 +273,7 @@ bool CadastroPessoa::recusaCadastro()
 {
     if (isDate(pessoa.txtdtcad->text()))
         return false;
-    MsgBox(QStringLiteral("--- ERRO --- DATA DE CADASTRO INCORRETA!"), atencao);
+    MsgBox(u"--- ERRO --- DATA DE CADASTRO INCORRETA!"_s, atencao);
     return true;
 }
 
@@ -297,7 +304,7 @@ bool CadastroPessoa::posicionaParaGravar()
     if (!linhas.Eof())
         return true;
     pessoa.Frame1->setEnabled(true);
-    MsgBox(QStringLiteral("--- ERRO --- CÓDIGO NÃO ENCONTRADO!"), atencao);
+    MsgBox(u"--- ERRO --- CÓDIGO NÃO ENCONTRADO!"_s, atencao);
     return false;
 }
 

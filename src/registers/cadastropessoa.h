@@ -2,7 +2,7 @@
 
 #include "layout/autoresize.h"
 #include "platform/data/adodc.h"
-#include "platform/data/datagrid.h"
+#include "platform/forms/datagrid.h"
 #include "platform/forms/form.h"
 
 #include <QPushButton>

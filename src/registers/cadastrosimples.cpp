@@ -7,6 +7,8 @@
 #include "platform/values/number.h"
 #include "ui_cadastrosimples.h"
 
+using namespace Qt::StringLiterals;
+
 using namespace Variaveis;
 
 CadastroSimples::CadastroSimples(const DescricaoCadastro& descricao)
@@ -94,7 +96,7 @@ void CadastroSimples::txtcodcli_LostFocus()
     linhas.Find(descricao_.codigo + " = " + codigoDigitado());
     if (linhas.Eof()) {
         ampulheta.reset();
-        MsgBox(QStringLiteral("--- ERRO --- CÓDIGO NÃO ENCONTRADO!"), QStringLiteral("ATENÇÃO"));
+        MsgBox(u"--- ERRO --- CÓDIGO NÃO ENCONTRADO!"_s, u"ATENÇÃO"_s);
         return Limpa();
     }
     ui->Command1->setEnabled(true);
@@ -106,7 +108,7 @@ bool CadastroSimples::recusa()
 {
     if (!ui->txtnome->text().trimmed().isEmpty())
         return false;
-    MsgBox(QStringLiteral("--- ERRO --- NOME NÃO INFORMADO!"), QStringLiteral("ATENÇÃO"));
+    MsgBox(u"--- ERRO --- NOME NÃO INFORMADO!"_s, u"ATENÇÃO"_s);
     return true;
 }
 
@@ -137,5 +139,5 @@ void CadastroSimples::grava()
 
 void CadastroSimples::Command1_Click()
 {
-    MsgBox(QStringLiteral("Ainda não disponivel!"), QStringLiteral("Atenção"));
+    MsgBox(u"Ainda não disponivel!"_s, u"Atenção"_s);
 }

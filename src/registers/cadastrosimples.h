@@ -2,8 +2,8 @@
 
 #include "layout/autoresize.h"
 #include "platform/data/adodc.h"
-#include "platform/data/recordsetmodel.h"
 #include "platform/forms/form.h"
+#include "platform/forms/recordsetmodel.h"
 
 #include <memory>
 

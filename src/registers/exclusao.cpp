@@ -4,9 +4,11 @@
 #include "platform/forms/dialogs.h"
 #include "platform/forms/hourglass.h"
 
+using namespace Qt::StringLiterals;
+
 void ExcluiLinha(Adodc& grade)
 {
-    if (!MsgYesNo(QStringLiteral("Confirma a exclusão?"), QStringLiteral("Atenção")))
+    if (!MsgYesNo(u"Confirma a exclusão?"_s, u"Atenção"_s))
         return;
     const Hourglass ampulheta;
     grade.Recordset().Delete();

@@ -1,35 +1,35 @@
 #include "registers/frmcadcli.h"
 
 #include "platform/forms/dialogs.h"
-#include "registers/buscas.h"
+#include "registers/telasdebusca.h"
 #include "ui_frmcadcli.h"
 
+using namespace Qt::StringLiterals;
+
 frmcadcli::frmcadcli()
-    : CadastroPessoa({.tabela = QStringLiteral("pacientes"),
-                      .codigo = QStringLiteral("idpac"),
-                      .nome = QStringLiteral("nmpac"),
-                      .fonefixo = QStringLiteral("fonepac"),
-                      .tituloPesquisa = QStringLiteral("Pesquisa paciente já cadastrado"),
-                      .colunas = {{QStringLiteral("idpac"), QStringLiteral("CÓDIGO"), 7},
-                                  {QStringLiteral("nmpac"), QStringLiteral("NOME"), 29},
-                                  {QStringLiteral("cpf"), QStringLiteral("CNPJ/CPF"), 14},
-                                  {QStringLiteral("dtnasc"), QStringLiteral("NASCIMENTO"), 10},
-                                  {QStringLiteral("fonepac"), QStringLiteral("FONE FIXO"), 12},
-                                  {QStringLiteral("fonecel"), QStringLiteral("CELULAR"), 12},
-                                  {QStringLiteral("cidade"), QStringLiteral("CIDADE"), 16}},
-                      .ligacao = {.tabela = QStringLiteral("convenios"),
-                                  .codigo = QStringLiteral("idconv"),
-                                  .nome = QStringLiteral("nmconv"),
+    : CadastroPessoa({.tabela = u"pacientes"_s,
+                      .codigo = u"idpac"_s,
+                      .nome = u"nmpac"_s,
+                      .fonefixo = u"fonepac"_s,
+                      .tituloPesquisa = u"Pesquisa paciente já cadastrado"_s,
+                      .colunas = {{u"idpac"_s, u"CÓDIGO"_s, 7},
+                                  {u"nmpac"_s, u"NOME"_s, 29},
+                                  {u"cpf"_s, u"CNPJ/CPF"_s, 14},
+                                  {u"dtnasc"_s, u"NASCIMENTO"_s, 10},
+                                  {u"fonepac"_s, u"FONE FIXO"_s, 12},
+                                  {u"fonecel"_s, u"CELULAR"_s, 12},
+                                  {u"cidade"_s, u"CIDADE"_s, 16}},
+                      .ligacao = {.tabela = u"convenios"_s,
+                                  .codigo = u"idconv"_s,
+                                  .nome = u"nmconv"_s,
                                   .pesquisa = [] { Form::of<frmBuscaConvenios>().ShowModal(); }}}),
       ui(std::make_unique<Ui::frmcadcli>())
 {
     ui->setupUi(this);
-    perguntas_ = {{ui->cboAler, ui->txtAler, QStringLiteral("taler"), QStringLiteral("dsaler"),
-                   QStringLiteral("Preencha as informações da alergia!")},
-                  {ui->cboMed, ui->txtMed, QStringLiteral("tmed"), QStringLiteral("dsmed"),
-                   QStringLiteral("Preencha as informações da medicação!")},
-                  {ui->cboCir, ui->txtCir, QStringLiteral("tcir"), QStringLiteral("dscir"),
-                   QStringLiteral("Preencha as informações da cirurgia!")}};
+    perguntas_ = {
+        {ui->cboAler, ui->txtAler, u"taler"_s, u"dsaler"_s, u"Preencha as informações da alergia!"_s},
+        {ui->cboMed, ui->txtMed, u"tmed"_s, u"dsmed"_s, u"Preencha as informações da medicação!"_s},
+        {ui->cboCir, ui->txtCir, u"tcir"_s, u"dscir"_s, u"Preencha as informações da cirurgia!"_s}};
     monta(ControlesPessoa::de(*ui, ui->txtIdConv, ui->txtNmConv));
 }
 
@@ -38,13 +38,13 @@ frmcadcli::~frmcadcli() = default;
 bool frmcadcli::recusa()
 {
     if (ui->txtnome->text().trimmed().isEmpty() || ui->txtNmConv->text().trimmed().isEmpty()) {
-        MsgBox(QStringLiteral("--- ERRO --- NOME NÃO INFORMADO!"), QStringLiteral("ATENÇÃO"));
+        MsgBox(u"--- ERRO --- NOME NÃO INFORMADO!"_s, u"ATENÇÃO"_s);
         return true;
     }
     for (const Pergunta& pergunta : perguntas_)
         if (pergunta.resposta->currentText().startsWith(QLatin1Char('1')) &&
             pergunta.descricao->text().trimmed().isEmpty()) {
-            MsgBox(pergunta.falta, QStringLiteral("Atenção"));
+            MsgBox(pergunta.falta, u"Atenção"_s);
             return true;
         }
     if (semTelefone())

@@ -10,15 +10,17 @@
 #include "registers/exclusao.h"
 #include "ui_frmcadferiados.h"
 
+using namespace Qt::StringLiterals;
+
 using namespace Variaveis;
 
 frmCadFeriados::frmCadFeriados() : ui(std::make_unique<Ui::frmCadFeriados>())
 {
     ui->setupUi(this);
-    ui->DataGrid2->setColumns({{QStringLiteral("dia"), QStringLiteral("DIA"), 8},
-                               {QStringLiteral("nMes"), QStringLiteral("MÊS"), 17},
-                               {QStringLiteral("obs"), QStringLiteral("OBS"), 43},
-                               {QStringLiteral("evup"), QStringLiteral("ÚLTIMA ALTERAÇÃO"), 32}});
+    ui->DataGrid2->setColumns({{u"dia"_s, u"DIA"_s, 8},
+                               {u"nMes"_s, u"MÊS"_s, 17},
+                               {u"obs"_s, u"OBS"_s, 43},
+                               {u"evup"_s, u"ÚLTIMA ALTERAÇÃO"_s, 32}});
     ui->DataGrid2->setDataSource(&Adodc2);
     wire();
 }
@@ -36,7 +38,7 @@ void frmCadFeriados::Form_Load()
     for (int dia = 1; dia <= 31; ++dia)
         ui->cboDia->addItem(QString::number(dia));
     for (int mes = 1; mes <= 12; ++mes)
-        ui->cboMes->addItem(QString::number(mes) + QStringLiteral(", ") + monthName(mes).toUpper());
+        ui->cboMes->addItem(QString::number(mes) + u", "_s + monthName(mes).toUpper());
     ui->cboDia->setCurrentIndex(-1);
     ui->cboMes->setCurrentIndex(-1);
     Adodc2.setConnectionString(StringConexao);
@@ -48,7 +50,7 @@ void frmCadFeriados::Command1_Click()
 {
     const QString dia = ui->cboDia->currentText();
     if (!isNumeric(dia) || ui->cboMes->currentText().trimmed().isEmpty()) {
-        MsgBox(QStringLiteral("--- ERRO -- DADOS INCOMPLETOS!"), QStringLiteral("ATENÇÃO"));
+        MsgBox(u"--- ERRO -- DADOS INCOMPLETOS!"_s, u"ATENÇÃO"_s);
         return;
     }
     const QStringList mes = ui->cboMes->currentText().split(QLatin1Char(','));
@@ -57,7 +59,7 @@ void frmCadFeriados::Command1_Click()
     // year.
     const QString ano = QString::number(Clock::today().year());
     if (!isDate(QStringList{dia, numero, ano}.join(QLatin1Char('/')))) {
-        MsgBox(QStringLiteral("--- ERRO --- DIA / MÊS INVÁLIDO!"), QStringLiteral("ATENÇÃO"));
+        MsgBox(u"--- ERRO --- DIA / MÊS INVÁLIDO!"_s, u"ATENÇÃO"_s);
         return;
     }
     const Hourglass ampulheta;

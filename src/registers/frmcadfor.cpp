@@ -8,17 +8,19 @@
 #include "platform/values/number.h"
 #include "ui_frmcadfor.h"
 
+using namespace Qt::StringLiterals;
+
 using namespace Variaveis;
 
 frmCadFor::frmCadFor() : ui(std::make_unique<Ui::frmCadFor>())
 {
     ui->setupUi(this);
-    ui->DataGrid1->setColumns({{QStringLiteral("cdfor"), QStringLiteral("CÓDIGO"), 7},
-                               {QStringLiteral("nmfor"), QStringLiteral("NOME"), 31},
-                               {QStringLiteral("nmfant"), QStringLiteral("APELIDO"), 23},
-                               {QStringLiteral("cpf"), QStringLiteral("CNPJ/CPF"), 15},
-                               {QStringLiteral("fonefixo"), QStringLiteral("FONE FIXO"), 12},
-                               {QStringLiteral("fonecel"), QStringLiteral("CELULAR"), 12}});
+    ui->DataGrid1->setColumns({{u"cdfor"_s, u"CÓDIGO"_s, 7},
+                               {u"nmfor"_s, u"NOME"_s, 31},
+                               {u"nmfant"_s, u"APELIDO"_s, 23},
+                               {u"cpf"_s, u"CNPJ/CPF"_s, 15},
+                               {u"fonefixo"_s, u"FONE FIXO"_s, 12},
+                               {u"fonecel"_s, u"CELULAR"_s, 12}});
     ui->DataGrid1->setDataSource(&Adodc1);
     wire();
 }
@@ -75,8 +77,7 @@ void frmCadFor::cmdretorna_Click()
 /// The user who gives up gets all rows.
 void frmCadFor::pesquisa(const QString& pergunta, const QString& coluna)
 {
-    const QString texto =
-        InputBox(pergunta, QStringLiteral("Pesquisa fornecedor já cadastrado")).value_or(QString());
+    const QString texto = InputBox(pergunta, u"Pesquisa fornecedor já cadastrado"_s).value_or(QString());
     Adodc1.setRecordSource("select * from fornecedores where  idlic = " + aspas(idlic) + " and " + coluna +
                            " like " + aspas(QLatin1Char('%') + texto + QLatin1Char('%')) + " order by " +
                            coluna);
@@ -85,12 +86,12 @@ void frmCadFor::pesquisa(const QString& pergunta, const QString& coluna)
 
 void frmCadFor::Command3_Click()
 {
-    pesquisa(QStringLiteral("Nome: "), QStringLiteral("nmfor"));
+    pesquisa(u"Nome: "_s, u"nmfor"_s);
 }
 
 void frmCadFor::Command2_Click()
 {
-    pesquisa(QStringLiteral("Apelido: "), QStringLiteral("nmfant"));
+    pesquisa(u"Apelido: "_s, u"nmfant"_s);
 }
 
 void frmCadFor::DataGrid1_DblClick()
@@ -110,7 +111,7 @@ void frmCadFor::txtcodcli_LostFocus()
     Adodc1.Recordset().Find("cdfor = " + codigoDigitado());
     if (Adodc1.Recordset().Eof()) {
         ampulheta.reset();
-        MsgBox(QStringLiteral("--- ERRO --- CÓDIGO NÃO ENCONTRADO!"), QStringLiteral("ATENÇÃO"));
+        MsgBox(u"--- ERRO --- CÓDIGO NÃO ENCONTRADO!"_s, u"ATENÇÃO"_s);
         return Limpa();
     }
     mostra();
@@ -149,7 +150,7 @@ void frmCadFor::TXTCPF_LostFocus()
 void frmCadFor::cmdsalva_Click()
 {
     if (ui->txtnome->text().trimmed().isEmpty()) {
-        MsgBox(QStringLiteral("--- ERRO --- NOME NÃO INFORMADO!"), QStringLiteral("ATENÇÃO"));
+        MsgBox(u"--- ERRO --- NOME NÃO INFORMADO!"_s, u"ATENÇÃO"_s);
         return;
     }
     const Hourglass ampulheta;

@@ -15,6 +15,8 @@
 #include <algorithm>
 #include <cmath>
 
+using namespace Qt::StringLiterals;
+
 using namespace Variaveis;
 
 namespace {
@@ -31,8 +33,8 @@ QString item(const QString& nome, const QString& especialidade, const QString& o
 
 QStringList locais(const QString& ondeatd)
 {
-    const QString clinica = QStringLiteral("0 - CLINICA");
-    const QString home = QStringLiteral("1 - HOME");
+    const QString clinica = u"0 - CLINICA"_s;
+    const QString home = u"1 - HOME"_s;
     if (ondeatd == QLatin1String("0"))
         return {clinica};
     if (ondeatd == QLatin1String("1"))
@@ -62,10 +64,10 @@ frmCadHorarios::frmCadHorarios() : ui(std::make_unique<Ui::frmCadHorarios>())
     ui->setupUi(this);
     ui->cboDia->setCurrentIndex(-1);
     habilita(false);
-    ui->DataGrid2->setColumns({{QStringLiteral("dia"), QStringLiteral("DIA"), 18},
-                               {QStringLiteral("hr"), QStringLiteral("HORÁRIOS"), 41},
-                               {QStringLiteral("ondeatd"), QStringLiteral("LOCAL"), 10, {}, Qt::AlignHCenter},
-                               {QStringLiteral("evcad"), QStringLiteral("CADASTRADO POR"), 31}});
+    ui->DataGrid2->setColumns({{u"dia"_s, u"DIA"_s, 18},
+                               {u"hr"_s, u"HORÁRIOS"_s, 41},
+                               {u"ondeatd"_s, u"LOCAL"_s, 10, {}, Qt::AlignHCenter},
+                               {u"evcad"_s, u"CADASTRADO POR"_s, 31}});
     ui->DataGrid2->setDataSource(&Adodc2);
     wire();
 }
@@ -94,9 +96,9 @@ void frmCadHorarios::Form_Load()
                                  rs.Fields("ondeatd").text(), rs.Fields("idesp").text(),
                                  rs.Fields("idpro").text()));
     rs.Close();
-    const QString home = QStringLiteral("HOME");
-    const QString todos = QStringLiteral("0");
-    ui->cboPro->addItem(item(home, home, QStringLiteral("1"), todos, todos));
+    const QString home = u"HOME"_s;
+    const QString todos = u"0"_s;
+    ui->cboPro->addItem(item(home, home, u"1"_s, todos, todos));
     ui->cboPro->setCurrentIndex(-1);
 }
 
@@ -127,16 +129,16 @@ bool frmCadHorarios::recusa()
 {
     if (!isNumeric(ui->cboCH->currentText().left(1)) || !isNumeric(ui->cboDia->currentText().left(1)) ||
         !isNumeric(idpro_) || !isNumeric(idesp_)) {
-        MsgBox(QStringLiteral("--- ERRO --- DADOS INCORRETO!"), QStringLiteral("ATENÇÃO"));
+        MsgBox(u"--- ERRO --- DADOS INCORRETO!"_s, u"ATENÇÃO"_s);
         return true;
     }
     if (ui->txtHR->text().trimmed().isEmpty()) {
-        MsgBox(QStringLiteral("--- ERRO --- INFORME O(s) HORÁRIO(s)"), QStringLiteral("ATENÇÃO"));
+        MsgBox(u"--- ERRO --- INFORME O(s) HORÁRIO(s)"_s, u"ATENÇÃO"_s);
         return true;
     }
     const QStringList horas = ui->txtHR->text().split(QLatin1Char('/'));
     if (!std::all_of(horas.begin(), horas.end(), isHora)) {
-        MsgBox(QStringLiteral("--- ERRO --- HORÁRIOS POSSUI HORA INVÁLIDA!"), QStringLiteral("Atenção"));
+        MsgBox(u"--- ERRO --- HORÁRIOS POSSUI HORA INVÁLIDA!"_s, u"Atenção"_s);
         return true;
     }
     return false;
@@ -160,7 +162,7 @@ void frmCadHorarios::grava()
     linhas.Fields("dia") = ui->cboDia->currentText();
     linhas.Fields("hr") = ui->txtHR->text();
     linhas.Fields("evcad") = carimboRegistro();
-    linhas.Fields("evup") = Usuario + QStringLiteral("- ") + generalDate(Clock::now());
+    linhas.Fields("evup") = Usuario + u"- "_s + generalDate(Clock::now());
     linhas.Fields("ondeatd") = ui->cboCH->currentText().left(1);
     linhas.Fields("idesp") = idesp_;
     linhas.Update();

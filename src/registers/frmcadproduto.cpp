@@ -8,8 +8,10 @@
 #include "platform/values/date.h"
 #include "platform/values/format.h"
 #include "platform/values/number.h"
-#include "registers/buscas.h"
+#include "registers/telasdebusca.h"
 #include "ui_frmcadproduto.h"
+
+using namespace Qt::StringLiterals;
 
 using namespace Variaveis;
 
@@ -30,13 +32,12 @@ void trocaVirgula(QLineEdit* caixa)
 frmCadProduto::frmCadProduto() : ui(std::make_unique<Ui::frmCadProduto>())
 {
     ui->setupUi(this);
-    ui->DataGrid1->setColumns(
-        {{QStringLiteral("cdpro"), QStringLiteral("CÓDIGO"), 12},
-         {QStringLiteral("dspro"), QStringLiteral("PRODUTO"), 42},
-         {QStringLiteral("un"), QStringLiteral("UN"), 8},
-         {QStringLiteral("cdgrupo"), QStringLiteral("GRUPO"), 8},
-         {QStringLiteral("vcusto"), QStringLiteral("CUSTO"), 15, QStringLiteral("#,##0.0000")},
-         {QStringLiteral("qmin"), QStringLiteral("QTDE.MIN"), 15, QStringLiteral("#,##0.0000")}});
+    ui->DataGrid1->setColumns({{u"cdpro"_s, u"CÓDIGO"_s, 12},
+                               {u"dspro"_s, u"PRODUTO"_s, 42},
+                               {u"un"_s, u"UN"_s, 8},
+                               {u"cdgrupo"_s, u"GRUPO"_s, 8},
+                               {u"vcusto"_s, u"CUSTO"_s, 15, u"#,##0.0000"_s},
+                               {u"qmin"_s, u"QTDE.MIN"_s, 15, u"#,##0.0000"_s}});
     ui->DataGrid1->setDataSource(&Adodc1);
     wire();
 }
@@ -80,7 +81,7 @@ void frmCadProduto::Limpa()
     for (QLineEdit* caixa : {ui->txtDsPro, ui->txtUN, ui->txtCdGrupo, ui->txtFator, ui->txtDtUA, ui->txtQtde})
         caixa->clear();
     ui->txtmemo->clear();
-    ui->txtDtUC->setText(QStringLiteral("SR"));
+    ui->txtDtUC->setText(u"SR"_s);
 }
 
 void frmCadProduto::cmdretorna_Click()
@@ -102,9 +103,7 @@ void frmCadProduto::Command2_Click()
 /// The user who gives up gets all rows.
 void frmCadProduto::Command3_Click()
 {
-    const QString texto =
-        InputBox(QStringLiteral("Produto: "), QStringLiteral("Pesquisa produto já cadastrado"))
-            .value_or(QString());
+    const QString texto = InputBox(u"Produto: "_s, u"Pesquisa produto já cadastrado"_s).value_or(QString());
     Adodc1.setRecordSource("select * from produtos where  idlic = " + aspas(idlic) + " and dspro like " +
                            aspas(QLatin1Char('%') + texto + QLatin1Char('%')) + " order by dspro");
     Adodc1.Refresh();
@@ -165,7 +164,7 @@ void frmCadProduto::mostra()
     ui->txtDtUC->setText(linha.Fields("dtucmp").text());
     ui->txtmemo->setPlainText(linha.Fields("obs").text());
     ui->txtDtUA->setText(linha.Fields("qmin").text());
-    ui->txtQtde->setText(QStringLiteral("***"));
+    ui->txtQtde->setText(u"***"_s);
     ui->cboLote->setCurrentIndex(int(linha.Fields("caplote").integer()));
 }
 
@@ -173,17 +172,15 @@ bool frmCadProduto::recusa()
 {
     if (isVazia(ui->txtCdPro) || isVazia(ui->txtDsPro) || isVazia(ui->txtUN) || isVazia(ui->txtDsGrupo) ||
         !isNumeric(ui->txtFator->text()) || !isNumeric(ui->txtDtUA->text())) {
-        MsgBox(QStringLiteral("--- ERRO --- DADOS INCOMPLETOS!"), QStringLiteral("ATENÇÃO"));
+        MsgBox(u"--- ERRO --- DADOS INCOMPLETOS!"_s, u"ATENÇÃO"_s);
         return true;
     }
     if (toNumber(ui->txtFator->text()) < 0) {
-        MsgBox(QStringLiteral("--- ERRO --- VALOR DO CUSTO NÃO PODE SER MENOR QUE ZERO!"),
-               QStringLiteral("Atenção"));
+        MsgBox(u"--- ERRO --- VALOR DO CUSTO NÃO PODE SER MENOR QUE ZERO!"_s, u"Atenção"_s);
         return true;
     }
     if (toNumber(ui->txtDtUA->text()) < 0) {
-        MsgBox(QStringLiteral("--- ERRO --- ESTOQUE MINIMO NÃO PODE SER MENOR QUE ZERO!"),
-               QStringLiteral("Atenção"));
+        MsgBox(u"--- ERRO --- ESTOQUE MINIMO NÃO PODE SER MENOR QUE ZERO!"_s, u"Atenção"_s);
         return true;
     }
     return false;
@@ -229,7 +226,7 @@ void frmCadProduto::grava(double custo, double minimo)
 void frmCadProduto::GeraCodigoProduto()
 {
     const QDateTime agora = Clock::now();
-    const QString pedido = Format(agora, u"yymmddhhmmss") + QStringLiteral("CAD");
+    const QString pedido = Format(agora, u"yymmddhhmmss") + u"CAD"_s;
     AbreConexao();
     Conexao.Execute("insert into produtoscodigos (cdpror,evcad) values (" + aspas(pedido) + "," +
                     aspas(QLatin1Char('|') + generalDate(agora)) + ")");

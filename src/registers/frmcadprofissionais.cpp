@@ -3,32 +3,33 @@
 #include "platform/forms/dialogs.h"
 #include "platform/values/format.h"
 #include "platform/values/number.h"
-#include "registers/buscas.h"
+#include "registers/telasdebusca.h"
 #include "ui_frmcadprofissionais.h"
 
+using namespace Qt::StringLiterals;
+
 namespace {
-const QString atencao = QStringLiteral("ATENÇÃO");
+const QString atencao = u"ATENÇÃO"_s;
 }
 
 frmCadProfissionais::frmCadProfissionais()
-    : CadastroPessoa(
-          {.tabela = QStringLiteral("profissionais"),
-           .codigo = QStringLiteral("idpro"),
-           .nome = QStringLiteral("nmpro"),
-           .fonefixo = QStringLiteral("fonefixo"),
-           .tituloPesquisa = QStringLiteral("Pesquisa profissionais já cadastrado"),
-           .limpaCodigo = true,
-           .colunas = {{QStringLiteral("idpro"), QStringLiteral("CÓDIGO"), 8},
-                       {QStringLiteral("nmpro"), QStringLiteral("NOME"), 32},
-                       {QStringLiteral("nrcon"), QStringLiteral("No CONSELHO"), 13},
-                       {QStringLiteral("ondeatd"), QStringLiteral("CLÍNICA/HOME"), 11, {}, Qt::AlignHCenter},
-                       {QStringLiteral("valor"), QStringLiteral("VALOR"), 12, QStringLiteral("#,##0.00")},
-                       {QStringLiteral("fonefixo"), QStringLiteral("FONE FIXO"), 12},
-                       {QStringLiteral("fonecel"), QStringLiteral("CELULAR"), 12}},
-           .ligacao = {.tabela = QStringLiteral("especialidades"),
-                       .codigo = QStringLiteral("idesp"),
-                       .nome = QStringLiteral("nmesp"),
-                       .pesquisa = [] { Form::of<frmBuscaEspecialidades>().ShowModal(); }}}),
+    : CadastroPessoa({.tabela = u"profissionais"_s,
+                      .codigo = u"idpro"_s,
+                      .nome = u"nmpro"_s,
+                      .fonefixo = u"fonefixo"_s,
+                      .tituloPesquisa = u"Pesquisa profissionais já cadastrado"_s,
+                      .limpaCodigo = true,
+                      .colunas = {{u"idpro"_s, u"CÓDIGO"_s, 8},
+                                  {u"nmpro"_s, u"NOME"_s, 32},
+                                  {u"nrcon"_s, u"No CONSELHO"_s, 13},
+                                  {u"ondeatd"_s, u"CLÍNICA/HOME"_s, 11, {}, Qt::AlignHCenter},
+                                  {u"valor"_s, u"VALOR"_s, 12, u"#,##0.00"_s},
+                                  {u"fonefixo"_s, u"FONE FIXO"_s, 12},
+                                  {u"fonecel"_s, u"CELULAR"_s, 12}},
+                      .ligacao = {.tabela = u"especialidades"_s,
+                                  .codigo = u"idesp"_s,
+                                  .nome = u"nmesp"_s,
+                                  .pesquisa = [] { Form::of<frmBuscaEspecialidades>().ShowModal(); }}}),
       ui(std::make_unique<Ui::frmCadProfissionais>())
 {
     ui->setupUi(this);
@@ -48,20 +49,20 @@ void frmCadProfissionais::txtVR_LostFocus()
     if (isNumeric(ui->txtVR->text()))
         ui->txtVR->setText(Currency(toNumber(ui->txtVR->text())));
     else
-        MsgBox(QStringLiteral("--- ERRO --- VALOR INVÁLIDO!"), atencao);
+        MsgBox(u"--- ERRO --- VALOR INVÁLIDO!"_s, atencao);
 }
 
 bool frmCadProfissionais::recusa()
 {
     if (!isNumeric(local()) || ui->txtnome->text().trimmed().isEmpty() ||
         ui->txtNmEsp->text().trimmed().isEmpty() || !isNumeric(ui->txtVR->text())) {
-        MsgBox(QStringLiteral("--- ERRO --- NOME NÃO INFORMADO!"), atencao);
+        MsgBox(u"--- ERRO --- NOME NÃO INFORMADO!"_s, atencao);
         return true;
     }
     if (semTelefone())
         return true;
     if (toNumber(ui->txtVR->text()) < 0) {
-        MsgBox(QStringLiteral("--- ERRO --- VALOR NÃO PODE SER MENOR QUE ZERO!"), atencao);
+        MsgBox(u"--- ERRO --- VALOR NÃO PODE SER MENOR QUE ZERO!"_s, atencao);
         return true;
     }
     return false;

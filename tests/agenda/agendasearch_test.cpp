@@ -1,6 +1,8 @@
 #include "agenda/frmcli_agenda_pesquisa.h"
 #include "app/shell_fixture.h"
 
+using namespace Qt::StringLiterals;
+
 using namespace Variaveis;
 
 namespace {
@@ -20,9 +22,9 @@ protected:
                 "('C1','d',12,9,'2026/03/20','10:00','ANA MARIA','4'),"
                 "('C1','e',12,3,'2026/03/20','09:00','ANA MARIA','5'),"
                 "('C1','f',12,3,'2026/03/20','09:00','BEATRIZ','6'),"
-                "('C2','g',12,3,'2026/03/20','09:00','MARIA ALHEIA','7')"_qs);
-        RetornoCodigo = u"12"_qs;
-        RetornoNome = u"DRA. ANA"_qs;
+                "('C2','g',12,3,'2026/03/20','09:00','MARIA ALHEIA','7')"_s);
+        RetornoCodigo = u"12"_s;
+        RetornoNome = u"DRA. ANA"_s;
     }
 };
 
@@ -32,14 +34,14 @@ TEST_F(AgendaSearch, FindsTheAppointmentsFromTodayOnOfAllProfessionals)
 {
     on<frmCli_Agenda_Pesquisa>([](ScreenDriver& screen) {
         EXPECT_EQ(screen.focused(), u"txtnmpac");
-        EXPECT_FALSE(screen.enabled(u"Command1"_qs));
-        screen.type(u"txtnmpac"_qs, u"maria"_qs);
-        EXPECT_EQ(screen.grid(u"DataGrid1"_qs),
+        EXPECT_FALSE(screen.enabled(u"Command1"_s));
+        screen.type(u"txtnmpac"_s, u"maria"_s);
+        EXPECT_EQ(screen.grid(u"DataGrid1"_s),
                   (QList<QStringList>{
-                      u"ANA MARIA|20/03/2026|09:00|5|CONSULTA|DRA. ANA"_qs.split(u'|'),
-                      u"ANA MARIA|20/03/2026|10:00|4||DRA. ANA"_qs.split(u'|'),
-                      u"ANA MARIA|02/04/2026|09:30|3|CONSULTA|"_qs.split(u'|'), // at home
-                      u"MARIA HOJE|16/03/2026|07:00|2|CONSULTA|DRA. ANA"_qs.split(u'|'),
+                      u"ANA MARIA|20/03/2026|09:00|5|CONSULTA|DRA. ANA"_s.split(u'|'),
+                      u"ANA MARIA|20/03/2026|10:00|4||DRA. ANA"_s.split(u'|'),
+                      u"ANA MARIA|02/04/2026|09:30|3|CONSULTA|"_s.split(u'|'), // at home
+                      u"MARIA HOJE|16/03/2026|07:00|2|CONSULTA|DRA. ANA"_s.split(u'|'),
                   }));
     });
     EXPECT_EQ(RetornoCodigo + RetornoNome, u"") << "given up";
@@ -48,20 +50,20 @@ TEST_F(AgendaSearch, FindsTheAppointmentsFromTodayOnOfAllProfessionals)
 TEST_F(AgendaSearch, EachKeystrokeSearchesAndAnEmptyBoxEmptiesTheGrid)
 {
     open<frmCli_Agenda_Pesquisa>([](ScreenDriver& screen) {
-        const auto rows = [&screen] { return screen.grid(u"DataGrid1"_qs).size(); };
+        const auto rows = [&screen] { return screen.grid(u"DataGrid1"_s).size(); };
         screen.press(Qt::Key_F10); // nothing searched yet
-        screen.typeOn(u"z"_qs);
+        screen.typeOn(u"z"_s);
         EXPECT_EQ(rows(), 1);
-        screen.typeOn(u"x"_qs);
+        screen.typeOn(u"x"_s);
         EXPECT_EQ(rows(), 0);
         screen.press(Qt::Key_F10);
         EXPECT_TRUE(screen.isOpen()) << "there is no row to choose";
         screen.press(Qt::Key_Backspace);
         EXPECT_EQ(rows(), 1);
-        screen.type(u"txtnmpac"_qs, u"  "_qs);
+        screen.type(u"txtnmpac"_s, u"  "_s);
         EXPECT_EQ(rows(), 0) << "blanks find nobody, though every name would hold them";
-        EXPECT_FALSE(screen.enabled(u"Command1"_qs));
-        screen.typeOn(u"beatriz"_qs);
+        EXPECT_FALSE(screen.enabled(u"Command1"_s));
+        screen.typeOn(u"beatriz"_s);
         EXPECT_EQ(rows(), 0) << "the blanks belong to the part of the name";
         screen.window().close();
     });
@@ -71,7 +73,7 @@ TEST_F(AgendaSearch, EachKeystrokeSearchesAndAnEmptyBoxEmptiesTheGrid)
 TEST_F(AgendaSearch, TheChosenRowGoesBackAsDayAndTime)
 {
     open<frmCli_Agenda_Pesquisa>([](ScreenDriver& screen) {
-        screen.typeOn(u"maria"_qs);
+        screen.typeOn(u"maria"_s);
         screen.press(Qt::Key_Return);
         EXPECT_EQ(screen.focused(), u"DataGrid1");
         screen.press(Qt::Key_Down);
@@ -80,9 +82,9 @@ TEST_F(AgendaSearch, TheChosenRowGoesBackAsDayAndTime)
     });
     EXPECT_EQ(RetornoCodigo + u' ' + RetornoNome, u"02/04/2026 09:30");
     open<frmCli_Agenda_Pesquisa>([](ScreenDriver& screen) {
-        EXPECT_EQ(screen.text(u"txtnmpac"_qs), u"") << "a fresh search";
-        screen.typeOn(u"maria"_qs);
-        screen.doubleClickRow(u"DataGrid1"_qs, 1);
+        EXPECT_EQ(screen.text(u"txtnmpac"_s), u"") << "a fresh search";
+        screen.typeOn(u"maria"_s);
+        screen.doubleClickRow(u"DataGrid1"_s, 1);
     });
     EXPECT_EQ(RetornoCodigo + u' ' + RetornoNome, u"20/03/2026 10:00");
 }

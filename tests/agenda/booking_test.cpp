@@ -2,16 +2,18 @@
 
 #include <QTest>
 
+using namespace Qt::StringLiterals;
+
 namespace {
 
-const QString incomplete = u"--- ERRO --- DADOS INCOMPLETOS!"_qs;
-const QString noProcedure = u"--- ERRO --- SELECIONA UM PROCEDIMENTO!"_qs;
-const QString booked = u"Agendado com sucesso!"_qs;
+const QString incomplete = u"--- ERRO --- DADOS INCOMPLETOS!"_s;
+const QString noProcedure = u"--- ERRO --- SELECIONA UM PROCEDIMENTO!"_s;
+const QString booked = u"Agendado com sucesso!"_s;
 
 /// Key, day, time, patient, plan, telephone, price, remark.
 const QString boxesOfThePanel =
-    u"txtIdAgenda txtDt txtHR txtIdPac txtNmPac txtIdConv txtNmConv txtFone txtVR txtObs"_qs;
-const QString allEmpty = u"|||||||||"_qs;
+    u"txtIdAgenda txtDt txtHR txtIdPac txtNmPac txtIdConv txtNmConv txtFone txtVR txtObs"_s;
+const QString allEmpty = u"|||||||||"_s;
 
 QString enabledOf(const ScreenDriver& agenda, const QStringList& controls)
 {
@@ -24,13 +26,13 @@ QString enabledOf(const ScreenDriver& agenda, const QStringList& controls)
 /// Closing, notification, cancellation.
 QString actions(const ScreenDriver& agenda)
 {
-    return enabledOf(agenda, {u"Command4"_qs, u"Command5"_qs, u"Command9"_qs});
+    return enabledOf(agenda, {u"Command4"_s, u"Command5"_s, u"Command9"_s});
 }
 
 /// Search, printing, choice of the professional.
 QString ofTheDay(const ScreenDriver& agenda)
 {
-    return enabledOf(agenda, {u"Command1"_qs, u"Command6"_qs, u"cboPro"_qs});
+    return enabledOf(agenda, {u"Command1"_s, u"Command6"_s, u"cboPro"_s});
 }
 
 class Booking : public AgendaTest
@@ -48,113 +50,112 @@ protected:
 
 TEST_F(Booking, AFreeLineIsBooked)
 {
-    bookElsewhere(u"K1"_qs, 99);
-    book(u"K2"_qs, 13, 21, u"JOÃO DA SILVA"_qs, u"2026-03-16"_qs, u"09:00"_qs);
-    book(u"K3"_qs, 13, 21, u"JOÃO DA SILVA"_qs, u"2026-03-17"_qs, u"08:30"_qs);
-    dialogs.expect(booked, u"Atenção"_qs, Icon::Information);
+    bookElsewhere(u"K1"_s, 99);
+    book(u"K2"_s, 13, 21, u"JOÃO DA SILVA"_s, u"2026-03-16"_s, u"09:00"_s);
+    book(u"K3"_s, 13, 21, u"JOÃO DA SILVA"_s, u"2026-03-17"_s, u"08:30"_s);
+    dialogs.expect(booked, u"Atenção"_s, Icon::Information);
     on<frmCli_Agenda>([&](ScreenDriver& agenda) {
-        EXPECT_FALSE(agenda.visible(u"frmAgendamento"_qs));
-        agenda.doubleClickRow(u"List1"_qs, 1);
-        EXPECT_TRUE(agenda.visible(u"frmAgendamento"_qs));
+        EXPECT_FALSE(agenda.visible(u"frmAgendamento"_s));
+        agenda.doubleClickRow(u"List1"_s, 1);
+        EXPECT_TRUE(agenda.visible(u"frmAgendamento"_s));
         EXPECT_EQ(ofTheDay(agenda) + actions(agenda), u"000000");
         EXPECT_EQ(agenda.focused(), u"cboTP");
-        EXPECT_TRUE(agenda.text(u"cboTP"_qs).startsWith(u"CONSULTA")) << "the first of the clinic's";
-        EXPECT_EQ(agenda.text(u"cboMobEsp"_qs), u"0 - Não");
+        EXPECT_TRUE(agenda.text(u"cboTP"_s).startsWith(u"CONSULTA")) << "the first of the clinic's";
+        EXPECT_EQ(agenda.text(u"cboMobEsp"_s), u"0 - Não");
         agenda.press(Qt::Key_Escape);
         EXPECT_TRUE(agenda.isOpen()) << "Esc does nothing while the panel stands";
 
-        search(agenda, Qt::Key_F2, u"frmBuscaPacientes"_qs);
+        search(agenda, Qt::Key_F2, u"frmBuscaPacientes"_s);
         EXPECT_EQ(agenda.focused(), u"txtIdPac");
         EXPECT_EQ(texts(agenda), u"|16/03/2026|08:30|21|JOÃO DA SILVA|||||")
             << "the search brings code and name, leaving the box the rest";
         agenda.press(Qt::Key_Return);
         const QString found =
-            u"|16/03/2026|08:30|21|JOÃO DA SILVA|5|SAÚDE TOTAL|99999-1111 3333-1111|R$ 175,00|"_qs;
+            u"|16/03/2026|08:30|21|JOÃO DA SILVA|5|SAÚDE TOTAL|99999-1111 3333-1111|R$ 175,00|"_s;
         EXPECT_EQ(texts(agenda), found);
         typeCode(agenda, "txtIdPac", "23");
-        EXPECT_EQ(texts(agenda), QString(found).replace(u"|21|"_qs, u"|23|"_qs)) << "of another tenant";
-        agenda.type(u"txtIdPac"_qs, u"21"_qs);
-        search(agenda, Qt::Key_F3, u"frmBuscaConvenios"_qs);
-        EXPECT_EQ(agenda.text(u"txtIdConv"_qs), u"6");
+        EXPECT_EQ(texts(agenda), QString(found).replace(u"|21|"_s, u"|23|"_s)) << "of another tenant";
+        agenda.type(u"txtIdPac"_s, u"21"_s);
+        search(agenda, Qt::Key_F3, u"frmBuscaConvenios"_s);
+        EXPECT_EQ(agenda.text(u"txtIdConv"_s), u"6");
         agenda.press(Qt::Key_Return);
-        EXPECT_EQ(agenda.text(u"txtVR"_qs), u"R$ 200,00") << "a plan without discount";
-        answer(u"frmBuscaConvenios"_qs, {Qt::Key_Escape});
+        EXPECT_EQ(agenda.text(u"txtVR"_s), u"R$ 200,00") << "a plan without discount";
+        answer(u"frmBuscaConvenios"_s, {Qt::Key_Escape});
         agenda.press(Qt::Key_F3);
-        EXPECT_EQ(agenda.text(u"txtIdConv"_qs), u"6") << "who gives up changes nothing";
+        EXPECT_EQ(agenda.text(u"txtIdConv"_s), u"6") << "who gives up changes nothing";
         typeCode(agenda, "txtIdConv", "5");
         typeCode(agenda, "txtIdConv", "7");
-        EXPECT_EQ(agenda.text(u"txtNmConv"_qs) + agenda.text(u"txtVR"_qs), u"R$ 200,00")
-            << "of another tenant";
+        EXPECT_EQ(agenda.text(u"txtNmConv"_s) + agenda.text(u"txtVR"_s), u"R$ 200,00") << "of another tenant";
         typeCode(agenda, "txtIdConv", "5");
-        agenda.type(u"txtVR"_qs, u"1.234,5"_qs);
-        agenda.type(u"txtObs"_qs, u"primeira vez"_qs);
-        agenda.choose(u"cboTP"_qs, u"RETORNO"_qs);
-        agenda.choose(u"cboMobEsp"_qs, u"1"_qs);
-        agenda.click(u"Command7"_qs);
-        EXPECT_FALSE(agenda.visible(u"frmAgendamento"_qs));
+        agenda.type(u"txtVR"_s, u"1.234,5"_s);
+        agenda.type(u"txtObs"_s, u"primeira vez"_s);
+        agenda.choose(u"cboTP"_s, u"RETORNO"_s);
+        agenda.choose(u"cboMobEsp"_s, u"1"_s);
+        agenda.click(u"Command7"_s);
+        EXPECT_FALSE(agenda.visible(u"frmAgendamento"_s));
         EXPECT_EQ(ofTheDay(agenda), u"111");
         EXPECT_EQ(agenda.focused(), u"List1");
-        EXPECT_TRUE(agenda.list(u"List1"_qs)[1].startsWith(u"08:30|JOÃO DA SILVA"));
-        EXPECT_EQ(agenda.text(u"lQT"_qs), u"Clínica: 1 Home: 0");
+        EXPECT_TRUE(agenda.list(u"List1"_s)[1].startsWith(u"08:30|JOÃO DA SILVA"));
+        EXPECT_EQ(agenda.text(u"lQT"_s), u"Clínica: 1 Home: 0");
     });
     EXPECT_EQ(
         flat(u"select idlic,idagenda,fone,idpro,idesp,idconv,idpac,nmpac,dia,hr,obs,idproc,valor,status,"
-             "evcad,evup,mobesp,ondeatd from agenda_clinica where idagenda not like 'K%'"_qs),
+             "evcad,evup,mobesp,ondeatd from agenda_clinica where idagenda not like 'K%'"_s),
         QStringList{u"C1|260316083015MARIA11|99999-1111 3333-1111|11|3|5|21|JOÃO DA SILVA|2026-03-16|08:30|"
-                    "PRIMEIRA VEZ|32|1234.50|0|"_qs +
-                    stamp + u'|' + stamp + u"|1 - Sim|0"_qs});
+                    "PRIMEIRA VEZ|32|1234.50|0|"_s +
+                    stamp + u'|' + stamp + u"|1 - Sim|0"_s});
 }
 
 TEST_F(Booking, AnAppointmentIsOpenedMovedAndChanged)
 {
-    book(u"K1"_qs, 11, 21, u"JOÃO DA SILVA"_qs, u"2026-03-16"_qs, u"08:00"_qs, u"1"_qs);
-    book(u"K2"_qs, 11, 22, u"RITA"_qs, u"2026-03-16"_qs, u"08:30"_qs);
-    bookElsewhere(u"K1"_qs);
+    book(u"K1"_s, 11, 21, u"JOÃO DA SILVA"_s, u"2026-03-16"_s, u"08:00"_s, u"1"_s);
+    book(u"K2"_s, 11, 22, u"RITA"_s, u"2026-03-16"_s, u"08:30"_s);
+    bookElsewhere(u"K1"_s);
     dialogs.expect(booked);
-    dialogs.expect(u"--- ERRO --- HORÁRIO NÃO DISPONIVEL!"_qs);
+    dialogs.expect(u"--- ERRO --- HORÁRIO NÃO DISPONIVEL!"_s);
     dialogs.expect(booked);
     on<frmCli_Agenda>([&](ScreenDriver& agenda) {
-        agenda.doubleClickRow(u"List1"_qs, 0);
-        agenda.click(u"Command7"_qs); // an appointment does not stand in its own way
-        agenda.doubleClickRow(u"List1"_qs, 0);
-        const QString rest = u"|21|JOÃO DA SILVA|5|SAÚDE TOTAL|FONE|R$ 180,50|OBSERVAÇÃO"_qs;
-        EXPECT_EQ(texts(agenda), u"K1|16/03/2026|08:00"_qs + rest)
+        agenda.doubleClickRow(u"List1"_s, 0);
+        agenda.click(u"Command7"_s); // an appointment does not stand in its own way
+        agenda.doubleClickRow(u"List1"_s, 0);
+        const QString rest = u"|21|JOÃO DA SILVA|5|SAÚDE TOTAL|FONE|R$ 180,50|OBSERVAÇÃO"_s;
+        EXPECT_EQ(texts(agenda), u"K1|16/03/2026|08:00"_s + rest)
             << "the price agreed upon, not the one that the plan makes";
-        EXPECT_TRUE(agenda.text(u"cboTP"_qs).startsWith(u"RETORNO"));
-        EXPECT_EQ(agenda.text(u"cboMobEsp"_qs), u"1 - Sim");
+        EXPECT_TRUE(agenda.text(u"cboTP"_s).startsWith(u"RETORNO"));
+        EXPECT_EQ(agenda.text(u"cboMobEsp"_s), u"1 - Sim");
         EXPECT_EQ(actions(agenda), u"111");
-        agenda.choose(u"cboTP"_qs, u"CONSULTA"_qs);
-        agenda.clickRow(u"List1"_qs, 3);
-        EXPECT_EQ(agenda.text(u"txtHR"_qs), u"13:00") << "one click takes the time alone";
-        agenda.type(u"txtHR"_qs, u"13:15"_qs);
-        QTest::mouseClick(static_cast<QAbstractScrollArea*>(agenda.find(u"List1"_qs))->viewport(),
+        agenda.choose(u"cboTP"_s, u"CONSULTA"_s);
+        agenda.clickRow(u"List1"_s, 3);
+        EXPECT_EQ(agenda.text(u"txtHR"_s), u"13:00") << "one click takes the time alone";
+        agenda.type(u"txtHR"_s, u"13:15"_s);
+        QTest::mouseClick(static_cast<QAbstractScrollArea*>(agenda.find(u"List1"_s))->viewport(),
                           Qt::LeftButton, {}, {5, 250});
         settle();
-        EXPECT_EQ(agenda.text(u"txtHR"_qs), u"13:15") << "below the last line is no line";
-        agenda.doubleClickRow(u"List1"_qs, 1);
+        EXPECT_EQ(agenda.text(u"txtHR"_s), u"13:15") << "below the last line is no line";
+        agenda.doubleClickRow(u"List1"_s, 1);
         EXPECT_EQ(actions(agenda), u"000");
-        agenda.focus(u"Calendar1"_qs);
+        agenda.focus(u"Calendar1"_s);
         agenda.press(Qt::Key_Right);
-        agenda.doubleClickRow(u"List1"_qs, 0);
-        EXPECT_EQ(texts(agenda), u"K1|17/03/2026|10:00"_qs + rest);
+        agenda.doubleClickRow(u"List1"_s, 0);
+        EXPECT_EQ(texts(agenda), u"K1|17/03/2026|10:00"_s + rest);
         EXPECT_EQ(actions(agenda), u"111");
-        EXPECT_TRUE(agenda.text(u"cboTP"_qs).startsWith(u"CONSULTA")) << "as the clerk chose";
-        EXPECT_EQ(value(u"select hr from agenda_clinica where idlic = 'C1' and idagenda = 'K1'"_qs), u"08:00")
+        EXPECT_TRUE(agenda.text(u"cboTP"_s).startsWith(u"CONSULTA")) << "as the clerk chose";
+        EXPECT_EQ(value(u"select hr from agenda_clinica where idlic = 'C1' and idagenda = 'K1'"_s), u"08:00")
             << "not before it is saved";
-        agenda.type(u"txtObs"_qs, u"outra"_qs);
-        agenda.click(u"Command7"_qs);
+        agenda.type(u"txtObs"_s, u"outra"_s);
+        agenda.click(u"Command7"_s);
         EXPECT_EQ(texts(agenda), allEmpty);
     });
     EXPECT_EQ(flat(u"select idlic,idagenda,idpro,idesp,idproc,dia,hr,valor,obs,status,evcad,evup,ondeatd "
-                   "from agenda_clinica order by idlic,idagenda"_qs),
-              (QStringList{u"B2|K1|11|||2026-03-16|08:30|||0||Z|"_qs,
-                           u"C1|K1|11|3|31|2026-03-17|10:00|180.50|OUTRA|1|X|"_qs + stamp + u"|0"_qs,
-                           u"C1|K2|11|3|32|2026-03-16|08:30|180.50|OBSERVAÇÃO|0|X|Y|0"_qs}));
+                   "from agenda_clinica order by idlic,idagenda"_s),
+              (QStringList{u"B2|K1|11|||2026-03-16|08:30|||0||Z|"_s,
+                           u"C1|K1|11|3|31|2026-03-17|10:00|180.50|OUTRA|1|X|"_s + stamp + u"|0"_s,
+                           u"C1|K2|11|3|32|2026-03-16|08:30|180.50|OBSERVAÇÃO|0|X|Y|0"_s}));
 }
 
 TEST_F(Booking, WhatCannotBeBookedIsRefusedInOrder)
 {
-    book(u"K1"_qs, 13, 21, u"JOÃO DA SILVA"_qs, u"2026-03-16"_qs, u"08:30"_qs);
+    book(u"K1"_s, 13, 21, u"JOÃO DA SILVA"_s, u"2026-03-16"_s, u"08:30"_s);
     const struct
     {
         const char *box, *bad, *good;
@@ -167,38 +168,38 @@ TEST_F(Booking, WhatCannotBeBookedIsRefusedInOrder)
                  {"txtFone", "  ", "9"}};
     on<frmCli_Agenda>([&](ScreenDriver& agenda) {
         const auto refused = [&](const QString& text, Icon icon) {
-            dialogs.expect(text, u"ATENÇÃO"_qs, icon);
-            agenda.click(u"Command7"_qs);
+            dialogs.expect(text, u"ATENÇÃO"_s, icon);
+            agenda.click(u"Command7"_s);
         };
-        fill(agenda, 1, u"21"_qs);
+        fill(agenda, 1, u"21"_s);
         // No procedure and a past day as well: the boxes come first.
-        static_cast<QComboBox*>(agenda.find(u"cboTP"_qs))->setCurrentIndex(-1);
+        static_cast<QComboBox*>(agenda.find(u"cboTP"_s))->setCurrentIndex(-1);
         for (const auto& [box, bad, good] : boxes) {
             agenda.type(QString::fromLatin1(box), QString::fromLatin1(bad));
             refused(incomplete, Icon::Information);
             agenda.type(QString::fromLatin1(box), QString::fromLatin1(good));
         }
         dialogs.expect(noProcedure);
-        agenda.click(u"Command7"_qs);
-        agenda.choose(u"cboTP"_qs, u"CONSULTA"_qs);
-        refused(u"--- ERRO --- DATA DO AGENDAMENTO ANTERIOR A DATA ATUAL!"_qs, Icon::Critical);
-        agenda.type(u"txtDt"_qs, u"16/03/2026"_qs);
+        agenda.click(u"Command7"_s);
+        agenda.choose(u"cboTP"_s, u"CONSULTA"_s);
+        refused(u"--- ERRO --- DATA DO AGENDAMENTO ANTERIOR A DATA ATUAL!"_s, Icon::Critical);
+        agenda.type(u"txtDt"_s, u"16/03/2026"_s);
         const QString elsewhere =
-            u"--- PACIENTE JÁ POSSUI AGENDA NESSA MESMA DATA E HORÁRIO COM OUTRO PROFISSIONAL!"_qs;
+            u"--- PACIENTE JÁ POSSUI AGENDA NESSA MESMA DATA E HORÁRIO COM OUTRO PROFISSIONAL!"_s;
         refused(elsewhere, Icon::Exclamation);
-        agenda.choose(u"cboOnde"_qs, u"1"_qs);
+        agenda.choose(u"cboOnde"_s, u"1"_s);
         refused(elsewhere, Icon::Exclamation);
         EXPECT_EQ(texts(agenda), u"|16/03/2026|08:30|21|JOÃO DA SILVA|5|P|9|0|")
             << "what was typed is still there";
 
         // Patient 0 is nobody.
         dialogs.expect(booked);
-        agenda.choose(u"cboOnde"_qs, u"0"_qs);
-        agenda.type(u"txtIdPac"_qs, u"0"_qs);
-        agenda.click(u"Command7"_qs);
+        agenda.choose(u"cboOnde"_s, u"0"_s);
+        agenda.type(u"txtIdPac"_s, u"0"_s);
+        agenda.click(u"Command7"_s);
     });
-    EXPECT_EQ(flat(u"select idpro,idpac,hr,ondeatd from agenda_clinica where idagenda <> 'K1'"_qs),
-              QStringList{u"11|0|08:30|0"_qs})
+    EXPECT_EQ(flat(u"select idpro,idpac,hr,ondeatd from agenda_clinica where idagenda <> 'K1'"_s),
+              QStringList{u"11|0|08:30|0"_s})
         << "the refused home booking has left the professional as it was";
 }
 
@@ -207,76 +208,75 @@ TEST_F(Booking, AHomeBookingBelongsToNobodyAndTheNextOneToTheProfessional)
     dialogs.expect(booked);
     dialogs.expect(booked);
     on<frmCli_Agenda>([&](ScreenDriver& agenda) {
-        fill(agenda, 0, u"21"_qs);
-        agenda.choose(u"cboOnde"_qs, u"1"_qs);
-        agenda.click(u"Command7"_qs);
-        EXPECT_EQ(agenda.list(u"List1"_qs)[0], u"08:00") << "nobody's list has it";
+        fill(agenda, 0, u"21"_s);
+        agenda.choose(u"cboOnde"_s, u"1"_s);
+        agenda.click(u"Command7"_s);
+        EXPECT_EQ(agenda.list(u"List1"_s)[0], u"08:00") << "nobody's list has it";
         EXPECT_EQ(agenda.focused(), u"List1");
         agenda.press(Qt::Key_Space);
-        EXPECT_EQ(agenda.text(u"txtHR"_qs), u"08:00") << "the keyboard opens a line as well";
-        EXPECT_EQ(agenda.text(u"cboOnde"_qs), u"0 - Clinica");
+        EXPECT_EQ(agenda.text(u"txtHR"_s), u"08:00") << "the keyboard opens a line as well";
+        EXPECT_EQ(agenda.text(u"cboOnde"_s), u"0 - Clinica");
         // Codes are whole numbers, and a thousand is a thousand to the server too.
         typeCode(agenda, "txtIdPac", "22,5");
-        EXPECT_EQ(agenda.text(u"txtNmPac"_qs), u"RITA");
+        EXPECT_EQ(agenda.text(u"txtNmPac"_s), u"RITA");
         typeCode(agenda, "txtIdConv", "5,9");
-        agenda.type(u"txtIdPac"_qs, u"1.000"_qs);
+        agenda.type(u"txtIdPac"_s, u"1.000"_s);
         // The row goes to the calendar's day, while the checks look at the box.
-        agenda.focus(u"Calendar1"_qs);
+        agenda.focus(u"Calendar1"_s);
         agenda.press(Qt::Key_Right);
-        agenda.click(u"Command7"_qs);
+        agenda.click(u"Command7"_s);
     });
     EXPECT_EQ(
-        flat(
-            u"select idagenda,idpro,idesp,idconv,idpac,dia,hr,ondeatd from agenda_clinica order by idpac"_qs),
-        (QStringList{u"260316083015MARIA0|0|3|5|21|2026-03-16|08:00|1"_qs,
-                     u"260316083015MARIA11|11|3|5|1000|2026-03-17|08:00|0"_qs}));
+        flat(u"select idagenda,idpro,idesp,idconv,idpac,dia,hr,ondeatd from agenda_clinica order by idpac"_s),
+        (QStringList{u"260316083015MARIA0|0|3|5|21|2026-03-16|08:00|1"_s,
+                     u"260316083015MARIA11|11|3|5|1000|2026-03-17|08:00|0"_s}));
 }
 
 TEST_F(Booking, NotifiedCancelledAndClosed)
 {
-    book(u"K1"_qs, 11, 21, u"JOÃO DA SILVA"_qs, u"2026-03-16"_qs, u"08:00"_qs);
-    book(u"K2"_qs, 11, 22, u"RITA"_qs, u"2026-03-16"_qs, u"08:30"_qs);
-    book(u"K3"_qs, 11, 22, u"RITA|ELA"_qs, u"2026-03-16"_qs, u"09:00"_qs, u"2"_qs);
-    bookElsewhere(u"K1"_qs);
-    bookElsewhere(u"K2"_qs);
-    const QString notify = u"Notificaçao confimada?"_qs;
-    const QString cancel = u"Confirma o cancelamento do agendamento?"_qs;
+    book(u"K1"_s, 11, 21, u"JOÃO DA SILVA"_s, u"2026-03-16"_s, u"08:00"_s);
+    book(u"K2"_s, 11, 22, u"RITA"_s, u"2026-03-16"_s, u"08:30"_s);
+    book(u"K3"_s, 11, 22, u"RITA|ELA"_s, u"2026-03-16"_s, u"09:00"_s, u"2"_s);
+    bookElsewhere(u"K1"_s);
+    bookElsewhere(u"K2"_s);
+    const QString notify = u"Notificaçao confimada?"_s;
+    const QString cancel = u"Confirma o cancelamento do agendamento?"_s;
     dialogs.expectQuestion(notify, false);
     dialogs.expectQuestion(notify, true);
     dialogs.expectQuestion(cancel, false);
     dialogs.expectQuestion(cancel, true);
-    dialogs.expect(u"ATENDIMENTO JÁ CONFIRMADO!"_qs);
+    dialogs.expect(u"ATENDIMENTO JÁ CONFIRMADO!"_s);
     on<frmCli_Agenda>([&](ScreenDriver& agenda) {
-        agenda.doubleClickRow(u"List1"_qs, 0);
-        agenda.click(u"Command5"_qs);
-        agenda.click(u"Command5"_qs);
-        EXPECT_FALSE(agenda.visible(u"frmAgendamento"_qs));
-        EXPECT_EQ(ofTheDay(agenda) + texts(agenda), u"111"_qs + allEmpty);
-        EXPECT_TRUE(agenda.list(u"List1"_qs)[0].contains(u"|1 - Sim|1  |"));
-        agenda.doubleClickRow(u"List1"_qs, 1);
-        agenda.click(u"Command9"_qs);
+        agenda.doubleClickRow(u"List1"_s, 0);
+        agenda.click(u"Command5"_s);
+        agenda.click(u"Command5"_s);
+        EXPECT_FALSE(agenda.visible(u"frmAgendamento"_s));
+        EXPECT_EQ(ofTheDay(agenda) + texts(agenda), u"111"_s + allEmpty);
+        EXPECT_TRUE(agenda.list(u"List1"_s)[0].contains(u"|1 - Sim|1  |"));
+        agenda.doubleClickRow(u"List1"_s, 1);
+        agenda.click(u"Command9"_s);
         FechaConexao(); // as a register does that a search dialog has opened
-        agenda.click(u"Command9"_qs);
-        EXPECT_EQ(agenda.list(u"List1"_qs)[1], u"08:30") << "free again";
-        EXPECT_EQ(ofTheDay(agenda) + texts(agenda), u"111"_qs + allEmpty);
-        agenda.doubleClickRow(u"List1"_qs, 2);
-        EXPECT_FALSE(agenda.visible(u"frmAgendamento"_qs)) << "a closed one cannot be opened";
+        agenda.click(u"Command9"_s);
+        EXPECT_EQ(agenda.list(u"List1"_s)[1], u"08:30") << "free again";
+        EXPECT_EQ(ofTheDay(agenda) + texts(agenda), u"111"_s + allEmpty);
+        agenda.doubleClickRow(u"List1"_s, 2);
+        EXPECT_FALSE(agenda.visible(u"frmAgendamento"_s)) << "a closed one cannot be opened";
     });
-    EXPECT_EQ(flat(u"select idlic,idagenda,status,evcad,evup from agenda_clinica order by 1,2"_qs),
-              (QStringList{u"B2|K1|0||Z"_qs, u"B2|K2|0||Z"_qs, u"C1|K1|1|X|"_qs + stamp, u"C1|K3|2|X|Y"_qs}));
+    EXPECT_EQ(flat(u"select idlic,idagenda,status,evcad,evup from agenda_clinica order by 1,2"_s),
+              (QStringList{u"B2|K1|0||Z"_s, u"B2|K2|0||Z"_s, u"C1|K1|1|X|"_s + stamp, u"C1|K3|2|X|Y"_s}));
 }
 
 TEST_F(Booking, WhereNothingCanBeBookedThePanelSaysSo)
 {
-    execute(u"delete from procedimentos"_qs);
+    execute(u"delete from procedimentos"_s);
     dialogs.expect(incomplete);
     on<frmCli_Agenda>([&](ScreenDriver& agenda) {
-        agenda.choose(u"cboPro"_qs, u"DAVI"_qs);
-        agenda.doubleClickRow(u"List1"_qs, 0);
-        EXPECT_TRUE(agenda.visible(u"frmAgendamento"_qs)) << "on a blocked day, too";
-        EXPECT_EQ(ofTheDay(agenda) + texts(agenda), u"111"_qs + allEmpty);
-        agenda.click(u"Command7"_qs);
-        agenda.click(u"Command8"_qs);
+        agenda.choose(u"cboPro"_s, u"DAVI"_s);
+        agenda.doubleClickRow(u"List1"_s, 0);
+        EXPECT_TRUE(agenda.visible(u"frmAgendamento"_s)) << "on a blocked day, too";
+        EXPECT_EQ(ofTheDay(agenda) + texts(agenda), u"111"_s + allEmpty);
+        agenda.click(u"Command7"_s);
+        agenda.click(u"Command8"_s);
     });
-    EXPECT_EQ(flat(u"select idagenda from agenda_clinica"_qs), QStringList());
+    EXPECT_EQ(flat(u"select idagenda from agenda_clinica"_s), QStringList());
 }

@@ -4,11 +4,13 @@
 
 #include <QLineEdit>
 
+using namespace Qt::StringLiterals;
+
 using namespace Variaveis;
 
 namespace {
 
-const QString attention = u"ATENÇÃO"_qs;
+const QString attention = u"ATENÇÃO"_s;
 
 /// MARIA closes K1, JOÃO's at 08:30 with ANA.
 class Closing : public AgendaTest
@@ -16,53 +18,53 @@ class Closing : public AgendaTest
 protected:
     Closing()
     {
-        book(u"K1"_qs, 11, 21, u"JOÃO"_qs, u"2026-03-16"_qs, u"08:30"_qs, u"1"_qs);
-        book(u"K2"_qs, 11, 21, u"JOÃO"_qs, u"2026-03-16"_qs, u"09:00"_qs);
-        bookElsewhere(u"K1"_qs);
+        book(u"K1"_s, 11, 21, u"JOÃO"_s, u"2026-03-16"_s, u"08:30"_s, u"1"_s);
+        book(u"K2"_s, 11, 21, u"JOÃO"_s, u"2026-03-16"_s, u"09:00"_s);
+        bookElsewhere(u"K1"_s);
     }
 
     /// The appointment with this price stands in the boxes; the steps must leave the screen.
     void close(const QString& price, std::function<void(ScreenDriver&)> steps)
     {
-        RetornoFechamento = u"N"_qs;
-        Form::of<frmCli_AgendaCF>().recebe({.idPac = u"21"_qs,
-                                            .nmPac = u"JOÃO"_qs,
-                                            .idAgenda = u"K1"_qs,
-                                            .profissional = u"DRA. ANA|NIA |11|250|3|2"_qs,
-                                            .data = u"16/03/2026"_qs,
-                                            .hora = u"08:30"_qs,
-                                            .procedimento = u"CONSULTA"_qs.leftJustified(45) + u"|31"_qs,
+        RetornoFechamento = u"N"_s;
+        Form::of<frmCli_AgendaCF>().recebe({.idPac = u"21"_s,
+                                            .nmPac = u"JOÃO"_s,
+                                            .idAgenda = u"K1"_s,
+                                            .profissional = u"DRA. ANA|NIA |11|250|3|2"_s,
+                                            .data = u"16/03/2026"_s,
+                                            .hora = u"08:30"_s,
+                                            .procedimento = u"CONSULTA"_s.leftJustified(45) + u"|31"_s,
                                             .valor = price,
-                                            .idConv = u"5"_qs,
-                                            .nmConv = u"SAÚDE TOTAL"_qs});
+                                            .idConv = u"5"_s,
+                                            .nmConv = u"SAÚDE TOTAL"_s});
         open<frmCli_AgendaCF>(std::move(steps));
     }
 
     static void add(ScreenDriver& screen, const QString& procedure, const QString& quantity,
                     const QString& price)
     {
-        screen.type(u"txtIdProc"_qs, procedure);
-        screen.type(u"txtQt"_qs, quantity);
-        screen.type(u"txtVR"_qs, price);
-        screen.click(u"Command2"_qs);
+        screen.type(u"txtIdProc"_s, procedure);
+        screen.type(u"txtQt"_s, quantity);
+        screen.type(u"txtVR"_s, price);
+        screen.click(u"Command2"_s);
     }
 
     void confirm(ScreenDriver& screen, bool yes = true)
     {
-        dialogs.expectQuestion(u"Confirma?"_qs, yes);
-        screen.click(u"Command1"_qs);
+        dialogs.expectQuestion(u"Confirma?"_s, yes);
+        screen.click(u"Command1"_s);
     }
 
     static QString missing(const ScreenDriver& screen)
     {
-        return screen.list(u"List3"_qs).value(2).section(u": "_qs, 1);
+        return screen.list(u"List3"_s).value(2).section(u": "_s, 1);
     }
 
     /// The rows of procedures and payments, and the states of the three appointments.
     static QString written()
     {
         return flat(u"select (select count(*) from atendimentos),(select count(*) from atendimento_finan),"
-                    "group_concat(status order by idlic,idagenda) from agenda_clinica"_qs)
+                    "group_concat(status order by idlic,idagenda) from agenda_clinica"_s)
             .first();
     }
 };
@@ -71,20 +73,20 @@ protected:
 
 TEST_F(Closing, ProceduresAndPaymentsAreWrittenAndTheAppointmentIsClosed)
 {
-    close(u"R$ 1.250,00"_qs, [this](ScreenDriver& screen) {
-        EXPECT_EQ(screen.text(u"lPac"_qs), u"21 | JOÃO");
-        EXPECT_EQ(screen.text(u"lProf"_qs), u"DRA. ANA|NIA |11|250|3|2");
-        EXPECT_EQ(screen.text(u"txtQt"_qs), u"1");
-        EXPECT_EQ(screen.list(u"List1"_qs), QStringList()) << "ready in the boxes, not yet charged";
-        EXPECT_FALSE(screen.enabled(u"Command1"_qs));
-        screen.click(u"Command2"_qs);
-        EXPECT_EQ(shown(screen, u"txtIdProc txtNmProc txtQt txtVR"_qs), u"|||");
+    close(u"R$ 1.250,00"_s, [this](ScreenDriver& screen) {
+        EXPECT_EQ(screen.text(u"lPac"_s), u"21 | JOÃO");
+        EXPECT_EQ(screen.text(u"lProf"_s), u"DRA. ANA|NIA |11|250|3|2");
+        EXPECT_EQ(screen.text(u"txtQt"_s), u"1");
+        EXPECT_EQ(screen.list(u"List1"_s), QStringList()) << "ready in the boxes, not yet charged";
+        EXPECT_FALSE(screen.enabled(u"Command1"_s));
+        screen.click(u"Command2"_s);
+        EXPECT_EQ(shown(screen, u"txtIdProc txtNmProc txtQt txtVR"_s), u"|||");
         EXPECT_EQ(screen.focused(), u"txtIdProc");
-        EXPECT_EQ(screen.text(u"txtNmConv"_qs), u"SAÚDE TOTAL") << "the plan stays for the next one";
+        EXPECT_EQ(screen.text(u"txtNmConv"_s), u"SAÚDE TOTAL") << "the plan stays for the next one";
 
         // The second one by the keyboard alone.
-        screen.typeOn(u"32"_qs);
-        for (const QString& next : {u"1,5"_qs, u"80,1"_qs, u"6,9"_qs, u""_qs}) {
+        screen.typeOn(u"32"_s);
+        for (const QString& next : {u"1,5"_s, u"80,1"_s, u"6,9"_s, u""_s}) {
             screen.press(Qt::Key_Return);
             if (screen.focused() == u"txtIdConv")
                 screen.press(Qt::Key_A, Qt::ControlModifier);
@@ -92,100 +94,100 @@ TEST_F(Closing, ProceduresAndPaymentsAreWrittenAndTheAppointmentIsClosed)
         }
         EXPECT_EQ(screen.focused(), u"Command2");
         screen.press(Qt::Key_Return);
-        EXPECT_EQ(screen.list(u"List1"_qs),
+        EXPECT_EQ(screen.list(u"List1"_s),
                   (QStringList{u"CONSULTA                                     |     1|    R$ 1.250,00|"
-                               "SAÚDE TOTAL              |5         |31        "_qs,
+                               "SAÚDE TOTAL              |5         |31        "_s,
                                u"RETORNO                                      |   1,5|       R$ 80,10|"
-                               "PARTICULAR               |6         |32        "_qs}));
-        pay(screen, u"DINHEIRO"_qs, u"1.000"_qs, u"  troco dado "_qs);
-        pay(screen, u"CREDITO CARTAO"_qs, u"370,15"_qs);
-        EXPECT_EQ(screen.list(u"List2"_qs),
-                  (QStringList{u"DINHEIRO            |    R$ 1.000,00|  TROCO DADO "_qs,
-                               u"CREDITO CARTAO      |      R$ 370,15|"_qs}));
-        EXPECT_EQ(screen.list(u"List3"_qs),
-                  (QStringList{u"Total a Pagar.: R$ 1.370,15"_qs, u"Total Pago....: R$ 1.370,15"_qs,
-                               u"Falta.........: R$ 0,00"_qs}));
+                               "PARTICULAR               |6         |32        "_s}));
+        pay(screen, u"DINHEIRO"_s, u"1.000"_s, u"  troco dado "_s);
+        pay(screen, u"CREDITO CARTAO"_s, u"370,15"_s);
+        EXPECT_EQ(screen.list(u"List2"_s),
+                  (QStringList{u"DINHEIRO            |    R$ 1.000,00|  TROCO DADO "_s,
+                               u"CREDITO CARTAO      |      R$ 370,15|"_s}));
+        EXPECT_EQ(screen.list(u"List3"_s),
+                  (QStringList{u"Total a Pagar.: R$ 1.370,15"_s, u"Total Pago....: R$ 1.370,15"_s,
+                               u"Falta.........: R$ 0,00"_s}));
         confirm(screen);
         EXPECT_FALSE(screen.isOpen());
     });
     EXPECT_EQ(RetornoFechamento, u"S");
     EXPECT_EQ(flat(u"select idlan,idlic,ondeatd,idprof,idproc,dt,hr,qtde,valor,cf,idatendimento,idconv,evcad,"
-                   "idpac from atendimentos order by idreg"_qs),
+                   "idpac from atendimentos order by idreg"_s),
               (QStringList{u"C101603260830213111|C1|0|11|31|2026-03-16|0830|1.0000|1250.0000|N|"
-                           "02116032026083015|5|MARIA 16/03/2026 08:30:15|21"_qs,
+                           "02116032026083015|5|MARIA 16/03/2026 08:30:15|21"_s,
                            u"C101603260830213211|C1|0|11|32|2026-03-16|0830|1.5000|80.1000|N|"
-                           "02116032026083015|6|MARIA 16/03/2026 08:30:15|21"_qs}));
-    EXPECT_EQ(flat(u"select idlic,idatend,mp,obs,valor,cf,evcad from atendimento_finan order by idreg"_qs),
-              (QStringList{u"C1|02116032026083015|DINHEIRO|TROCO DADO|1000.0000|N|"_qs + stamp,
-                           u"C1|02116032026083015|CREDITO CARTAO||370.1500|N|"_qs + stamp}));
-    EXPECT_EQ(flat(u"select idlic,idagenda,status,evup from agenda_clinica order by idlic,idagenda"_qs),
-              (QStringList{u"B2|K1|0|Z"_qs, u"C1|K1|2|Y"_qs, u"C1|K2|0|Y"_qs}))
+                           "02116032026083015|6|MARIA 16/03/2026 08:30:15|21"_s}));
+    EXPECT_EQ(flat(u"select idlic,idatend,mp,obs,valor,cf,evcad from atendimento_finan order by idreg"_s),
+              (QStringList{u"C1|02116032026083015|DINHEIRO|TROCO DADO|1000.0000|N|"_s + stamp,
+                           u"C1|02116032026083015|CREDITO CARTAO||370.1500|N|"_s + stamp}));
+    EXPECT_EQ(flat(u"select idlic,idagenda,status,evup from agenda_clinica order by idlic,idagenda"_s),
+              (QStringList{u"B2|K1|0|Z"_s, u"C1|K1|2|Y"_s, u"C1|K2|0|Y"_s}))
         << "this appointment and no other";
 }
 
 /// The sums are those that are shown: neither binary fractions nor parts of a cent stand in the way.
 TEST_F(Closing, ToTheCent)
 {
-    close(u"0,1"_qs, [this](ScreenDriver& screen) {
-        screen.click(u"Command2"_qs);
-        add(screen, u"32"_qs, u"1"_qs, u"0,2"_qs);
-        pay(screen, u"PIX"_qs, u"0,3"_qs);
+    close(u"0,1"_s, [this](ScreenDriver& screen) {
+        screen.click(u"Command2"_s);
+        add(screen, u"32"_s, u"1"_s, u"0,2"_s);
+        pay(screen, u"PIX"_s, u"0,3"_s);
         EXPECT_EQ(missing(screen), u"R$ 0,00");
-        add(screen, u"32"_qs, u"0,3334"_qs, u"10"_qs);
-        pay(screen, u"PIX"_qs, u"3,33"_qs); // the same kind again
+        add(screen, u"32"_s, u"0,3334"_s, u"10"_s);
+        pay(screen, u"PIX"_s, u"3,33"_s); // the same kind again
         EXPECT_EQ(missing(screen), u"R$ 0,00");
-        add(screen, u"32"_qs, u"1.000"_qs, u"10,005"_qs);
+        add(screen, u"32"_s, u"1.000"_s, u"10,005"_s);
         EXPECT_EQ(missing(screen), u"R$ 10.010,00") << "a thousand of 10,01";
-        pay(screen, u"CHEQUE"_qs, u"R$ 10.009,99"_qs);
+        pay(screen, u"CHEQUE"_s, u"R$ 10.009,99"_s);
         EXPECT_EQ(missing(screen), u"R$ 0,01");
         confirm(screen, false);
         EXPECT_TRUE(screen.isOpen()) << "the question comes first, and No ends it";
-        dialogs.expectQuestion(u"Confirma?"_qs, true);
-        dialogs.expect(u"--- ERRO --- VALOR TOTAL RECEBIDO INFERIOR AO TOTAL A PAGAR!"_qs, attention);
-        screen.click(u"Command1"_qs);
+        dialogs.expectQuestion(u"Confirma?"_s, true);
+        dialogs.expect(u"--- ERRO --- VALOR TOTAL RECEBIDO INFERIOR AO TOTAL A PAGAR!"_s, attention);
+        screen.click(u"Command1"_s);
         EXPECT_EQ(written(), u"0|0|0,1,0");
-        pay(screen, u"CONVENIO"_qs, u"50"_qs);
+        pay(screen, u"CONVENIO"_s, u"50"_s);
         EXPECT_EQ(missing(screen), u"-R$ 49,99");
         confirm(screen);
     });
-    EXPECT_EQ(flat(u"select qtde,valor from atendimentos order by idreg"_qs),
-              (QStringList{u"1.0000|0.1000"_qs, u"1.0000|0.2000"_qs, u"0.3334|10.0000"_qs,
-                           u"1000.0000|10.0100"_qs}));
-    EXPECT_EQ(value(u"select count(distinct idlan) from atendimentos"_qs), u"2")
+    EXPECT_EQ(
+        flat(u"select qtde,valor from atendimentos order by idreg"_s),
+        (QStringList{u"1.0000|0.1000"_s, u"1.0000|0.2000"_s, u"0.3334|10.0000"_s, u"1000.0000|10.0100"_s}));
+    EXPECT_EQ(value(u"select count(distinct idlan) from atendimentos"_s), u"2")
         << "one procedure, one key, however often it is charged";
 }
 
 TEST_F(Closing, AProcedureIsRefused)
 {
-    const QString invalid = u"--- ERRO --- DADOS INVÁLIDOS!"_qs;
-    const QString negative = u"--- ERRO --- VALOR NÃO PODE SER MENOR QUE ZERO!"_qs;
-    const QString none = u"--- ERRO --- QTDE NÃO PODE SER MENOR E/OU IGUAL A ZERO!"_qs;
+    const QString invalid = u"--- ERRO --- DADOS INVÁLIDOS!"_s;
+    const QString negative = u"--- ERRO --- VALOR NÃO PODE SER MENOR QUE ZERO!"_s;
+    const QString none = u"--- ERRO --- QTDE NÃO PODE SER MENOR E/OU IGUAL A ZERO!"_s;
     // Procedure, plan, quantity, price.
     const QList<QPair<QString, QString>> attempts = {
-        {u"99|5|1|1"_qs, invalid}, {u"33|5|1|1"_qs, invalid},   {u"34|5|1|1"_qs, invalid},
-        {u"31|7|1|1"_qs, invalid}, {u"31||1|1"_qs, invalid},    {u"31|5|x|-1"_qs, invalid},
-        {u"31|5|0|"_qs, invalid},  {u"31|5|0|-1"_qs, negative}, {u"31|5|0|0"_qs, none},
-        {u"31|5|-1|1"_qs, none},
+        {u"99|5|1|1"_s, invalid}, {u"33|5|1|1"_s, invalid},   {u"34|5|1|1"_s, invalid},
+        {u"31|7|1|1"_s, invalid}, {u"31||1|1"_s, invalid},    {u"31|5|x|-1"_s, invalid},
+        {u"31|5|0|"_s, invalid},  {u"31|5|0|-1"_s, negative}, {u"31|5|0|0"_s, none},
+        {u"31|5|-1|1"_s, none},
     };
-    close(u"1"_qs, [&](ScreenDriver& screen) {
+    close(u"1"_s, [&](ScreenDriver& screen) {
         for (const auto& [cells, refusal] : attempts) {
             SCOPED_TRACE(cells.toStdString());
             const QStringList cell = cells.split(u'|');
             dialogs.expect(refusal, attention);
-            screen.type(u"txtIdConv"_qs, cell[1]);
+            screen.type(u"txtIdConv"_s, cell[1]);
             add(screen, cell[0], cell[2], cell[3]);
             dialogs.verify();
-            EXPECT_EQ(screen.list(u"List1"_qs), QStringList());
+            EXPECT_EQ(screen.list(u"List1"_s), QStringList());
         }
-        EXPECT_EQ(screen.text(u"txtQt"_qs), u"-1") << "what was typed stays";
-        EXPECT_FALSE(screen.enabled(u"Command1"_qs));
+        EXPECT_EQ(screen.text(u"txtQt"_s), u"-1") << "what was typed stays";
+        EXPECT_FALSE(screen.enabled(u"Command1"_s));
         screen.press(Qt::Key_Escape);
     });
 }
 
 TEST_F(Closing, WhileAPaymentIsTakenTheTotalsCannotChange)
 {
-    const QStringList locked = u"cboMP Command1 Command2 List1 List2 txtIdProc txtIdConv"_qs.split(u' ');
+    const QStringList locked = u"cboMP Command1 Command2 List1 List2 txtIdProc txtIdConv"_s.split(u' ');
     const auto able = [&locked](const ScreenDriver& screen) {
         QStringList names;
         for (const QString& control : locked)
@@ -193,42 +195,42 @@ TEST_F(Closing, WhileAPaymentIsTakenTheTotalsCannotChange)
                 names << control;
         return names;
     };
-    close(u"10"_qs, [&](ScreenDriver& screen) {
-        screen.click(u"Command2"_qs);
-        screen.choose(u"cboMP"_qs, u"DÉBITO CARTAO"_qs);
-        EXPECT_TRUE(screen.visible(u"frmMPP"_qs));
-        EXPECT_EQ(screen.text(u"lMP"_qs), u"DÉBITO CARTAO");
+    close(u"10"_s, [&](ScreenDriver& screen) {
+        screen.click(u"Command2"_s);
+        screen.choose(u"cboMP"_s, u"DÉBITO CARTAO"_s);
+        EXPECT_TRUE(screen.visible(u"frmMPP"_s));
+        EXPECT_EQ(screen.text(u"lMP"_s), u"DÉBITO CARTAO");
         EXPECT_EQ(screen.focused(), u"txtVrMp");
         EXPECT_EQ(able(screen), QStringList());
         screen.press(Qt::Key_F2); // would open a search
         screen.press(Qt::Key_F3);
-        for (const QString& value : {u""_qs, u"dez"_qs, u"0"_qs, u"-1"_qs}) {
-            screen.type(u"txtVrMp"_qs, value);
-            dialogs.expect(u"--- ERRO --- VALOR INVÁLIDO!"_qs, attention);
-            screen.click(u"Command16"_qs);
+        for (const QString& value : {u""_s, u"dez"_s, u"0"_s, u"-1"_s}) {
+            screen.type(u"txtVrMp"_s, value);
+            dialogs.expect(u"--- ERRO --- VALOR INVÁLIDO!"_s, attention);
+            screen.click(u"Command16"_s);
         }
-        screen.type(u"txtVrMp"_qs, u"4"_qs);
-        screen.type(u"txtobs"_qs, u"x"_qs);
-        screen.click(u"Command17"_qs);
+        screen.type(u"txtVrMp"_s, u"4"_s);
+        screen.type(u"txtobs"_s, u"x"_s);
+        screen.click(u"Command17"_s);
         EXPECT_EQ(able(screen), locked);
-        EXPECT_EQ(screen.list(u"List2"_qs).size(), 0) << "left without saving";
+        EXPECT_EQ(screen.list(u"List2"_s).size(), 0) << "left without saving";
 
         // By the keyboard: the value, the remark, the button.
-        screen.choose(u"cboMP"_qs, u"CHEQUE"_qs);
-        EXPECT_EQ(screen.text(u"txtVrMp"_qs) + screen.text(u"txtobs"_qs), u"") << "fresh boxes";
-        screen.typeOn(u"4"_qs);
+        screen.choose(u"cboMP"_s, u"CHEQUE"_s);
+        EXPECT_EQ(screen.text(u"txtVrMp"_s) + screen.text(u"txtobs"_s), u"") << "fresh boxes";
+        screen.typeOn(u"4"_s);
         for (int i = 0; i < 3; ++i)
             screen.press(Qt::Key_Return);
-        EXPECT_EQ(screen.list(u"List2"_qs).value(0).left(8), u"CHEQUE  ");
+        EXPECT_EQ(screen.list(u"List2"_s).value(0).left(8), u"CHEQUE  ");
         EXPECT_EQ(missing(screen), u"R$ 6,00");
 
         // Esc leaves the screen, not the payment alone, and nothing is written.
-        screen.choose(u"cboMP"_qs, u"PIX"_qs);
+        screen.choose(u"cboMP"_s, u"PIX"_s);
         screen.press(Qt::Key_Escape);
     });
     EXPECT_EQ(written() + RetornoFechamento, u"0|0|0,1,0N");
-    close(u"20"_qs, [](ScreenDriver& screen) {
-        for (const QString& list : {u"List1"_qs, u"List2"_qs, u"List3"_qs})
+    close(u"20"_s, [](ScreenDriver& screen) {
+        for (const QString& list : {u"List1"_s, u"List2"_s, u"List3"_s})
             EXPECT_EQ(screen.list(list), QStringList()) << list.toStdString();
         screen.press(Qt::Key_Escape);
     });
@@ -237,45 +239,45 @@ TEST_F(Closing, WhileAPaymentIsTakenTheTotalsCannotChange)
 TEST_F(Closing, ADoubleClickTakesALineBack)
 {
     const auto take = [this](ScreenDriver& screen, const QString& list, int line, bool yes) {
-        dialogs.expectQuestion(u"Estorna?"_qs, yes);
+        dialogs.expectQuestion(u"Estorna?"_s, yes);
         screen.doubleClickRow(list, line);
         return missing(screen);
     };
-    close(u"10"_qs, [&](ScreenDriver& screen) {
-        screen.click(u"Command2"_qs);
-        add(screen, u"32"_qs, u"2"_qs, u"3"_qs);
-        pay(screen, u"PIX"_qs, u"1"_qs);
-        pay(screen, u"DINHEIRO"_qs, u"5"_qs);
-        EXPECT_EQ(take(screen, u"List1"_qs, 0, false), u"R$ 10,00");
-        EXPECT_EQ(take(screen, u"List1"_qs, 0, true), u"R$ 0,00");
-        EXPECT_EQ(take(screen, u"List2"_qs, 1, true), u"R$ 5,00");
-        EXPECT_EQ(take(screen, u"List1"_qs, 0, true), u"-R$ 1,00");
-        EXPECT_FALSE(screen.enabled(u"Command1"_qs)) << "nothing is charged any more";
-        add(screen, u"32"_qs, u"1"_qs, u"1"_qs);
+    close(u"10"_s, [&](ScreenDriver& screen) {
+        screen.click(u"Command2"_s);
+        add(screen, u"32"_s, u"2"_s, u"3"_s);
+        pay(screen, u"PIX"_s, u"1"_s);
+        pay(screen, u"DINHEIRO"_s, u"5"_s);
+        EXPECT_EQ(take(screen, u"List1"_s, 0, false), u"R$ 10,00");
+        EXPECT_EQ(take(screen, u"List1"_s, 0, true), u"R$ 0,00");
+        EXPECT_EQ(take(screen, u"List2"_s, 1, true), u"R$ 5,00");
+        EXPECT_EQ(take(screen, u"List1"_s, 0, true), u"-R$ 1,00");
+        EXPECT_FALSE(screen.enabled(u"Command1"_s)) << "nothing is charged any more";
+        add(screen, u"32"_s, u"1"_s, u"1"_s);
         confirm(screen);
     });
-    EXPECT_EQ(flat(u"select idproc,qtde,mp from atendimentos,atendimento_finan"_qs),
-              QStringList{u"32|1.0000|PIX"_qs})
+    EXPECT_EQ(flat(u"select idproc,qtde,mp from atendimentos,atendimento_finan"_s),
+              QStringList{u"32|1.0000|PIX"_s})
         << "what was taken back is not written";
 }
 
 TEST_F(Closing, CodesAreSearchedAndFetchTheirNames)
 {
-    close(u"10"_qs, [this](ScreenDriver& screen) {
-        screen.typeOn(u"9"_qs);
-        EXPECT_EQ(screen.text(u"txtNmProc"_qs), u"") << "another code, no name yet";
+    close(u"10"_s, [this](ScreenDriver& screen) {
+        screen.typeOn(u"9"_s);
+        EXPECT_EQ(screen.text(u"txtNmProc"_s), u"") << "another code, no name yet";
         screen.press(Qt::Key_Return);
-        EXPECT_EQ(screen.text(u"txtNmProc"_qs), u"") << "319 is no procedure";
-        enter(screen, u"txtIdProc"_qs, u"32"_qs);
-        EXPECT_EQ(screen.text(u"txtNmProc"_qs), u"RETORNO");
-        EXPECT_EQ(static_cast<QLineEdit*>(screen.find(u"txtQt"_qs))->selectedText(), u"1");
-        search(screen, Qt::Key_F2, u"frmBuscaProcedimentos"_qs);
-        EXPECT_EQ(screen.text(u"txtIdProc"_qs) + screen.text(u"txtNmProc"_qs), u"31CONSULTA");
-        answer(u"frmBuscaProcedimentos"_qs, {Qt::Key_Escape});
+        EXPECT_EQ(screen.text(u"txtNmProc"_s), u"") << "319 is no procedure";
+        enter(screen, u"txtIdProc"_s, u"32"_s);
+        EXPECT_EQ(screen.text(u"txtNmProc"_s), u"RETORNO");
+        EXPECT_EQ(static_cast<QLineEdit*>(screen.find(u"txtQt"_s))->selectedText(), u"1");
+        search(screen, Qt::Key_F2, u"frmBuscaProcedimentos"_s);
+        EXPECT_EQ(screen.text(u"txtIdProc"_s) + screen.text(u"txtNmProc"_s), u"31CONSULTA");
+        answer(u"frmBuscaProcedimentos"_s, {Qt::Key_Escape});
         screen.press(Qt::Key_F2);
-        EXPECT_EQ(screen.text(u"txtNmProc"_qs), u"CONSULTA") << "given up";
-        search(screen, Qt::Key_F3, u"frmBuscaConvenios"_qs);
-        EXPECT_EQ(screen.text(u"txtIdConv"_qs) + screen.text(u"txtNmConv"_qs), u"6PARTICULAR");
+        EXPECT_EQ(screen.text(u"txtNmProc"_s), u"CONSULTA") << "given up";
+        search(screen, Qt::Key_F3, u"frmBuscaConvenios"_s);
+        EXPECT_EQ(screen.text(u"txtIdConv"_s) + screen.text(u"txtNmConv"_s), u"6PARTICULAR");
         screen.press(Qt::Key_Escape);
     });
 }
@@ -284,10 +286,10 @@ TEST_F(Closing, CodesAreSearchedAndFetchTheirNames)
 TEST_F(Closing, AFailureInTheMiddleKeepsWhatWasWritten)
 {
     const CaughtErrors errors;
-    close(u"10"_qs, [this](ScreenDriver& screen) {
-        screen.click(u"Command2"_qs);
-        pay(screen, u"PIX"_qs, u"5"_qs);
-        pay(screen, u"DINHEIRO"_qs, u"5"_qs, u"d'agua"_qs);
+    close(u"10"_s, [this](ScreenDriver& screen) {
+        screen.click(u"Command2"_s);
+        pay(screen, u"PIX"_s, u"5"_s);
+        pay(screen, u"DINHEIRO"_s, u"5"_s, u"d'agua"_s);
         confirm(screen);
         screen.press(Qt::Key_Escape);
     });

@@ -13,6 +13,8 @@
 #include <cstdio>
 #include <random>
 
+using namespace Qt::StringLiterals;
+
 /// One workstation of many, for stations_test: books, notifies and cancels in the real agenda for a while.
 ///   agenda_station CONNECTION USER SECONDS SEED
 /// Every appointment carries a remark of its own. What the program acknowledged is written down, a line
@@ -53,16 +55,16 @@ public:
         QElapsedTimer time;
         time.start();
         while (time.elapsed() < seconds * 1000) {
-            agenda.choose(u"cboPro"_qs, pick(2) ? u"ANA"_qs : u"CARLA"_qs);
-            const QStringList lines = agenda.list(u"List1"_qs);
+            agenda.choose(u"cboPro"_s, pick(2) ? u"ANA"_s : u"CARLA"_s);
+            const QStringList lines = agenda.list(u"List1"_s);
             const int line = pick(int(lines.size()));
-            agenda.doubleClickRow(u"List1"_qs, line);
+            agenda.doubleClickRow(u"List1"_s, line);
             if (!lines[line].contains(u'|'))
                 book(agenda);
-            else if (agenda.enabled(u"Command9"_qs))
+            else if (agenda.enabled(u"Command9"_s))
                 change(agenda);
             else
-                agenda.click(u"Command8"_qs); // somebody else has cancelled it meanwhile
+                agenda.click(u"Command8"_s); // somebody else has cancelled it meanwhile
         }
     }
 
@@ -72,24 +74,24 @@ private:
     void book(ScreenDriver& agenda)
     {
         const QString remark = Variaveis::Usuario + u'-' + QString::number(++count_);
-        agenda.type(u"txtIdPac"_qs, QString::number(1 + pick(30)));
-        agenda.type(u"txtObs"_qs, remark);
+        agenda.type(u"txtIdPac"_s, QString::number(1 + pick(30)));
+        agenda.type(u"txtObs"_s, remark);
         // Nobody types two appointments in one second, and the key counts on it.
         while (Clock::now().toSecsSinceEpoch() == second_)
             QThread::msleep(20);
-        agenda.click(u"Command7"_qs);
+        agenda.click(u"Command7"_s);
         second_ = Clock::now().toSecsSinceEpoch(); // behind the click: the key is made somewhere within it
         if (Agreeing::last == u"Agendado com sucesso!")
             return tell("booked", remark);
         tell("refused", Agreeing::last);
-        agenda.click(u"Command8"_qs);
+        agenda.click(u"Command8"_s);
     }
 
     void change(ScreenDriver& agenda)
     {
-        const QString remark = agenda.text(u"txtObs"_qs);
+        const QString remark = agenda.text(u"txtObs"_s);
         const bool cancels = pick(3) == 0;
-        agenda.click(cancels ? u"Command9"_qs : u"Command5"_qs);
+        agenda.click(cancels ? u"Command9"_s : u"Command5"_s);
         tell(cancels ? "cancelled" : "notified", remark);
     }
 
@@ -122,7 +124,7 @@ int main(int argc, char** argv)
         Application::end(3);
     });
     const QStringList arguments = Application::arguments();
-    Variaveis::idlic = u"C1"_qs;
+    Variaveis::idlic = u"C1"_s;
     Variaveis::StringConexao = arguments[1];
     Variaveis::Usuario = arguments[2];
     QMetaObject::invokeMethod(

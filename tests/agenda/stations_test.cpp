@@ -2,6 +2,8 @@
 
 #include <QProcess>
 
+using namespace Qt::StringLiterals;
+
 namespace {
 
 constexpr int stations = 10;
@@ -39,8 +41,8 @@ Acknowledged runStations(const QString& connection)
         processes.push_back(std::make_unique<QProcess>());
         processes.back()->setProcessChannelMode(QProcess::ForwardedErrorChannel);
         processes.back()->start(
-            QStringLiteral(STATION_PROGRAM),
-            {connection, u"CLERK%1"_qs.arg(i), QString::number(seconds), QString::number(i + 1)});
+            QString::fromUtf8(STATION_PROGRAM),
+            {connection, u"CLERK%1"_s.arg(i), QString::number(seconds), QString::number(i + 1)});
     }
     Acknowledged all;
     for (const auto& process : processes) {
@@ -61,15 +63,15 @@ TEST_F(AgendaTest, WhatTenStationsAreToldIsInTheTable)
 {
     QStringList times;
     for (int minute = 0; minute < 40; ++minute)
-        times << u"%1:%2"_qs.arg(8 + minute / 6, 2, 10, QChar(u'0')).arg(minute % 6 * 10, 2, 10, QChar(u'0'));
-    QString setUp = u"delete from diahr; delete from pacientes;"_qs;
+        times << u"%1:%2"_s.arg(8 + minute / 6, 2, 10, QChar(u'0')).arg(minute % 6 * 10, 2, 10, QChar(u'0'));
+    QString setUp = u"delete from diahr; delete from pacientes;"_s;
     for (int day = 1; day <= 7; ++day)
         for (int professional : {11, 13})
-            setUp += u"insert into diahr (idlic,idpro,dia,hr) values ('C1',%1,'%2','%3');"_qs.arg(
+            setUp += u"insert into diahr (idlic,idpro,dia,hr) values ('C1',%1,'%2','%3');"_s.arg(
                 QString::number(professional), QString::number(day), times.join(u'/'));
     for (int patient = 1; patient <= 30; ++patient)
         setUp +=
-            u"insert into pacientes (idpac,idlic,nmPac,fonecel,idconv) values (%1,'C1','P%1','9',5);"_qs.arg(
+            u"insert into pacientes (idpac,idlic,nmPac,fonecel,idconv) values (%1,'C1','P%1','9',5);"_s.arg(
                 patient);
     execute(setUp);
 
@@ -83,7 +85,7 @@ TEST_F(AgendaTest, WhatTenStationsAreToldIsInTheTable)
         if (!told.cancelled.contains(remark))
             expected << remark;
     expected.sort();
-    EXPECT_EQ(flat(u"select obs from agenda_clinica order by binary obs"_qs), expected);
-    for (const QStringList& row : rows(u"select obs,status from agenda_clinica"_qs))
+    EXPECT_EQ(flat(u"select obs from agenda_clinica order by binary obs"_s), expected);
+    for (const QStringList& row : rows(u"select obs,status from agenda_clinica"_s))
         EXPECT_EQ(row[1] == u"1", told.notified.contains(row[0])) << row[0].toStdString();
 }

@@ -3,9 +3,9 @@
 #include "app/core/instalacao.h"
 #include "app/core/menu.h"
 #include "app/core/rotirnas.h"
-#include "platform/system/error.h"
 #include "platform/system/files.h"
 #include "platform/values/codepage.h"
+#include "platform/values/error.h"
 #include "support/fixedclock.h"
 #include "support/print.h"
 #include "support/scripteddialogs.h"
@@ -13,6 +13,8 @@
 #include <QDir>
 #include <QTemporaryDir>
 #include <gtest/gtest.h>
+
+using namespace Qt::StringLiterals;
 
 namespace {
 
@@ -46,13 +48,13 @@ TEST(Cipher, KnownTexts)
     const struct
     {
         QString plain, cipher;
-    } rows[] = {{u""_qs, u""_qs},
-                {u"2"_qs, u"00"_qs},
-                {u"localhost"_qs, u"5E5853585D51574646"_qs},
-                {u"ção"_qs, u"D5D45F"_qs},
-                {u"€"_qs, u"B2"_qs},
+    } rows[] = {{u""_s, u""_s},
+                {u"2"_s, u"00"_s},
+                {u"localhost"_s, u"5E5853585D51574646"_s},
+                {u"ção"_s, u"D5D45F"_s},
+                {u"€"_s, u"B2"_s},
                 {u"2709198527091985456"
-                 "2"_qs,
+                 "2"_s,
                  QString(40, u'0')}};
     for (const auto& row : rows) {
         EXPECT_EQ(Criptografa::Cifrar(row.plain), row.cipher);
@@ -62,22 +64,22 @@ TEST(Cipher, KnownTexts)
     EXPECT_EQ(Criptografa::Decifrar(Criptografa::Cifrar(longText())), longText());
     // What is no hexadecimal reads as far as it goes:
     // 0x5 ^ '2', 0 ^ '7', 0xF ^ '0' (a lone digit at the end)
-    EXPECT_EQ(Criptografa::Decifrar(u"5xG1F"_qs), QString(QChar(0x5 ^ '2')) + QChar('7') + QChar(0xF ^ '0'));
+    EXPECT_EQ(Criptografa::Decifrar(u"5xG1F"_s), QString(QChar(0x5 ^ '2')) + QChar('7') + QChar(0xF ^ '0'));
 }
 
 TEST_F(Configuration, TheFileIsWrittenAsOthersReadIt)
 {
-    ArquivosINI::Grava({u"  srv "_qs, u"2"_qs, u""_qs, u"ab"_qs, u"7"_qs});
-    EXPECT_EQ(Files::read(folder.filePath(u"tremosilva.ini"_qs)),
+    ArquivosINI::Grava({u"  srv "_s, u"2"_s, u""_s, u"ab"_s, u"7"_s});
+    EXPECT_EQ(Files::read(folder.filePath(u"tremosilva.ini"_s)),
               "[CONFIG]\r\nconexao=414546\r\nsenha=00\r\nbanco=\r\nuserbco=5355\r\nidlic=05\r\n");
     const auto values = read();
     EXPECT_EQ(values.conexao, u"srv");
     EXPECT_EQ(values.banco, u"") << "an empty value is no absent key";
     EXPECT_EQ(values.idlic, u"7");
 
-    QFile::rename(folder.filePath(u"tremosilva.ini"_qs), folder.filePath(u"TREMOSILVA.INI"_qs));
+    QFile::rename(folder.filePath(u"tremosilva.ini"_s), folder.filePath(u"TREMOSILVA.INI"_s));
     EXPECT_EQ(read().senha, u"2") << "whatever the case of the file's name";
-    ArquivosINI::Grava({u"x"_qs, {}, {}, {}, {}});
+    ArquivosINI::Grava({u"x"_s, {}, {}, {}, {}});
     EXPECT_EQ(QDir(folder.path()).entryList(QDir::Files).size(), 1);
 }
 
@@ -86,7 +88,7 @@ TEST_F(Configuration, AnAbsentKeyGivesNonsenseAndALongValueIsCut)
     write("[CONFIG]\r\nconexao=5E\r\n");
     const auto values = read();
     EXPECT_EQ(values.conexao, u"l");
-    EXPECT_EQ(values.idlic, Criptografa::Decifrar(u"DefaultUser"_qs));
+    EXPECT_EQ(values.idlic, Criptografa::Decifrar(u"DefaultUser"_s));
     EXPECT_FALSE(values.idlic.isEmpty());
 
     const QString fits(127, u'x');
@@ -110,7 +112,7 @@ TEST(Routines, DateBoxes)
     const struct
     {
         QString typed, shown;
-    } rows[] = {{u"31122026"_qs, u"31/12/2026"_qs}, {u"3a1x1-2"_qs, u"31/12"_qs}, {u"12/3"_qs, u"12/3"_qs}};
+    } rows[] = {{u"31122026"_s, u"31/12/2026"_s}, {u"3a1x1-2"_s, u"31/12"_s}, {u"12/3"_s, u"12/3"_s}};
     for (const auto& row : rows) {
         QLineEdit box;
         for (const QChar c : row.typed) {
@@ -122,7 +124,7 @@ TEST(Routines, DateBoxes)
         EXPECT_EQ(box.text(), row.shown);
     }
     constexpr int Backspace = 8;
-    QLineEdit box(u"31/12"_qs);
+    QLineEdit box(u"31/12"_s);
     box.setCursorPosition(2);
     int key = '7';
     Rotirnas::MascaraData(key, box);
@@ -134,14 +136,14 @@ TEST(Routines, DateBoxes)
 
 TEST(Routines, Age)
 {
-    for (const auto& [today, age] : {std::pair(QDate(2025, 2, 28), u"32"_qs),
-                                     {QDate(2026, 2, 28), u"33"_qs},
-                                     {QDate(2026, 3, 1), u"34"_qs},
-                                     {QDate(2028, 2, 29), u"36"_qs}}) {
+    for (const auto& [today, age] : {std::pair(QDate(2025, 2, 28), u"32"_s),
+                                     {QDate(2026, 2, 28), u"33"_s},
+                                     {QDate(2026, 3, 1), u"34"_s},
+                                     {QDate(2028, 2, 29), u"36"_s}}) {
         const FixedClock clock(today.startOfDay());
-        EXPECT_EQ(Rotirnas::CalculaIdade(u"29/02/1992"_qs), age) << today.toString().toStdString();
+        EXPECT_EQ(Rotirnas::CalculaIdade(u"29/02/1992"_s), age) << today.toString().toStdString();
     }
-    EXPECT_EQ(Rotirnas::CalculaIdade(u"Não Informado"_qs), u"");
+    EXPECT_EQ(Rotirnas::CalculaIdade(u"Não Informado"_s), u"");
 }
 
 TEST(MainMenu, IsTheOneThatUsersKnow)
@@ -150,7 +152,7 @@ TEST(MainMenu, IsTheOneThatUsersKnow)
     QStringList lines;
     for (const Menu::Entry& entry : Menu::principal().entries())
         lines << QString(entry.level, u'.') + entry.name + u'=' + entry.caption +
-                     (entry.isHead ? u">"_qs : u""_qs);
+                     (entry.isHead ? u">"_s : u""_s);
     EXPECT_EQ(
         lines.join(u' '),
         u"mnuCad=Cadastros> .cadConv=Convênios .cadEsp=Especialidades .cadFer=Feriados .cadfor=Fornecedores "
@@ -168,10 +170,10 @@ TEST(MainMenu, IsTheOneThatUsersKnow)
 TEST(MainMenu, EntriesAreFoundAndRun)
 {
     Menu& menu = Menu::principal();
-    EXPECT_THROW(menu.enabled(u"cadconv"_qs), RuntimeError) << "names are asked for to the letter";
+    EXPECT_THROW(menu.enabled(u"cadconv"_s), RuntimeError) << "names are asked for to the letter";
     ScriptedDialogs dialogs;
-    dialogs.expect(u"\"Histórico de Compra de Insumos\" ainda não está disponível nesta versão."_qs);
-    menu.run(u"hstcmpins"_qs);
+    dialogs.expect(u"\"Histórico de Compra de Insumos\" ainda não está disponível nesta versão."_s);
+    menu.run(u"hstcmpins"_s);
 }
 
 TEST(Installation, ValuesAreOverridable)

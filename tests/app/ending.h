@@ -17,7 +17,7 @@ protected:
     Outcome run(const QString& scenario, const QStringList& answers = {})
     {
         QProcess process;
-        process.start(QStringLiteral(SCENARIO_PROGRAM), QStringList{folder.path(), scenario} + answers);
+        process.start(QString::fromUtf8(SCENARIO_PROGRAM), QStringList{folder.path(), scenario} + answers);
         process.waitForFinished(30000);
         const QString lines = QString::fromUtf8(process.readAllStandardOutput());
         return {process.exitStatus() == QProcess::NormalExit ? process.exitCode() : -1,

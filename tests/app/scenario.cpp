@@ -12,6 +12,8 @@
 
 #include <cstdio>
 
+using namespace Qt::StringLiterals;
+
 /// The program under a driver, for what ends it: shell_test starts it, and looks at its exit status and at
 /// the boxes that it wrote down.
 ///   shell_scenario FOLDER SCENARIO [sim|nao ...]
@@ -28,7 +30,7 @@ public:
     Answer message(const MessageBox& box) override
     {
         std::printf("%s|%s%s\n", qPrintable(box.title),
-                    qPrintable(QString(box.text).replace(u'\n', u"\\n"_qs)),
+                    qPrintable(QString(box.text).replace(u'\n', u"\\n"_s)),
                     box.icon == Icon::Critical ? "|critical" : "");
         if (box.buttons == Buttons::Ok)
             return Answer::Ok;
@@ -46,49 +48,49 @@ void play(const QString& scenario, ModalDriver& modal)
     auto& principal = Form::of<frmPrincipal>();
     const auto escape = [](ScreenDriver& screen) { screen.press(Qt::Key_Escape); };
     if (scenario == u"close-login")
-        modal.expect(u"frmtelainicial"_qs, escape);
+        modal.expect(u"frmtelainicial"_s, escape);
     else if (scenario == u"configure")
-        modal.expect(u"frmconfig"_qs, [](ScreenDriver& screen) {
-            screen.type(u"txtString"_qs, u"Servidor"_qs);
-            screen.type(u"txtIdLic"_qs, u"c1"_qs);
-            screen.click(u"Command2"_qs);
+        modal.expect(u"frmconfig"_s, [](ScreenDriver& screen) {
+            screen.type(u"txtString"_s, u"Servidor"_s);
+            screen.type(u"txtIdLic"_s, u"c1"_s);
+            screen.click(u"Command2"_s);
         });
     else if (scenario == u"first-user")
-        modal.expect(u"frmcadusuario"_qs, [escape](ScreenDriver& screen) {
-            screen.type(u"Combo1"_qs, u"ana"_qs);
-            screen.type(u"txtsenha"_qs, u"x"_qs);
-            screen.type(u"txtoksenha"_qs, u"x"_qs);
-            screen.click(u"Command2"_qs);
-            screen.click(u"Command1"_qs);
+        modal.expect(u"frmcadusuario"_s, [escape](ScreenDriver& screen) {
+            screen.type(u"Combo1"_s, u"ana"_s);
+            screen.type(u"txtsenha"_s, u"x"_s);
+            screen.type(u"txtoksenha"_s, u"x"_s);
+            screen.click(u"Command2"_s);
+            screen.click(u"Command1"_s);
             escape(screen);
         });
     else
-        modal.expect(u"frmtelainicial"_qs, [&](ScreenDriver& screen) {
+        modal.expect(u"frmtelainicial"_s, [&](ScreenDriver& screen) {
             const bool quote = scenario == u"quote-at-login";
-            screen.type(u"txtUsuario"_qs, quote ? u"d'avila"_qs : u"maria"_qs);
-            screen.type(u"txtSenha"_qs, quote ? QString() : u"segredo"_qs);
-            screen.click(u"Command1"_qs);
+            screen.type(u"txtUsuario"_s, quote ? u"d'avila"_s : u"maria"_s);
+            screen.type(u"txtSenha"_s, quote ? QString() : u"segredo"_s);
+            screen.click(u"Command1"_s);
         });
     principal.Show();
     settle();
 
     if (scenario == u"log-off") {
-        modal.expect(u"frmtelainicial"_qs, escape);
+        modal.expect(u"frmtelainicial"_s, escape);
         ScreenDriver(principal).press(Qt::Key_F10);
     } else if (scenario == u"close-window") {
         principal.close();
     } else if (scenario.startsWith(u"update")) {
         if (scenario == u"update-over-old")
-            Files::write(Files::inProgramFolder(u"\\adm_atu.exe"_qs), "old");
-        Menu::principal().run(u"mnuupdate"_qs);
+            Files::write(Files::inProgramFolder(u"\\adm_atu.exe"_s), "old");
+        Menu::principal().run(u"mnuupdate"_s);
     } else if (scenario == u"quote-in-a-screen") {
-        modal.expect(u"frmcadusuario"_qs, [](ScreenDriver& screen) {
-            screen.type(u"Combo1"_qs, u"o'hara"_qs);
+        modal.expect(u"frmcadusuario"_s, [](ScreenDriver& screen) {
+            screen.type(u"Combo1"_s, u"o'hara"_s);
             screen.press(Qt::Key_Tab);
         });
-        Menu::principal().run(u"cadUsu"_qs);
+        Menu::principal().run(u"cadUsu"_s);
     }
-    Report::fail(u"the program goes on"_qs);
+    Report::fail(u"the program goes on"_s);
 }
 
 } // namespace

@@ -17,6 +17,8 @@
 #include <QTemporaryDir>
 #include <gtest/gtest.h>
 
+using namespace Qt::StringLiterals;
+
 /// The program's shell in a folder of its own, configured for the tenant C1 of the test database, with the
 /// clock standing still. MARIA, password SEGREDO, is a user without rows.
 class Program : public testing::Test
@@ -28,8 +30,8 @@ protected:
         Database& database = Database::instance();
         database.clear();
         ArquivosINI::Grava(
-            {database.server(), database.password(), database.name(), database.user(), u"C1"_qs});
-        addUser(u"C1"_qs, u"MARIA"_qs, u"SEGREDO"_qs);
+            {database.server(), database.password(), database.name(), database.user(), u"C1"_s});
+        addUser(u"C1"_s, u"MARIA"_s, u"SEGREDO"_s);
         ligaMenu();
     }
 
@@ -37,7 +39,7 @@ protected:
     {
         delete &Form::of<frmPrincipal>();
         FechaConexao();
-        Variaveis::Logado = u"N"_qs;
+        Variaveis::Logado = u"N"_s;
         for (QString* text :
              {&Variaveis::Usuario, &Variaveis::LoginAberto, &Variaveis::idlic, &Variaveis::StringConexao,
               &Variaveis::RetornoCodigo, &Variaveis::RetornoFechamento})
@@ -48,15 +50,15 @@ protected:
     static void addUser(const QString& tenant, const QString& name, const QString& password)
     {
         Database::instance().execute(
-            u"insert into usuarios (idlic,nmusuario,ususenha) values ('%1','%2','%3')"_qs.arg(tenant, name,
-                                                                                              password));
+            u"insert into usuarios (idlic,nmusuario,ususenha) values ('%1','%2','%3')"_s.arg(tenant, name,
+                                                                                             password));
     }
 
     static void addRight(const QString& tenant, const QString& name, const QString& campo,
                          const QString& valor)
     {
         Database::instance().execute(
-            u"insert into perfilusuario (idlic,nmusuario,ususenha,campo,valor) values ('%1','%2','SEGREDO','%3','%4')"_qs
+            u"insert into perfilusuario (idlic,nmusuario,ususenha,campo,valor) values ('%1','%2','SEGREDO','%3','%4')"_s
                 .arg(tenant, name, campo, valor));
     }
 
@@ -64,16 +66,16 @@ protected:
 
     static void typeLogin(ScreenDriver& login, const QString& name, const QString& password)
     {
-        login.type(u"txtUsuario"_qs, name);
+        login.type(u"txtUsuario"_s, name);
         login.press(Qt::Key_Return);
         login.typeOn(password);
         login.press(Qt::Key_Return);
     }
 
     /// Starts the program and logs in.
-    void start(const QString& name = u"maria"_qs, const QString& password = u"segredo"_qs)
+    void start(const QString& name = u"maria"_s, const QString& password = u"segredo"_s)
     {
-        modal.expect(u"frmtelainicial"_qs, [=](ScreenDriver& login) { typeLogin(login, name, password); });
+        modal.expect(u"frmtelainicial"_s, [=](ScreenDriver& login) { typeLogin(login, name, password); });
         Form::of<frmPrincipal>().Show();
         settle();
     }
@@ -99,8 +101,8 @@ class LoggedIn : public Program
 protected:
     LoggedIn()
     {
-        Variaveis::idlic = u"C1"_qs;
-        Variaveis::Usuario = u"MARIA"_qs;
+        Variaveis::idlic = u"C1"_s;
+        Variaveis::Usuario = u"MARIA"_s;
         Variaveis::StringConexao = Database::instance().connectionString();
         for (const Menu::Entry& entry : Menu::principal().entries())
             Menu::principal().setEnabled(entry.name, true);
@@ -171,6 +173,6 @@ protected:
     static void execute(const QString& statements) { Database::instance().execute(statements); }
 
     /// The stamps of this user at this clock, behind a bound save and in a statement.
-    const QString boundStamp = u"MARIA - 16/03/2026 08:30:15"_qs;
-    const QString stamp = u"MARIA 16/03/2026 08:30:15"_qs;
+    const QString boundStamp = u"MARIA - 16/03/2026 08:30:15"_s;
+    const QString stamp = u"MARIA 16/03/2026 08:30:15"_s;
 };

@@ -10,6 +10,8 @@
 #include <QProgressBar>
 #include <QTest>
 
+using namespace Qt::StringLiterals;
+
 namespace {
 
 /// The vendor's server, as long as the object lives.
@@ -25,18 +27,18 @@ const QByteArray script = "#!/bin/sh\necho started >>trace\n";
 
 QString updater()
 {
-    return Files::inProgramFolder(u"\\adm_atu.exe"_qs);
+    return Files::inProgramFolder(u"\\adm_atu.exe"_s);
 }
 
 QProgressBar* bar()
 {
-    return Form::of<frmProgresso>().findChild<QProgressBar*>(u"ProgressBar1"_qs);
+    return Form::of<frmProgresso>().findChild<QProgressBar*>(u"ProgressBar1"_s);
 }
 
 /// Waits until the script has run so often.
 bool hasRun(int times)
 {
-    const QString trace = Files::inProgramFolder(u"\\trace"_qs);
+    const QString trace = Files::inProgramFolder(u"\\trace"_s);
     return QTest::qWaitFor([&] {
         return Files::exists(trace) && Files::read(trace) == QByteArray("started\n").repeated(times);
     });
@@ -47,7 +49,7 @@ bool hasRun(int times)
 TEST_F(Ending, TheUpdaterTakesOverAndTheNextStartRemovesIt)
 {
     int started = 0;
-    for (const QString& scenario : {u"update"_qs, u"update-over-old"_qs}) {
+    for (const QString& scenario : {u"update"_s, u"update-over-old"_s}) {
         OneAnswer server(OneAnswer::http("200 OK", script));
         const Vendor vendor(server.host());
         const Outcome end = run(scenario);
@@ -58,7 +60,7 @@ TEST_F(Ending, TheUpdaterTakesOverAndTheNextStartRemovesIt)
         EXPECT_TRUE(hasRun(++started)) << scenario.toStdString();
         EXPECT_EQ(Files::read(updater()), script) << "it stays until the next start";
     }
-    run(u"close-login"_qs);
+    run(u"close-login"_s);
     EXPECT_FALSE(Files::exists(updater()));
 }
 
@@ -66,16 +68,16 @@ TEST_F(Ending, AFailedUpdateEndsTheProgramWithAnError)
 {
     const auto expectError = [&](const QString& host, int number) {
         const Vendor vendor(host);
-        const Outcome end = run(u"update"_qs);
+        const Outcome end = run(u"update"_s);
         EXPECT_EQ(end.status, 1) << number;
         ASSERT_EQ(end.boxes.size(), 1) << end.boxes.join(u'\n').toStdString();
-        EXPECT_TRUE(end.boxes[0].startsWith(u"Tremosilva 1.0|Erro %1\\n"_qs.arg(number)))
+        EXPECT_TRUE(end.boxes[0].startsWith(u"Tremosilva 1.0|Erro %1\\n"_s.arg(number)))
             << end.boxes[0].toStdString();
     };
     OneAnswer cut(OneAnswer::http("200 OK", script).chopped(5));
     expectError(cut.host(), 12030);
     expectError(OneAnswer::closedHost(), 12029);
-    EXPECT_EQ(QDir(folder.path()).entryList(QDir::Files | QDir::Hidden), QStringList{u"tremosilva.ini"_qs})
+    EXPECT_EQ(QDir(folder.path()).entryList(QDir::Files | QDir::Hidden), QStringList{u"tremosilva.ini"_s})
         << "nothing of it is left";
     OneAnswer noProgram(OneAnswer::http("200 OK", "<html>no program</html>"));
     expectError(noProgram.host(), 75);
@@ -95,7 +97,7 @@ TEST_F(Program, AnUpdateThatIsRefusedIsToldAndTheProgramGoesOn)
         EXPECT_TRUE(progress.isVisible());
         EXPECT_FALSE(progress.isModal());
         EXPECT_EQ(progress.windowTitle(), u"Atualização");
-        EXPECT_EQ(screen.text(u"lMSG"_qs), u"Aguarde... Baixando Atualização...");
+        EXPECT_EQ(screen.text(u"lMSG"_s), u"Aguarde... Baixando Atualização...");
         EXPECT_EQ(bar()->maximum(), 3);
         EXPECT_EQ(bar()->value(), 1);
         ASSERT_TRUE(QGuiApplication::overrideCursor());
@@ -106,13 +108,13 @@ TEST_F(Program, AnUpdateThatIsRefusedIsToldAndTheProgramGoesOn)
         EXPECT_FALSE(Form::of<frmProgresso>().isVisible());
         EXPECT_FALSE(QGuiApplication::overrideCursor());
     });
-    dialogs.expect(u"Erro ao baixar atualização. Código: 404"_qs);
-    Form::of<frmPrincipal>().findChild<QAction*>(u"mnuupdate"_qs)->trigger();
+    dialogs.expect(u"Erro ao baixar atualização. Código: 404"_s);
+    Form::of<frmPrincipal>().findChild<QAction*>(u"mnuupdate"_s)->trigger();
 
     EXPECT_FALSE(Files::exists(updater()));
     EXPECT_TRUE(opened.list().isEmpty());
     EXPECT_TRUE(Form::of<frmPrincipal>().isVisible());
-    EXPECT_TRUE(Menu::principal().enabled(u"mnuupdate"_qs));
+    EXPECT_TRUE(Menu::principal().enabled(u"mnuupdate"_s));
 }
 
 TEST_F(Program, TheBarIsFullWhenTheUpdaterStarts)
@@ -126,7 +128,7 @@ TEST_F(Program, TheBarIsFullWhenTheUpdaterStarts)
         EXPECT_EQ(bar()->value(), 3);
         throw RuntimeError(75, {}); // the program would end otherwise
     });
-    EXPECT_EQ(errorOf([] { Menu::principal().run(u"mnuupdate"_qs); }), 75);
+    EXPECT_EQ(errorOf([] { Menu::principal().run(u"mnuupdate"_s); }), 75);
     Shell::setHandler({});
     EXPECT_FALSE(QGuiApplication::overrideCursor());
     Form::of<frmProgresso>().Unload();
@@ -134,25 +136,25 @@ TEST_F(Program, TheBarIsFullWhenTheUpdaterStarts)
 
 TEST_F(Program, SupportFromTheLoginWindow)
 {
-    const Vendor vendor(u"https://vendor.example"_qs);
-    const QString missing = u"Atenção!!! APP Não instalado! O Sistema irá fazer o downlaod do APP.!"_qs;
+    const Vendor vendor(u"https://vendor.example"_s);
+    const QString missing = u"Atenção!!! APP Não instalado! O Sistema irá fazer o downlaod do APP.!"_s;
     for (int i = 0; i < 2; ++i)
         dialogs.expect(missing, Instalacao::fornecedor());
-    modal.expect(u"frmtelainicial"_qs, [](ScreenDriver& login) {
+    modal.expect(u"frmtelainicial"_s, [](ScreenDriver& login) {
         auto opened = std::make_unique<OpenedTargets>();
         login.press(Qt::Key_F10);
-        login.click(u"Label4"_qs);
-        EXPECT_EQ(opened->list(), QStringList(2, u"https://vendor.example/down/suporte.exe"_qs));
+        login.click(u"Label4"_s);
+        EXPECT_EQ(opened->list(), QStringList(2, u"https://vendor.example/down/suporte.exe"_s));
         opened.reset();
-        const QString tool = Files::inProgramFolder(u"\\suporte.exe"_qs);
+        const QString tool = Files::inProgramFolder(u"\\suporte.exe"_s);
         Files::write(tool, script);
         Files::makeExecutable(tool);
         login.press(Qt::Key_F10);
         EXPECT_TRUE(hasRun(1));
-        login.click(u"Label4"_qs);
+        login.click(u"Label4"_s);
         EXPECT_TRUE(hasRun(2));
         EXPECT_TRUE(login.isOpen()) << "the login goes on";
-        typeLogin(login, u"maria"_qs, u"segredo"_qs);
+        typeLogin(login, u"maria"_s, u"segredo"_s);
     });
     Form::of<frmPrincipal>().Show();
     settle();

@@ -7,6 +7,8 @@
 
 #include <QRandomGenerator>
 
+using namespace Qt::StringLiterals;
+
 namespace {
 
 class PDFContent : public PDFTest
@@ -41,7 +43,7 @@ std::string text(const std::string& place, const std::string& shown, const std::
 TEST(PDFNumber, AgreesWithTheMaskForAllNumbers)
 {
     const auto byMask = [](double value, int decimals) {
-        return Format(value, u"###0."_qs + QString(decimals, u'0')).replace(u',', u'.').toStdString();
+        return Format(value, u"###0."_s + QString(decimals, u'0')).replace(u',', u'.').toStdString();
     };
     QRandomGenerator random(7);
     for (int i = 0; i < 20'000; ++i) {
@@ -58,12 +60,12 @@ TEST(PDFNumber, AgreesWithTheMaskForAllNumbers)
 
 TEST_F(PDFContent, Text)
 {
-    expectContent([](PDFPrinter& pdf) { pdf.PDFTextOut(u"Ação (1) a\\b"_qs, 30, 40); },
+    expectContent([](PDFPrinter& pdf) { pdf.PDFTextOut(u"Ação (1) a\\b"_s, 30, 40); },
                   text("31.00 802.00 Td", "A\xE7\xE3o \\(1\\) a\\\\\\\\b"));
     expectContent(
         [](PDFPrinter& pdf) {
             // Where X stands is 1 here, and the margin is added again.
-            pdf.PDFTextOut(u"AA"_qs, 0, 0);
+            pdf.PDFTextOut(u"AA"_s, 0, 0);
             EXPECT_EQ(pdf.PDFGetX(), 14); // 1 + 13.34
             EXPECT_EQ(pdf.PDFGetY(), 11);
             pdf.PDFTextOut({}, 0, 100);
@@ -75,7 +77,7 @@ TEST_F(PDFContent, Text)
             pdf.PDFSetTextColor(QVariantList{255, 192.5, 300});
             pdf.PDFSetFont(2, 0, 2);
             EXPECT_EQ(pdf.PDFTextHeight(), 10);
-            pdf.PDFTextOut(u"a"_qs, 5, 5);
+            pdf.PDFTextOut(u"a"_s, 5, 5);
         },
         text("6.00 837.00 Td", "a", "/F10 10.00", "1.000 0.753 1.176 rg"));
 }
@@ -86,8 +88,8 @@ TEST_F(PDFContent, RotatedAndUnderlinedText)
     expectContent(
         [](PDFPrinter& pdf) {
             pdf.PDFSetRotation(810); // so that the rounded pi shows
-            pdf.PDFTextOut(u"A"_qs, 30, 40);
-            pdf.PDFTextOut(u"A"_qs, 30, 40);
+            pdf.PDFTextOut(u"A"_s, 30, 40);
+            pdf.PDFTextOut(u"A"_s, 30, 40);
         },
         text("-0.00003 1.00000 -1.00000 -0.00003 30.00 802.00 Tm", "A") + text("31.00 802.00 Td", "A"));
     // "AA A" of 50 is 33.35 x 3 + 13.9 wide, and the blank counts twice; "up" is 55.6, rounded 56, of which
@@ -97,8 +99,8 @@ TEST_F(PDFContent, RotatedAndUnderlinedText)
     expectContent(
         [](PDFPrinter& pdf) {
             pdf.PDFSetFont(0, 50, 3);
-            pdf.PDFTextOut(u"AA A"_qs, 30, 40);
-            pdf.PDFTextOut(u"A"_qs, 30, 40);
+            pdf.PDFTextOut(u"AA A"_s, 30, 40);
+            pdf.PDFTextOut(u"A"_s, 30, 40);
         },
         expected + text("31.00 802.00 Td", "A", "/F8 50.00"));
 }
@@ -111,7 +113,7 @@ TEST_F(PDFContent, Watermark)
         text("0.70711 0.70711 -0.70711 0.70711 202.57 421.80 Tm", "AA", "/F5 50.00", "1.000 0.753 0.796 rg");
     PDFPrinter pdf;
     configure(pdf);
-    pdf.PDFFiligran(u"AA"_qs);
+    pdf.PDFFiligran(u"AA"_s);
     beginDocument(pdf);
     pdf.PDFEndPage();
     pdf.PDFNewPage();
@@ -128,7 +130,7 @@ TEST_F(PDFContent, Lines)
     expectContent(
         [](PDFPrinter& pdf) {
             pdf.PDFSetLineStyle(1);
-            pdf.PDFSetLineColor(u"#FF0080"_qs);
+            pdf.PDFSetLineColor(u"#FF0080"_s);
             pdf.PDFDrawLine(10, 20.555, 5, 40);
             EXPECT_EQ(pdf.PDFGetX(), 10);
             EXPECT_EQ(pdf.PDFGetY(), 40);
@@ -158,14 +160,14 @@ TEST_F(PDFContent, UnitsScaleLengthsButNeitherMarginsNorWidths)
     configure(pdf);
     pdf.PDFSetUnit(1);
     pdf.PDFBeginDoc();
-    pdf.PDFSetBookmark(u"um"_qs, 0, 10);
-    pdf.PDFSetBookmark(u"dois"_qs, 1, -1);
+    pdf.PDFSetBookmark(u"um"_s, 0, 10);
+    pdf.PDFSetBookmark(u"dois"_s, 1, -1);
     pdf.PDFSetLineStyle(1);
     pdf.PDFSetLineWidth(1);
     pdf.PDFSetFont(0, 10, 0);
     EXPECT_NEAR(pdf.PDFTextHeight(), 28.346, 0.001);
     pdf.PDFDrawLine(0, 0, 25.4, 25.4);
-    pdf.PDFTextOut(u"A"_qs, 25.4, 25.4);
+    pdf.PDFTextOut(u"A"_s, 25.4, 25.4);
     pdf.PDFEndDoc();
     const QByteArray file = bytes().replace("\r\n", "\n");
     EXPECT_TRUE(file.contains("[45 22 ] 0 d\n0.00 842.00 m\n72.00 770.00 l\n0 G\n2.83 w S\n"));
@@ -206,7 +208,7 @@ TEST_F(PDFContent, RectanglesEllipsesPolygons)
                "1.00 840.00 l\n0.50 w " + figure + "\n%FIN_POLY/%\n";
     };
     EXPECT_EQ(inMode(0), expected("0 G\n", "s", "s"));
-    EXPECT_EQ(inMode(u"1"_qs), expected("1.000 0.000 0.000 rg\n", "f", "h f"));
+    EXPECT_EQ(inMode(u"1"_s), expected("1.000 0.000 0.000 rg\n", "f", "h f"));
     EXPECT_EQ(inMode(2), expected("1.000 0.000 0.000 rg\n0 G\n", "B", "B"));
 }
 
@@ -219,13 +221,13 @@ TEST_F(PDFContent, CellsBreakTextAtBlanksOrInLongWords)
         double size;
         std::string lines;
     } rows[] = {
-        {u"aaa aaa a"_qs, 10, "103.00 633.00 Td (aaa) Tj 103.00 621.00 Td (aaa a) Tj"},
-        {u"aaaaaaaa"_qs, 10, "106.00 633.00 Td (aaaaa) Tj 103.00 621.00 Td (aaa) Tj"},
-        {u"aaa aaa a"_qs, 5, "103.00 634.50 Td (aaa aaa a) Tj"},
+        {u"aaa aaa a"_s, 10, "103.00 633.00 Td (aaa) Tj 103.00 621.00 Td (aaa a) Tj"},
+        {u"aaaaaaaa"_s, 10, "106.00 633.00 Td (aaaaa) Tj 103.00 621.00 Td (aaa) Tj"},
+        {u"aaa aaa a"_s, 5, "103.00 634.50 Td (aaa aaa a) Tj"},
         {{}, 10, "103.00 633.00 Td () Tj"},
-        {u"a\r\n"_qs, 10, "103.00 633.00 Td (a\r) Tj"},
+        {u"a\r\n"_s, 10, "103.00 633.00 Td (a\r) Tj"},
         // A character wider than the cell stands alone.
-        {u"aa"_qs, 100, "106.00 606.00 Td (a) Tj 106.00 594.00 Td (a) Tj 103.00 582.00 Td () Tj"},
+        {u"aa"_s, 100, "106.00 606.00 Td (a) Tj 106.00 594.00 Td (a) Tj 103.00 582.00 Td () Tj"},
     };
     for (const auto& [shown, size, lines] : rows) {
         const auto draw = [&](PDFPrinter& pdf) {
@@ -242,7 +244,7 @@ TEST_F(PDFContent, CellsAlignTheirText)
         return content([&](PDFPrinter& pdf) {
                    pdf.PDFSetBorder(0);
                    pdf.PDFSetAlignement(alignment);
-                   pdf.PDFCell(u"A A"_qs, 103, 200, 60, 12);
+                   pdf.PDFCell(u"A A"_s, 103, 200, 60, 12);
                    EXPECT_EQ(pdf.PDFGetX(), 160);
                    EXPECT_EQ(pdf.PDFGetY(), 212);
                })
@@ -279,7 +281,7 @@ TEST_F(PDFContent, CellsDrawTheLastOfTheirEdges)
         const auto draw = [&](PDFPrinter& pdf) {
             pdf.PDFSetBorder(border);
             pdf.PDFSetFill(fill);
-            pdf.PDFCell(u"aaa aaa a"_qs, 103, 200, 40, 12);
+            pdf.PDFCell(u"aaa aaa a"_s, 103, 200, 40, 12);
         };
         EXPECT_EQ(linesOf(draw, {" re f\r", " l S\r", " l S \r"}), lines) << border;
     }
@@ -300,7 +302,7 @@ TEST_F(PDFContent, Links)
         return "<</Type /Annot /Subtype /Link /Rect [" + rectangle + "] /Border [0 0 0] " + action;
     };
     const std::string action = "/A <</S /URI /URI (AA)>>>>\r\n";
-    const QString url = u"AA"_qs;
+    const QString url = u"AA"_s;
 
     // An address of its own: 13.34 wide, the area 13 x 10.
     EXPECT_EQ(draw([&](PDFPrinter& pdf) { pdf.PDFLink(30.5, 40, url); }),
@@ -310,7 +312,7 @@ TEST_F(PDFContent, Links)
     // A target that is no text leaves its dictionary open.
     draw([&](PDFPrinter& pdf) { pdf.PDFLink(30, 40, url, 7); });
     EXPECT_EQ(annotations, area("30 802 43 792", "") + "]");
-    draw([&](PDFPrinter& pdf) { pdf.PDFLink(30, 40, url, u"B(\\"_qs); });
+    draw([&](PDFPrinter& pdf) { pdf.PDFLink(30, 40, url, u"B(\\"_s); });
     EXPECT_EQ(annotations, area("30 802 43 792", "/A <</S /URI /URI (B\\(\\\\\\\\)>>>>\r\n") + "]");
     draw([&](PDFPrinter& pdf) { pdf.PDFDrawRectangle(10, 20, 30.5, 41, url); });
     EXPECT_EQ(annotations, area("15 802 45 792", action) + "]");
@@ -329,7 +331,7 @@ TEST_F(PDFContent, Links)
     EXPECT_EQ(
         draw([&](PDFPrinter& pdf) {
             pdf.PDFSetAlignement(3);
-            pdf.PDFCell(u"A A"_qs, 3, 200, 60, 12, url);
+            pdf.PDFCell(u"A A"_s, 3, 200, 60, 12, url);
         }),
         "%DEBUT_CELL/%\n0 G\n0 g\n0.50 w\n37.880 Tw\nq 0 g \n6.00 630.00 47.78 -0.10 re f\nBT\n/F8 10 Tf\n"
         "6.00 633.00 Td\n(A A) Tj\nET\nQ\n%DEBUT_LINK/%\nq 0 g \n%DEBUT_TEXT/%\nBT\n1.00 642.00 Td\n"
@@ -343,16 +345,16 @@ TEST_F(PDFContent, AtMostAThousandLinksOnAPage)
     PDFPrinter pdf;
     configure(pdf);
     pdf.PDFSetFont(0, 10, 0);
-    EXPECT_EQ(errorOf([&] { pdf.PDFLink(1, 1, u"A"_qs); }), 9); // no page yet
+    EXPECT_EQ(errorOf([&] { pdf.PDFLink(1, 1, u"A"_s); }), 9); // no page yet
     pdf.PDFBeginDoc();
     for (int i = 0; i < 1000; ++i)
-        pdf.PDFLink(1, 1, u"A"_qs);
-    EXPECT_EQ(errorOf([&] { pdf.PDFLink(1, 1, u"A"_qs); }), 9);
+        pdf.PDFLink(1, 1, u"A"_s);
+    EXPECT_EQ(errorOf([&] { pdf.PDFLink(1, 1, u"A"_s); }), 9);
     for (int i = 1; i < 1000; ++i)
         pdf.PDFNewPage();
-    EXPECT_EQ(errorOf([&] { pdf.PDFLink(1, 1, u"A"_qs); }), 0);
+    EXPECT_EQ(errorOf([&] { pdf.PDFLink(1, 1, u"A"_s); }), 0);
     pdf.PDFNewPage();
-    EXPECT_EQ(errorOf([&] { pdf.PDFLink(1, 1, u"A"_qs); }), 9);
+    EXPECT_EQ(errorOf([&] { pdf.PDFLink(1, 1, u"A"_s); }), 9);
 }
 
 TEST_F(PDFContent, NamesAndWidthsOfFonts)
@@ -372,7 +374,7 @@ TEST_F(PDFContent, NamesAndWidthsOfFonts)
     };
     for (const auto& row : rows) {
         pdf.PDFSetFont(row.family, 10, row.style);
-        EXPECT_EQ(errorOf([&] { pdf.PDFTextOut(u"A"_qs, 1, 1); }), row.error);
+        EXPECT_EQ(errorOf([&] { pdf.PDFTextOut(u"A"_s, 1, 1); }), row.error);
         pdf.PDFNewPage();
         const QByteArray file = bytes();
         EXPECT_TRUE(file.sliced(file.lastIndexOf("\r\nBT")).contains(row.number + "10.00 Tf\r\n(A) Tj"))
@@ -382,32 +384,32 @@ TEST_F(PDFContent, NamesAndWidthsOfFonts)
     const auto width = [&](const QString& text, const QString& font, double size) {
         return pdf.PDFGetStringWidth(text, font, size);
     };
-    const QString helvetica = u"Helvetica"_qs;
-    EXPECT_DOUBLE_EQ(width(u"Ab 1"_qs, helvetica, 9), 9 * (667 + 556 + 278 + 556) / 1000.0);
-    EXPECT_DOUBLE_EQ(width(u"A"_qs, helvetica, 2.5), 2 * 0.667); // the size is a whole number
+    const QString helvetica = u"Helvetica"_s;
+    EXPECT_DOUBLE_EQ(width(u"Ab 1"_s, helvetica, 9), 9 * (667 + 556 + 278 + 556) / 1000.0);
+    EXPECT_DOUBLE_EQ(width(u"A"_s, helvetica, 2.5), 2 * 0.667); // the size is a whole number
     // Codes are the font's own: 0xC0 has no character there, 0xE3 is its "ª", and nothing lies above 251.
-    EXPECT_DOUBLE_EQ(width(u"Àãü"_qs, helvetica, 1000), 370);
-    EXPECT_EQ(errorOf([&] { width({}, u"TimesRoman"_qs, 9); }), 53);
+    EXPECT_DOUBLE_EQ(width(u"Àãü"_s, helvetica, 1000), 370);
+    EXPECT_EQ(errorOf([&] { width({}, u"TimesRoman"_s, 9); }), 53);
     EXPECT_EQ(errorOf([&] { width(QString(QChar(0)), helvetica, 9); }), 9);
 
     pdf.PDFLoadAfm(oneFont());
-    EXPECT_DOUBLE_EQ(width(u"Ana"_qs, helvetica, 10), 18);
-    EXPECT_EQ(errorOf([&] { pdf.PDFLoadAfm(path(u"nada"_qs)); }), 76);
+    EXPECT_DOUBLE_EQ(width(u"Ana"_s, helvetica, 10), 18);
+    EXPECT_EQ(errorOf([&] { pdf.PDFLoadAfm(path(u"nada"_s)); }), 76);
     pdf.PDFLoadAfm(path(QString())); // no fonts there: the ones before stay
-    EXPECT_DOUBLE_EQ(width(u"Ana"_qs, helvetica, 10), 18);
+    EXPECT_DOUBLE_EQ(width(u"Ana"_s, helvetica, 10), 18);
     for (const auto& [bad, error] : {std::pair("StartCharMetrics\r\nC 65 ; WX 1 ;\r\n", 62),
                                      {"C 65 ; WX 1 ;", 62},
                                      {"StartCharMetrics\nC 300 ; WX 1 ;\nEndCharMetrics\n", 9}}) {
-        put(u"one/Helvetica.afm"_qs, bad);
-        pdf.PDFPathConfiguration(path(u"one"_qs));
-        EXPECT_EQ(errorOf([&] { width(u"A"_qs, helvetica, 9); }), error) << bad;
+        put(u"one/Helvetica.afm"_s, bad);
+        pdf.PDFPathConfiguration(path(u"one"_s));
+        EXPECT_EQ(errorOf([&] { width(u"A"_s, helvetica, 9); }), error) << bad;
     }
     // What lies below the first code or above the last one does not count.
-    put(u"one/Helvetica.afm"_qs,
+    put(u"one/Helvetica.afm"_s,
         "StartCharMetrics\nC 66 ; WX 9 ;\nC 65 ; WX 7 ;\nC 70 ; WX 5 ;\nC 69 ; WX 3 ;\n"
         "EndCharMetrics");
-    pdf.PDFPathConfiguration(path(u"one"_qs));
-    EXPECT_EQ(width(u"ABEF"_qs, helvetica, 1000), 12);
+    pdf.PDFPathConfiguration(path(u"one"_s));
+    EXPECT_EQ(width(u"ABEF"_s, helvetica, 1000), 12);
 }
 
 TEST_F(PDFContent, MarginsAndPageSizes)
@@ -449,13 +451,13 @@ TEST_F(PDFContent, Colours)
     const auto written = [](const QVariant& colour) {
         return PDFColorOperator(PDFColor(colour), "rg").toStdString();
     };
-    EXPECT_EQ(written(u"#3366FF"_qs), "0.200 0.400 1.000 rg");
-    EXPECT_EQ(written(u"#"_qs), "0.000 0.000 0.000 rg");
+    EXPECT_EQ(written(u"#3366FF"_s), "0.200 0.400 1.000 rg");
+    EXPECT_EQ(written(u"#"_s), "0.000 0.000 0.000 rg");
     EXPECT_EQ(written(QVariantList{0.5, 1.5, 255}), "0.000 0.008 1.000 rg");
     EXPECT_EQ(errorOf([&] { written(QVariantList{1, 2}); }), 9);
-    dialogs_.expect(u"Code couleur HTMl invalide FF0000.\nLa couleur utilisée sera le noir."_qs,
-                    u"Couleur HTMl - Vespadoc 4.0"_qs, Icon::Critical);
-    EXPECT_EQ(written(u"FF0000"_qs), "0.000 0.000 0.000 rg");
+    dialogs_.expect(u"Code couleur HTMl invalide FF0000.\nLa couleur utilisée sera le noir."_s,
+                    u"Couleur HTMl - Vespadoc 4.0"_s, Icon::Critical);
+    EXPECT_EQ(written(u"FF0000"_s), "0.000 0.000 0.000 rg");
 }
 
 TEST_F(PDFContent, BadArgumentsAreToldAndReplaced)
@@ -468,33 +470,33 @@ TEST_F(PDFContent, BadArgumentsAreToldAndReplaced)
         std::function<void()> give;
         QString title, text;
     } rows[] = {
-        {[&] { pdf.PDFSetLayoutMode(4); }, u"Layout Mode"_qs,
-         u"Layout incorrect : 4.\nLe Layout utilisé sera le layout simple."_qs},
-        {[&] { pdf.PDFSetUnit(-1); }, u"Code Unité de Mesure"_qs,
-         u"Code unité de mesure incorrect : -1.\nL'Unité de Mesure utilisée sera le centimètre."_qs},
-        {[&] { pdf.PDFOrientation(2); }, u"Type d'Orientation de Page"_qs,
-         u"Code orientation de page incorrect : 2.\nL'Orientation de la page sera le mode portrait."_qs},
-        {[&] { pdf.PDFFormatPage(5); }, u"Format de Page"_qs,
-         u"Code format de page incorrect : 5.\nLe Format de page utilisé sera le format A4."_qs},
-        {[&] { pdf.PDFFormatPage(u"A4"_qs); }, u"Format de Page"_qs,
-         u"Code format de page incorrect : A4.\nLe Format de page utilisé sera le format A4"_qs},
-        {[&] { pdf.PDFSetDrawMode(u"D"_qs); }, u"Objet Rectangle"_qs,
-         u"Code type de traçage incorrect : D.\nLe type de traçage utilisé sera bordure et remplissage."_qs},
-        {[&] { pdf.PDFSetLineStyle(4); }, u"Style de Ligne"_qs,
-         u"Code style de ligne incorrect : 4.\nLe style de ligne utilisé sera pSolid."_qs},
-        {[&] { pdf.PDFSetAlignement(4); }, u"Code Alignement de Cellule"_qs,
-         u"Code alignement incorrect : 4.\nL'alignement utilisé sera l'alignement à gauche."_qs},
-        {[&] { pdf.PDFDrawEllipse(1, 1, 1, 1, 5); }, u"Lien URL Objet Ellipse"_qs,
-         u"URL objet ellipse non valide : 5.\nImpossible d'inclure le lien dans l'ellipse."_qs},
-        {[&] { pdf.PDFCell(u"A"_qs, 1, 1, 50, 10, 5); }, u"Lien URL Objet Cellule"_qs,
-         u"URL objet cellule non valide : 5.\nImpossible d'inclure le lien dans la cellule."_qs},
-        {[&] { pdf.PDFSetFont(5, 9, 12); }, u"Nom de Font"_qs,
-         u"Nom de font incorrecte : 5.\nLa font utilisée sera Times New Roman non gras , non italique."_qs}};
+        {[&] { pdf.PDFSetLayoutMode(4); }, u"Layout Mode"_s,
+         u"Layout incorrect : 4.\nLe Layout utilisé sera le layout simple."_s},
+        {[&] { pdf.PDFSetUnit(-1); }, u"Code Unité de Mesure"_s,
+         u"Code unité de mesure incorrect : -1.\nL'Unité de Mesure utilisée sera le centimètre."_s},
+        {[&] { pdf.PDFOrientation(2); }, u"Type d'Orientation de Page"_s,
+         u"Code orientation de page incorrect : 2.\nL'Orientation de la page sera le mode portrait."_s},
+        {[&] { pdf.PDFFormatPage(5); }, u"Format de Page"_s,
+         u"Code format de page incorrect : 5.\nLe Format de page utilisé sera le format A4."_s},
+        {[&] { pdf.PDFFormatPage(u"A4"_s); }, u"Format de Page"_s,
+         u"Code format de page incorrect : A4.\nLe Format de page utilisé sera le format A4"_s},
+        {[&] { pdf.PDFSetDrawMode(u"D"_s); }, u"Objet Rectangle"_s,
+         u"Code type de traçage incorrect : D.\nLe type de traçage utilisé sera bordure et remplissage."_s},
+        {[&] { pdf.PDFSetLineStyle(4); }, u"Style de Ligne"_s,
+         u"Code style de ligne incorrect : 4.\nLe style de ligne utilisé sera pSolid."_s},
+        {[&] { pdf.PDFSetAlignement(4); }, u"Code Alignement de Cellule"_s,
+         u"Code alignement incorrect : 4.\nL'alignement utilisé sera l'alignement à gauche."_s},
+        {[&] { pdf.PDFDrawEllipse(1, 1, 1, 1, 5); }, u"Lien URL Objet Ellipse"_s,
+         u"URL objet ellipse non valide : 5.\nImpossible d'inclure le lien dans l'ellipse."_s},
+        {[&] { pdf.PDFCell(u"A"_s, 1, 1, 50, 10, 5); }, u"Lien URL Objet Cellule"_s,
+         u"URL objet cellule non valide : 5.\nImpossible d'inclure le lien dans la cellule."_s},
+        {[&] { pdf.PDFSetFont(5, 9, 12); }, u"Nom de Font"_s,
+         u"Nom de font incorrecte : 5.\nLa font utilisée sera Times New Roman non gras , non italique."_s}};
     pdf.PDFSetFont(0, 9, 0);
     pdf.PDFSetAlignement(2);
     EXPECT_EQ(pdf.PDFGetAlignement(), u"Right");
     for (const auto& row : rows) {
-        dialogs_.expect(row.text, row.title + u" - Vespadoc 4.0"_qs, Icon::Critical);
+        dialogs_.expect(row.text, row.title + u" - Vespadoc 4.0"_s, Icon::Critical);
         row.give();
         dialogs_.verify();
     }
@@ -502,7 +504,7 @@ TEST_F(PDFContent, BadArgumentsAreToldAndReplaced)
     EXPECT_EQ(pdf.PDFGetUnit(), u"cm");
     EXPECT_EQ(pdf.PDFGetPageWidth(), 595.28);
     EXPECT_EQ(pdf.PDFGetAlignement(), u"Left");
-    EXPECT_EQ(errorOf([&] { pdf.PDFTextOut(u"A"_qs, 1, 1); }), 53);
+    EXPECT_EQ(errorOf([&] { pdf.PDFTextOut(u"A"_s, 1, 1); }), 53);
     pdf.PDFSetUnit(0);
     pdf.PDFDrawRectangle(1, 1, 1, 1, 5); // says nothing
     pdf.PDFNewPage();

@@ -5,6 +5,8 @@
 
 #include <QImage>
 
+using namespace Qt::StringLiterals;
+
 namespace {
 
 QByteArray withLineEnds(QByteArray text)
@@ -62,14 +64,14 @@ TEST_F(PDFFile, OnePageAsTheReportsMakeIt)
     pdf.PDFSetLayoutMode(3);
     pdf.PDFUseOutlines(true);
     pdf.PDFUseThumbs(true);
-    pdf.PDFTitle(u"Atenção (1)"_qs);
+    pdf.PDFTitle(u"Atenção (1)"_s);
     beginDocument(pdf);
     pdf.PDFSetFont(0, 9, 0);
-    pdf.PDFTextOut(u"Ana"_qs, 30, 40);
+    pdf.PDFTextOut(u"Ana"_s, 30, 40);
     pdf.PDFEndPage();
     QString opened;
     Shell::setHandler([&](const QString& target) { opened = target; });
-    dialogs_.expect(u"Fichier PDF généré."_qs, u"Génération du Fichier PDF - Vespadoc 4.0"_qs, Icon::None);
+    dialogs_.expect(u"Fichier PDF généré."_s, u"Génération du Fichier PDF - Vespadoc 4.0"_s, Icon::None);
     pdf.PDFEndDoc();
     Shell::setHandler({});
 
@@ -102,14 +104,14 @@ TEST_F(PDFFile, TwoPagesOfDifferentSizeWithAPictureALinkAndThreeBookmarks)
 {
     QImage picture(40, 30, QImage::Format_RGB32);
     picture.fill(Qt::red);
-    ASSERT_TRUE(picture.save(path(u"foto.jpg"_qs)));
-    const QByteArray data = bytes(u"foto.jpg"_qs);
+    ASSERT_TRUE(picture.save(path(u"foto.jpg"_s)));
+    const QByteArray data = bytes(u"foto.jpg"_s);
     PDFPrinter pdf;
     configure(pdf, oneFont());
     pdf.PDFSetZoomMode(2);
     pdf.PDFSetLayoutMode(1);
     beginDocument(pdf);
-    pdf.PDFSetBookmark(u"tr\u00EAs"_qs, 1, 80.25);
+    pdf.PDFSetBookmark(u"tr\u00EAs"_s, 1, 80.25);
     pdf.PDFDrawLine(10, 20, 30, 40);
     pdf.PDFEndPage();
     pdf.PDFPageWidth(400.5);
@@ -120,7 +122,7 @@ TEST_F(PDFFile, TwoPagesOfDifferentSizeWithAPictureALinkAndThreeBookmarks)
     EXPECT_EQ(pdf.PDFPageNumber(), 2);
     EXPECT_EQ(pdf.PDFGetX() + pdf.PDFGetY(), 2); // at the margins
     pdf.PDFSetFont(0, 9, 0);
-    pdf.PDFImage(path(u"foto.jpg"_qs), 100, 200, 80, 0, u"https://exemplo.com.br/a(b)"_qs);
+    pdf.PDFImage(path(u"foto.jpg"_s), 100, 200, 80, 0, u"https://exemplo.com.br/a(b)"_s);
     pdf.PDFEndDoc();
 
     // The line is 73 bytes with its line ends; the first page's length is 12 more, the second page's content
@@ -167,7 +169,7 @@ TEST_F(PDFFile, TwoPagesOfDifferentSizeWithAPictureALinkAndThreeBookmarks)
             .toStdString());
     EXPECT_EQ(pdf.PDFNbPage(), 2);
     expectReadable(2);
-    EXPECT_TRUE(printed(u"pdfimages"_qs, {u"-list"_qs, path()}).contains(QLatin1String("jpeg")));
+    EXPECT_TRUE(printed(u"pdfimages"_s, {u"-list"_s, path()}).contains(QLatin1String("jpeg")));
 
     PDFPrinter unended; // has no size for its second page
     configure(unended, oneFont());
@@ -256,7 +258,7 @@ TEST_F(PDFFile, Outlines)
         pdf.PDFUseOutlines(true);
         pdf.PDFBeginDoc();
         for (const int level : levels)
-            pdf.PDFSetBookmark(u"Agenda Clinica"_qs, level, 40);
+            pdf.PDFSetBookmark(u"Agenda Clinica"_s, level, 40);
         pdf.PDFEndDoc();
         expectReadable(1);
         constexpr int FirstObject = 8;
@@ -290,23 +292,23 @@ TEST_F(PDFFile, TheOutputFile)
         EXPECT_EQ(pdf.PDFGetFileName(), name);
         return errorOf([&] { pdf.PDFBeginDoc(); });
     };
-    QDir(path(QString())).mkdir(u"temp"_qs);
-    put(u"temp/antigo.pdf"_qs, QByteArray(5000, 'x'));
-    EXPECT_EQ(begin(path(u"temp\\antigo.pdf"_qs)), 0);
-    EXPECT_TRUE(bytes(u"temp/antigo.pdf"_qs).startsWith("%PDF-1.3\r\n1 0 obj\r\n"));
-    EXPECT_LT(bytes(u"temp/antigo.pdf"_qs).size(), 5000);
+    QDir(path(QString())).mkdir(u"temp"_s);
+    put(u"temp/antigo.pdf"_s, QByteArray(5000, 'x'));
+    EXPECT_EQ(begin(path(u"temp\\antigo.pdf"_s)), 0);
+    EXPECT_TRUE(bytes(u"temp/antigo.pdf"_s).startsWith("%PDF-1.3\r\n1 0 obj\r\n"));
+    EXPECT_LT(bytes(u"temp/antigo.pdf"_s).size(), 5000);
 
-    EXPECT_EQ(begin(path(u"sem\\pasta.pdf"_qs)), 75);
+    EXPECT_EQ(begin(path(u"sem\\pasta.pdf"_s)), 75);
     PDFPrinter unnamed;
     EXPECT_EQ(errorOf([&] { unnamed.PDFBeginDoc(); }), 91);
 
     // What stands there cannot be replaced: the user is told once, and has a chance.
     const QString message = u"Le fichier preso.pdf ne peut pas être remplacé.\n"
-                            "S'il est ouvert, fermez-le avant de continuer."_qs;
-    QDir(path(QString())).mkdir(u"preso.pdf"_qs);
-    dialogs_.expect(message, u"Fichier PDF - Vespadoc 4.0"_qs, Icon::Critical);
-    EXPECT_EQ(begin(path(u"preso.pdf"_qs)), 75);
-    dialogs_.setWatcher([this](const MessageBox&) { QDir(path(QString())).rmdir(u"preso.pdf"_qs); });
-    dialogs_.expect(message, u"Fichier PDF - Vespadoc 4.0"_qs, Icon::Critical);
-    EXPECT_EQ(begin(path(u"preso.pdf"_qs)), 0);
+                            "S'il est ouvert, fermez-le avant de continuer."_s;
+    QDir(path(QString())).mkdir(u"preso.pdf"_s);
+    dialogs_.expect(message, u"Fichier PDF - Vespadoc 4.0"_s, Icon::Critical);
+    EXPECT_EQ(begin(path(u"preso.pdf"_s)), 75);
+    dialogs_.setWatcher([this](const MessageBox&) { QDir(path(QString())).rmdir(u"preso.pdf"_s); });
+    dialogs_.expect(message, u"Fichier PDF - Vespadoc 4.0"_s, Icon::Critical);
+    EXPECT_EQ(begin(path(u"preso.pdf"_s)), 0);
 }

@@ -3,6 +3,8 @@
 
 #include <QImage>
 
+using namespace Qt::StringLiterals;
+
 namespace {
 
 /// A JPEG file of this frame header and nothing else that a reader of pictures would want.
@@ -70,24 +72,24 @@ TEST_F(PDFImages, WhatTheHeaderTells)
 TEST_F(PDFImages, Refused)
 {
     const QByteArray good = framed(0xC0, 3);
-    const QString markers = u"Marqueur de début JPEG ou marqueur de fin JPEG non valide."_qs;
-    const QString noJpeg = u"Fichier image non JPEG."_qs;
-    const QString kind = u"Seule les images de types JPG sont supportées.\nFormat d'image non supportée."_qs;
+    const QString markers = u"Marqueur de début JPEG ou marqueur de fin JPEG non valide."_s;
+    const QString noJpeg = u"Fichier image non JPEG."_s;
+    const QString kind = u"Seule les images de types JPG sont supportées.\nFormat d'image non supportée."_s;
     const struct
     {
         QString name;
         QByteArray file;
         QString reason;
-    } rows[] = {{u"curto.jpg"_qs, good.left(247) + QByteArray::fromHex("ffd9"), noJpeg},
-                {u"cortado.jpg"_qs, good.left(270), markers},
-                {u"outro.jpg"_qs, QByteArray("GIF89a") + QByteArray(300, 'x'), markers},
-                {u"unidade.jpg"_qs, framed(0xC0, 3, jfif(7)),
-                 u"Erreur de résolution d'image , l'Opcode est 7\nLes Opcodes valides sont  0, 1, 2."_qs},
-                {u"foto.JPG"_qs, good, kind},
-                {u"foto.png"_qs, good, kind}};
+    } rows[] = {{u"curto.jpg"_s, good.left(247) + QByteArray::fromHex("ffd9"), noJpeg},
+                {u"cortado.jpg"_s, good.left(270), markers},
+                {u"outro.jpg"_s, QByteArray("GIF89a") + QByteArray(300, 'x'), markers},
+                {u"unidade.jpg"_s, framed(0xC0, 3, jfif(7)),
+                 u"Erreur de résolution d'image , l'Opcode est 7\nLes Opcodes valides sont  0, 1, 2."_s},
+                {u"foto.JPG"_s, good, kind},
+                {u"foto.png"_s, good, kind}};
     const auto expect = [this](const QString& reason) {
-        dialogs_.expect(u"Impossible d'inclure l'image dans le fichier PDF.\n"_qs + reason,
-                        u"Fichier Image - Vespadoc 4.0"_qs, Icon::Critical);
+        dialogs_.expect(u"Impossible d'inclure l'image dans le fichier PDF.\n"_s + reason,
+                        u"Fichier Image - Vespadoc 4.0"_s, Icon::Critical);
     };
     PDFPrinter reader;
     for (const auto& row : rows) {
@@ -97,9 +99,9 @@ TEST_F(PDFImages, Refused)
         dialogs_.verify();
     }
     expect(noJpeg);
-    EXPECT_EQ(reader.PDFImageHeight(path(u"falta.jpg"_qs)), 0);
-    expect(u"Le fichier image foto ne possède pas d'extension."_qs);
-    content([](PDFPrinter& pdf) { pdf.PDFImage(u"foto"_qs, 1, 1, 0, 0); });
+    EXPECT_EQ(reader.PDFImageHeight(path(u"falta.jpg"_s)), 0);
+    expect(u"Le fichier image foto ne possède pas d'extension."_s);
+    content([](PDFPrinter& pdf) { pdf.PDFImage(u"foto"_s, 1, 1, 0, 0); });
     EXPECT_TRUE(bytes().contains("/XObject << \r\n>>"));
 }
 
@@ -107,7 +109,7 @@ TEST_F(PDFImages, SizesPositionAndLink)
 {
     QImage picture(40, 30, QImage::Format_RGB32);
     picture.fill(Qt::blue);
-    const QString file = path(u"foto.jpeg"_qs);
+    const QString file = path(u"foto.jpeg"_s);
     ASSERT_TRUE(picture.save(file));
     PDFPrinter pdf;
     configure(pdf);
@@ -120,10 +122,10 @@ TEST_F(PDFImages, SizesPositionAndLink)
     EXPECT_EQ(pdf.PDFGetX(), 112); // points, though the unit is the centimetre
     EXPECT_EQ(pdf.PDFGetY(), 102);
     pdf.PDFImage(file, 0, 0, 0, 2.54);
-    pdf.PDFImage(file, 0, 0, 2.54, 0, u"x"_qs);
+    pdf.PDFImage(file, 0, 0, 2.54, 0, u"x"_s);
     EXPECT_EQ(pdf.PDFGetTextColor(), u"0.000 0.000 1.000 rg");
-    dialogs_.expect(u"URL objet image non valide : 3.\nImpossible d'inclure le lien dans l'image."_qs,
-                    u"Lien URL Fichier Image - Vespadoc 4.0"_qs, Icon::Critical);
+    dialogs_.expect(u"URL objet image non valide : 3.\nImpossible d'inclure le lien dans l'image."_s,
+                    u"Lien URL Fichier Image - Vespadoc 4.0"_s, Icon::Critical);
     pdf.PDFImage(file, 0, 0, 2.54, 2.54, 3);
     pdf.PDFEndDoc();
     expectReadable(1);

@@ -4,6 +4,8 @@
 
 #include <QImage>
 
+using namespace Qt::StringLiterals;
+
 namespace {
 
 class PDFReaders : public PDFTest
@@ -13,11 +15,11 @@ protected:
     QList<QImage> drawn(int page) const
     {
         const QString number = QString::number(page);
-        printed(u"pdftoppm"_qs, {u"-r"_qs, u"72"_qs, u"-png"_qs, u"-singlefile"_qs, u"-f"_qs, number, path(),
-                                 path(u"poppler"_qs)});
-        printed(u"mutool"_qs,
-                {u"draw"_qs, u"-q"_qs, u"-r"_qs, u"72"_qs, u"-o"_qs, path(u"mupdf.png"_qs), path(), number});
-        return {QImage(path(u"poppler.png"_qs)), QImage(path(u"mupdf.png"_qs))};
+        printed(u"pdftoppm"_s,
+                {u"-r"_s, u"72"_s, u"-png"_s, u"-singlefile"_s, u"-f"_s, number, path(), path(u"poppler"_s)});
+        printed(u"mutool"_s,
+                {u"draw"_s, u"-q"_s, u"-r"_s, u"72"_s, u"-o"_s, path(u"mupdf.png"_s), path(), number});
+        return {QImage(path(u"poppler.png"_s)), QImage(path(u"mupdf.png"_s))};
     }
 };
 
@@ -27,34 +29,34 @@ TEST_F(PDFReaders, TwoOfThemAgreeOnTextsColoursAndPictures)
 {
     QImage photo(60, 40, QImage::Format_RGB32);
     photo.fill(QColor(0, 160, 0));
-    ASSERT_TRUE(photo.save(path(u"foto.jpg"_qs)));
+    ASSERT_TRUE(photo.save(path(u"foto.jpg"_s)));
 
     PDFPrinter pdf;
     configure(pdf);
     pdf.PDFUseOutlines(true);
-    pdf.PDFTitle(u"Agenda da Clínica"_qs);
+    pdf.PDFTitle(u"Agenda da Clínica"_s);
     beginDocument(pdf);
     pdf.PDFSetLineColor(0xFF0000);
     pdf.PDFSetLineWidth(12);
     pdf.PDFDrawLine(15, 77, 575, 77);
     pdf.PDFSetFont(0, 9, 0);
-    pdf.PDFTextOut(u"08:00 CONCEIÇÃO (retorno) – às 9h"_qs, 20, 90);
-    pdf.PDFImage(path(u"foto.jpg"_qs), 300, 300, 120, 80);
+    pdf.PDFTextOut(u"08:00 CONCEIÇÃO (retorno) – às 9h"_s, 20, 90);
+    pdf.PDFImage(path(u"foto.jpg"_s), 300, 300, 120, 80);
     pdf.PDFEndPage();
     pdf.PDFPageWidth(842);
     pdf.PDFPageHeight(595);
     pdf.PDFNewPage();
     pdf.PDFSetDrawMode(1);
-    pdf.PDFSetDrawColor(u"#FF0000"_qs);
+    pdf.PDFSetDrawColor(u"#FF0000"_s);
     pdf.PDFDrawRectangle(100, 100, 200, 100);
     pdf.PDFEndPage();
     pdf.PDFEndDoc();
     expectReadable(2);
 
-    EXPECT_TRUE(printed(u"pdfinfo"_qs, {path()}).contains(u"Agenda da Clínica"));
-    EXPECT_TRUE(printed(u"mutool"_qs, {u"show"_qs, path(), u"outline"_qs}).contains(u"dois"));
-    for (const QString& text : {printed(u"pdftotext"_qs, {u"-layout"_qs, path(), u"-"_qs}),
-                                printed(u"mutool"_qs, {u"draw"_qs, u"-q"_qs, u"-F"_qs, u"txt"_qs, path()})})
+    EXPECT_TRUE(printed(u"pdfinfo"_s, {path()}).contains(u"Agenda da Clínica"));
+    EXPECT_TRUE(printed(u"mutool"_s, {u"show"_s, path(), u"outline"_s}).contains(u"dois"));
+    for (const QString& text : {printed(u"pdftotext"_s, {u"-layout"_s, path(), u"-"_s}),
+                                printed(u"mutool"_s, {u"draw"_s, u"-q"_s, u"-F"_s, u"txt"_s, path()})})
         EXPECT_TRUE(text.contains(u"08:00 CONCEIÇÃO (retorno) – às 9h"));
     for (const QImage& page : drawn(1)) {
         EXPECT_EQ(page.size(), QSize(595, 842));

@@ -5,6 +5,8 @@
 #include <QProcess>
 #include <QRegularExpression>
 
+using namespace Qt::StringLiterals;
+
 QByteArray PDFTest::bytes(const QString& name) const
 {
     return Files::read(path(name));
@@ -17,18 +19,18 @@ void PDFTest::put(const QString& name, const QByteArray& bytes) const
 
 QString PDFTest::oneFont() const
 {
-    Files::makeFolder(path(u"one"_qs));
-    put(u"one/Helvetica.afm"_qs, "StartFontMetrics 4.1\r\nC 33 ; WX 999 ;\r\nStartCharMetrics 5\r\n"
-                                 "C 32 ; WX 250 ; N space ;\r\nC 65 ; WX 700.9 ; N A ;\r\n"
-                                 "C 97 ; WX 500 ; N a ;\r\nC 110 ; WX 600 ; N n ;\r\n"
-                                 "C -1 ; WX 800 ; N Aacute ;\r\nEndCharMetrics\r\n");
-    return path(u"one"_qs);
+    Files::makeFolder(path(u"one"_s));
+    put(u"one/Helvetica.afm"_s, "StartFontMetrics 4.1\r\nC 33 ; WX 999 ;\r\nStartCharMetrics 5\r\n"
+                                "C 32 ; WX 250 ; N space ;\r\nC 65 ; WX 700.9 ; N A ;\r\n"
+                                "C 97 ; WX 500 ; N a ;\r\nC 110 ; WX 600 ; N n ;\r\n"
+                                "C -1 ; WX 800 ; N Aacute ;\r\nEndCharMetrics\r\n");
+    return path(u"one"_s);
 }
 
 void PDFTest::configure(PDFPrinter& pdf, const QString& fonts) const
 {
     pdf.PDFFileName(path());
-    pdf.PDFLoadAfm(fonts.isEmpty() ? Files::inProgramFolder(u"\\fonts"_qs) : fonts);
+    pdf.PDFLoadAfm(fonts.isEmpty() ? Files::inProgramFolder(u"\\fonts"_s) : fonts);
     pdf.PDFFormatPage(0);
     pdf.PDFOrientation(1);
     pdf.PDFSetUnit(0);
@@ -37,8 +39,8 @@ void PDFTest::configure(PDFPrinter& pdf, const QString& fonts) const
 void PDFTest::beginDocument(PDFPrinter& pdf)
 {
     pdf.PDFBeginDoc();
-    pdf.PDFSetBookmark(u"um"_qs, 0, 40);
-    pdf.PDFSetBookmark(u"dois"_qs, 1, 60);
+    pdf.PDFSetBookmark(u"um"_s, 0, 40);
+    pdf.PDFSetBookmark(u"dois"_s, 1, 60);
 }
 
 QByteArray PDFTest::content(const std::function<void(PDFPrinter&)>& draw)
@@ -60,10 +62,10 @@ QByteArray PDFTest::content(const std::function<void(PDFPrinter&)>& draw)
 void PDFTest::expectReadable(int pages, const QString& name) const
 {
     const auto found = [&](const QString& text) {
-        return QRegularExpression(u"Pages:\\s+(\\d+)"_qs).match(text).captured(1).toInt();
+        return QRegularExpression(u"Pages:\\s+(\\d+)"_s).match(text).captured(1).toInt();
     };
-    EXPECT_EQ(found(printed(u"pdfinfo"_qs, {path(name)})), pages);
-    EXPECT_EQ(found(printed(u"mutool"_qs, {u"info"_qs, path(name)})), pages);
+    EXPECT_EQ(found(printed(u"pdfinfo"_s, {path(name)})), pages);
+    EXPECT_EQ(found(printed(u"mutool"_s, {u"info"_s, path(name)})), pages);
 }
 
 QString PDFTest::printed(const QString& program, const QStringList& arguments)

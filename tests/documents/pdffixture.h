@@ -10,12 +10,14 @@
 #include <functional>
 #include <gtest/gtest.h>
 
+using namespace Qt::StringLiterals;
+
 /// Documents in a folder of their own. The metrics are those of the program, unless a test has others.
 class PDFTest : public testing::Test
 {
 protected:
-    QString path(const QString& name = u"documento.pdf"_qs) const { return folder_.filePath(name); }
-    QByteArray bytes(const QString& name = u"documento.pdf"_qs) const;
+    QString path(const QString& name = u"documento.pdf"_s) const { return folder_.filePath(name); }
+    QByteArray bytes(const QString& name = u"documento.pdf"_s) const;
     void put(const QString& name, const QByteArray& bytes) const;
 
     /// A folder with the metrics of Helvetica alone, of which "A" (700), "a" (500), "n" (600) and the blank
@@ -33,7 +35,7 @@ protected:
     QByteArray content(const std::function<void(PDFPrinter&)>& draw);
 
     /// A document of that many pages is complete: poppler's and mupdf's tools find so many.
-    void expectReadable(int pages, const QString& name = u"documento.pdf"_qs) const;
+    void expectReadable(int pages, const QString& name = u"documento.pdf"_s) const;
     /// What a program prints; fails where it does not succeed.
     static QString printed(const QString& program, const QStringList& arguments);
 

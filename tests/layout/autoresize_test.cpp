@@ -11,6 +11,8 @@
 #include <QVBoxLayout>
 #include <gtest/gtest.h>
 
+using namespace Qt::StringLiterals;
+
 namespace {
 
 /// 600 x 400, every control at a place of its own, without a layout, and one group with a layout.
@@ -23,12 +25,12 @@ public:
         button->setGeometry(400, 300, 101, 31);
         bar->setGeometry(0, 370, 600, 30);
         fixed->setGeometry(200, 20, 50, 50);
-        fixed->setProperty("tag", QStringLiteral("NO"));
+        fixed->setProperty("tag", u"NO"_s);
         line->setFrameShape(QFrame::HLine);
         line->setGeometry(10, 100, 500, 3);
         tabs->setGeometry(20, 120, 300, 200);
         for (QWidget* page : {first, second})
-            tabs->addTab(page, QStringLiteral("page"));
+            tabs->addTab(page, u"page"_s);
         auto* column = new QVBoxLayout(second);
         column->addWidget(hidden);
         group->setGeometry(340, 120, 200, 150);
@@ -95,9 +97,9 @@ TEST_F(Resizing, PlacesAndSizesFollowTheirOwnRatioAndFontsTheSmaller)
 
 TEST_F(Resizing, NoTextLosesItsEdges)
 {
-    form.combo->addItem(QStringLiteral("0 - NÃO"));
+    form.combo->addItem(u"0 - NÃO"_s);
     form.combo->resize(form.combo->sizeHint());
-    form.button->setText(QStringLiteral("Confirmação de Notificação"));
+    form.button->setText(u"Confirmação de Notificação"_s);
     form.button->resize(form.button->sizeHint());
     Q_EMIT form.loaded(); // the sizes are noted now
     QStyleOptionComboBox list;

@@ -1,11 +1,13 @@
-#include "lookups/jsonbag.h"
-#include "platform/system/error.h"
+#include "lookups/json/jsonbag.h"
+#include "platform/values/error.h"
 
 #include <QJsonDocument>
 #include <cstdio>
 #include <cstdlib>
 #include <nlohmann/json.hpp>
 #include <random>
+
+using namespace Qt::StringLiterals;
 
 /// Reads documents that are spoilt at random, the same ones for the same seed, and ends the program where one
 /// is neither read nor refused as it should. Meant to run under the sanitizers:
@@ -14,15 +16,13 @@
 namespace {
 
 const QString seeds[] = {
-    QStringLiteral("[1,-2.5e+10,true,null,\"a\\u00e7\\n\\\"\",{\"a\":[],\"b\":{}}]"),
-    QStringLiteral("[{\"a\":1,\"b\":2},{\"a\":3,\"b\":4},{\"b\":5,\"a\":6,\"a\":7},{\"a\":8}]"),
-    QStringLiteral(
-        "{\"nome\":\"S\u00E3o\\ud83d\\ude00\",\"x\":[[[[]]]],\"y\":0.1234567890123456789012345678}"),
-    QStringLiteral("{\"a\":{\"a\":{\"a\":{\"b\":FALSE,\"c\":1E-400}}},\"\":\"\"} rest"),
+    u"[1,-2.5e+10,true,null,\"a\\u00e7\\n\\\"\",{\"a\":[],\"b\":{}}]"_s,
+    u"[{\"a\":1,\"b\":2},{\"a\":3,\"b\":4},{\"b\":5,\"a\":6,\"a\":7},{\"a\":8}]"_s,
+    u"{\"nome\":\"S\u00E3o\\ud83d\\ude00\",\"x\":[[[[]]]],\"y\":0.1234567890123456789012345678}"_s,
+    u"{\"a\":{\"a\":{\"a\":{\"b\":FALSE,\"c\":1E-400}}},\"\":\"\"} rest"_s,
 };
 
-const QString pieces =
-    QStringLiteral("[]{}:,\"\\\\u0019e+-. \ntrfalsn\u00E7\u2028") + QChar(0xD800) + QChar(0xDC00);
+const QString pieces = u"[]{}:,\"\\\\u0019e+-. \ntrfalsn\u00E7\u2028"_s + QChar(0xD800) + QChar(0xDC00);
 
 QString spoilt(QString text, std::mt19937& random)
 {

@@ -1,5 +1,5 @@
-#include "lookups/jsonbag.h"
-#include "platform/system/error.h"
+#include "lookups/json/jsonbag.h"
+#include "platform/values/error.h"
 #include "support/errorof.h"
 #include "support/print.h"
 
@@ -7,6 +7,8 @@
 #include <cmath>
 #include <gtest/gtest.h>
 #include <limits>
+
+using namespace Qt::StringLiterals;
 
 namespace {
 
@@ -52,41 +54,41 @@ TEST(JsonReading, Accepts)
     {
         QString text, written = text;
     } rows[] = {
-        {u" \t\r\n[ ] "_qs, u"[]"_qs},
-        {u"[,,,1 2,\"x\",]"_qs, u"[1,2,\"x\"]"_qs},
-        {uR"({"a":1,,"b":2 "c":3,})"_qs, uR"({"a":1,"b":2,"c":3})"_qs},
-        {uR"({ "a" : [ { } , [ ] ] })"_qs, uR"({"a":[{},[]]})"_qs},
-        {u"[]]] what follows"_qs, u"[]"_qs},
-        {u"[TRUE,False,nUlL,truefalse]"_qs, u"[true,false,null,true,false]"_qs},
+        {u" \t\r\n[ ] "_s, u"[]"_s},
+        {u"[,,,1 2,\"x\",]"_s, u"[1,2,\"x\"]"_s},
+        {uR"({"a":1,,"b":2 "c":3,})"_s, uR"({"a":1,"b":2,"c":3})"_s},
+        {uR"({ "a" : [ { } , [ ] ] })"_s, uR"({"a":[{},[]]})"_s},
+        {u"[]]] what follows"_s, u"[]"_s},
+        {u"[TRUE,False,nUlL,truefalse]"_s, u"[true,false,null,true,false]"_s},
         // names
-        {uR"({"":"","a":1,"A":2})"_qs},
-        {uR"({"a":1,"b":2,"a":3,"\u0062":4})"_qs, uR"({"a":3,"b":4})"_qs},
-        {uR"([{"a":1,"b":2},{"a":5},{"a":6,"c":7},{"b":8,"b":9}])"_qs,
-         uR"([{"a":1,"b":2},{"a":5},{"a":6,"c":7},{"b":9}])"_qs},
-        {uR"([{"a":1,"ab":2},{"ab":3,"a":4},{"a":5,"abc":6},{"a":7,"ab":8,"c":9}])"_qs},
-        {uR"([{"a":1,"x":2},{"b":3,"c":4},{"b":5,"x":6}])"_qs},
-        {uR"([{"a":1,"b":2,"a":3},{"a":4,"b":5,"a":8},{"b":6,"a":7}])"_qs,
-         uR"([{"b":2,"a":3},{"b":5,"a":8},{"b":6,"a":7}])"_qs},
-        {uR"([{"\\":1},{"\"x":2},{"\"x":3}])"_qs},
+        {uR"({"":"","a":1,"A":2})"_s},
+        {uR"({"a":1,"b":2,"a":3,"\u0062":4})"_s, uR"({"a":3,"b":4})"_s},
+        {uR"([{"a":1,"b":2},{"a":5},{"a":6,"c":7},{"b":8,"b":9}])"_s,
+         uR"([{"a":1,"b":2},{"a":5},{"a":6,"c":7},{"b":9}])"_s},
+        {uR"([{"a":1,"ab":2},{"ab":3,"a":4},{"a":5,"abc":6},{"a":7,"ab":8,"c":9}])"_s},
+        {uR"([{"a":1,"x":2},{"b":3,"c":4},{"b":5,"x":6}])"_s},
+        {uR"([{"a":1,"b":2,"a":3},{"a":4,"b":5,"a":8},{"b":6,"a":7}])"_s,
+         uR"([{"b":2,"a":3},{"b":5,"a":8},{"b":6,"a":7}])"_s},
+        {uR"([{"\\":1},{"\"x":2},{"\"x":3}])"_s},
         // texts
-        {uR"(["\"\\\/\b\f\n\r\t\u00e7"])"_qs, uR"(["\"\\/\b\f\n\r\tç"])"_qs},
-        {u"[\"a\"\"b\"\"\x7F\"]"_qs, uR"(["a","b","\u007F"])"_qs},
-        {u"[\"ç\u20AC / \u007E\"]"_qs},
-        {uR"(["\u0000\u001F\u0080\u009f"])"_qs, uR"(["\u0000\u001F\u0080\u009F"])"_qs},
-        {u"[\"\u00A0\u034E\u034F\u0350\u200A\u200B\u200F\u2010\u2027\u2028\u202E\u202F\"]"_qs,
-         u"[\"\u00A0\u034E\\u034F\u0350\u200A\\u200B\\u200F\u2010\u2027\\u2028\\u202E\u202F\"]"_qs},
-        {u"[\"\u205F\u2060\u2061\uFDFF\uFE00\uFE0F\uFE10\uFEFE\uFEFF\uFFFC\uFFFD\"]"_qs,
-         u"[\"\u205F\\u2060\u2061\uFDFF\\uFE00\\uFE0F\uFE10\uFEFE\\uFEFF\uFFFC\\uFFFD\"]"_qs},
-        {u"[\"\U0001F600\\ud83d\"]"_qs, uR"(["\uD83D\uDE00\uD83D"])"_qs},
+        {uR"(["\"\\\/\b\f\n\r\t\u00e7"])"_s, uR"(["\"\\/\b\f\n\r\tç"])"_s},
+        {u"[\"a\"\"b\"\"\x7F\"]"_s, uR"(["a","b","\u007F"])"_s},
+        {u"[\"ç\u20AC / \u007E\"]"_s},
+        {uR"(["\u0000\u001F\u0080\u009f"])"_s, uR"(["\u0000\u001F\u0080\u009F"])"_s},
+        {u"[\"\u00A0\u034E\u034F\u0350\u200A\u200B\u200F\u2010\u2027\u2028\u202E\u202F\"]"_s,
+         u"[\"\u00A0\u034E\\u034F\u0350\u200A\\u200B\\u200F\u2010\u2027\\u2028\\u202E\u202F\"]"_s},
+        {u"[\"\u205F\u2060\u2061\uFDFF\uFE00\uFE0F\uFE10\uFEFE\uFEFF\uFFFC\uFFFD\"]"_s,
+         u"[\"\u205F\\u2060\u2061\uFDFF\\uFE00\\uFE0F\uFE10\uFEFE\\uFEFF\uFFFC\\uFFFD\"]"_s},
+        {u"[\"\U0001F600\\ud83d\"]"_s, uR"(["\uD83D\uDE00\uD83D"])"_s},
         // numbers
-        {u"[0,-1,12.5,-0.25,1e3,1E+3,25e-1]"_qs, u"[0,-1,12.5,-0.25,1000,1000,2.5]"_qs},
-        {u"[0.1,0.30000000000000004,123456789012,1e20,1.5E300]"_qs,
-         u"[0.1,0.30000000000000004,123456789012,1e+20,1.5e+300]"_qs},
-        {u"[9007199254740993,0.00001,0.000001,9754103.8898074246]"_qs,
-         u"[9007199254740992,0.00001,1e-06,9754103.889807425]"_qs},
-        {u"[1.7976931348623157e+308,5e-324,2.2250738585072014e-308,-0]"_qs},
-        {u"[1.,007,-012.50,1.e1,1true]"_qs, u"[1,7,-12.5,10,1,true]"_qs},
-        {u"[1e-999,-1e-999,0e999999999999]"_qs, u"[0,-0,0]"_qs},
+        {u"[0,-1,12.5,-0.25,1e3,1E+3,25e-1]"_s, u"[0,-1,12.5,-0.25,1000,1000,2.5]"_s},
+        {u"[0.1,0.30000000000000004,123456789012,1e20,1.5E300]"_s,
+         u"[0.1,0.30000000000000004,123456789012,1e+20,1.5e+300]"_s},
+        {u"[9007199254740993,0.00001,0.000001,9754103.8898074246]"_s,
+         u"[9007199254740992,0.00001,1e-06,9754103.889807425]"_s},
+        {u"[1.7976931348623157e+308,5e-324,2.2250738585072014e-308,-0]"_s},
+        {u"[1.,007,-012.50,1.e1,1true]"_s, u"[1,7,-12.5,10,1,true]"_s},
+        {u"[1e-999,-1e-999,0e999999999999]"_s, u"[0,-0,0]"_s},
         {nested(JsonBag::deepest)},
     };
     for (const auto& row : rows)
@@ -100,36 +102,34 @@ TEST(JsonReading, RejectsWithThePosition)
         QString failure;
         QStringList texts; ///< with a "|" in front of the character that is told
     } rows[] = {
-        {u"13 Expected either { or [ at character %1"_qs,
-         {u"|"_qs, u" \n|\"a\""_qs, u"|\u00A0[]"_qs, u"|\uFEFF[]"_qs}},
-        {u"13 Bad value at character %1"_qs,
-         {u"[|"_qs, u"[true|"_qs, u"[ |nul"_qs, u"[1,|+2]"_qs, u"[|.5]"_qs, u"[1|}"_qs, uR"({"a": |})"_qs}},
-        {u"13 Expected , or } at character %1"_qs,
-         {u"{|"_qs, uR"({"a":null|)"_qs, uR"({"a":1|])"_qs, u"{|a:1}"_qs}},
-        {u"13 Found \",\" before first item at character %1"_qs, {uR"({|,"a":1})"_qs}},
-        {u"13 Expected : at character %1"_qs,
-         {uR"({"a" |1})"_qs, uR"({"a"|)"_qs, uR"([{"a":1},{"a"|=2}])"_qs}},
-        {u"13 Expected \" at character %1"_qs, {u"[\"abc|"_qs, uR"([{"abc":1},{"ab|)"_qs}},
-        {u"13 Invalid string character at %1"_qs,
-         {u"[\"a|\x1F\"]"_qs, u"[\"\\na|"_qs + QChar(0) + u"\"]"_qs}},
-        {u"13 Bad string character escape at character %1"_qs,
-         {uR"(["\|)"_qs, uR"(["a\|x"])"_qs, uR"(["\|B"])"_qs, uR"(["\u|123)"_qs, uR"(["\u|12G4"])"_qs,
-          uR"(["\u|+123"])"_qs}},
-        {u"13 Ran off end of string while parsing a number"_qs, {u"[-"_qs, u"[1e5"_qs, uR"({"a":1)"_qs}},
-        {u"13 Second decimal point at character %1"_qs, {u"[1.2|.3]"_qs}},
-        {u"13 Digit expected at character %1"_qs, {u"[-|.5]"_qs}},
-        {u"13 Second exponent sign at character %1"_qs, {u"[1e+|-5]"_qs}},
-        {u"6 Number overflow or parse error at character %1"_qs,
-         {u"[|-]"_qs, u"[0, |1e]"_qs, u"[|1e+]"_qs, u"[|1e5-]"_qs, u"[|-e5]"_qs, u"[|1e309]"_qs,
-          u"[|-1e99999999999999999999]"_qs}},
-        {u"28 Nested too deep at character %1"_qs,
-         {QString(1000, u'[') + u"|[]"_qs, QString(1000, u'[') + u'|' + QString(1'000'000, u'['),
-          u"{\"a\":"_qs.repeated(1000) + u"|{\"a\":"_qs.repeated(100'000)}},
+        {u"13 Expected either { or [ at character %1"_s,
+         {u"|"_s, u" \n|\"a\""_s, u"|\u00A0[]"_s, u"|\uFEFF[]"_s}},
+        {u"13 Bad value at character %1"_s,
+         {u"[|"_s, u"[true|"_s, u"[ |nul"_s, u"[1,|+2]"_s, u"[|.5]"_s, u"[1|}"_s, uR"({"a": |})"_s}},
+        {u"13 Expected , or } at character %1"_s,
+         {u"{|"_s, uR"({"a":null|)"_s, uR"({"a":1|])"_s, u"{|a:1}"_s}},
+        {u"13 Found \",\" before first item at character %1"_s, {uR"({|,"a":1})"_s}},
+        {u"13 Expected : at character %1"_s, {uR"({"a" |1})"_s, uR"({"a"|)"_s, uR"([{"a":1},{"a"|=2}])"_s}},
+        {u"13 Expected \" at character %1"_s, {u"[\"abc|"_s, uR"([{"abc":1},{"ab|)"_s}},
+        {u"13 Invalid string character at %1"_s, {u"[\"a|\x1F\"]"_s, u"[\"\\na|"_s + QChar(0) + u"\"]"_s}},
+        {u"13 Bad string character escape at character %1"_s,
+         {uR"(["\|)"_s, uR"(["a\|x"])"_s, uR"(["\|B"])"_s, uR"(["\u|123)"_s, uR"(["\u|12G4"])"_s,
+          uR"(["\u|+123"])"_s}},
+        {u"13 Ran off end of string while parsing a number"_s, {u"[-"_s, u"[1e5"_s, uR"({"a":1)"_s}},
+        {u"13 Second decimal point at character %1"_s, {u"[1.2|.3]"_s}},
+        {u"13 Digit expected at character %1"_s, {u"[-|.5]"_s}},
+        {u"13 Second exponent sign at character %1"_s, {u"[1e+|-5]"_s}},
+        {u"6 Number overflow or parse error at character %1"_s,
+         {u"[|-]"_s, u"[0, |1e]"_s, u"[|1e+]"_s, u"[|1e5-]"_s, u"[|-e5]"_s, u"[|1e309]"_s,
+          u"[|-1e99999999999999999999]"_s}},
+        {u"28 Nested too deep at character %1"_s,
+         {QString(1000, u'[') + u"|[]"_s, QString(1000, u'[') + u'|' + QString(1'000'000, u'['),
+          u"{\"a\":"_s.repeated(1000) + u"|{\"a\":"_s.repeated(100'000)}},
     };
     for (const auto& row : rows)
         for (QString text : row.texts) {
             const QString failure =
-                QString(row.failure).replace(u"%1"_qs, QString::number(text.indexOf(u'|') + 1));
+                QString(row.failure).replace(u"%1"_s, QString::number(text.indexOf(u'|') + 1));
             text.remove(u'|');
             EXPECT_EQ(failureOf([&] { rewritten(text); }), failure) << text.left(40).toStdString();
         }
@@ -141,25 +141,25 @@ TEST(JsonReading, DecimalsKeepTheirDigits)
     {
         QString text, written = text;
     } rows[] = {
-        {u"[1234567890123456789012345678]"_qs},
-        {u"[-12345678901234.56789012345678]"_qs},
-        {u"[0.00001234567890123456789012345678]"_qs},
-        {u"[79228162514264337593543950335]"_qs},
-        {u"[12345678901234567890123456784.5]"_qs, u"[12345678901234567890123456785]"_qs},
-        {u"[0.99999999999999999999999999995]"_qs, u"[1]"_qs},
-        {u"[1.50,1e3,25e-1,1E-25,-0,-0.0e5,007]"_qs, u"[1.5,1000,2.5,0.0000000000000000000000001,0,0,7]"_qs},
-        {u"[1e-400,1e-99999999999]"_qs, u"[0,0]"_qs},
+        {u"[1234567890123456789012345678]"_s},
+        {u"[-12345678901234.56789012345678]"_s},
+        {u"[0.00001234567890123456789012345678]"_s},
+        {u"[79228162514264337593543950335]"_s},
+        {u"[12345678901234567890123456784.5]"_s, u"[12345678901234567890123456785]"_s},
+        {u"[0.99999999999999999999999999995]"_s, u"[1]"_s},
+        {u"[1.50,1e3,25e-1,1E-25,-0,-0.0e5,007]"_s, u"[1.5,1000,2.5,0.0000000000000000000000001,0,0,7]"_s},
+        {u"[1e-400,1e-99999999999]"_s, u"[0,0]"_s},
     };
     for (const auto& row : rows)
         EXPECT_EQ(rewritten(row.text, true), row.written);
     for (const QString& text :
-         {u"[79228162514264337593543950336]"_qs, u"[1e29]"_qs, u"[1e99999999999]"_qs, u"[1e]"_qs})
+         {u"[79228162514264337593543950336]"_s, u"[1e29]"_s, u"[1e99999999999]"_s, u"[1e]"_s})
         EXPECT_EQ(failureOf([&] { rewritten(text, true); }),
                   u"6 Number overflow or parse error at character 2");
 
     JsonBag bag;
     bag.setDecimalMode(true);
-    bag.setJSON(u"{\"a\":[0.1,\"0.1\"]}"_qs);
+    bag.setJSON(u"{\"a\":[0.1,\"0.1\"]}"_s);
     JsonBag& child = bag.Item(u"a").bag();
     EXPECT_TRUE(child.DecimalMode()) << "children are read in the same way";
     EXPECT_EQ(child.Item(1).kind(), JsonValue::Kind::Decimal);
@@ -175,11 +175,11 @@ TEST(JsonReading, AFailureLeavesTheItemsReadSoFar)
     {
         QString text, failure, left;
     } rows[] = {
-        {uR"([1,{"a":2},[3,[4,?)"_qs, u"13 Bad value at character 18"_qs, uR"([1,{"a":2}])"_qs},
-        {uR"({"a":1,"b":2,"a":x})"_qs, u"13 Bad value at character 18"_qs, uR"({"a":1,"b":2})"_qs},
-        {uR"({"a":[{"a":1,"b":2}],"c":[{"a":)"_qs, u"13 Bad value at character 32"_qs,
-         uR"({"a":[{"a":1,"b":2}]})"_qs},
-        {u"1"_qs, u"13 Expected either { or [ at character 1"_qs, u"{}"_qs},
+        {uR"([1,{"a":2},[3,[4,?)"_s, u"13 Bad value at character 18"_s, uR"([1,{"a":2}])"_s},
+        {uR"({"a":1,"b":2,"a":x})"_s, u"13 Bad value at character 18"_s, uR"({"a":1,"b":2})"_s},
+        {uR"({"a":[{"a":1,"b":2}],"c":[{"a":)"_s, u"13 Bad value at character 32"_s,
+         uR"({"a":[{"a":1,"b":2}]})"_s},
+        {u"1"_s, u"13 Expected either { or [ at character 1"_s, u"{}"_s},
     };
     for (const auto& row : rows) {
         EXPECT_EQ(failureOf([&] { bag.setJSON(row.text); }), row.failure);
@@ -190,7 +190,7 @@ TEST(JsonReading, AFailureLeavesTheItemsReadSoFar)
 TEST(JsonReading, AlikeObjectsOfADocumentStandAlone)
 {
     JsonBag bag;
-    bag.setJSON(u"[{\"nome\":\"ANA\",\"uf\":\"SP\"},{\"nome\":\"RUI\",\"uf\":\"RJ\"},{\"nome\":\"LIA\"}]"_qs);
+    bag.setJSON(u"[{\"nome\":\"ANA\",\"uf\":\"SP\"},{\"nome\":\"RUI\",\"uf\":\"RJ\"},{\"nome\":\"LIA\"}]"_s);
     const JsonValue name = bag.Item(1).bag().Item(u"nome");
     const JsonValue first = bag.Item(2).bag().Item(1);
     const std::shared_ptr<JsonBag> child = bag.Item(2).sharedBag();
@@ -203,7 +203,7 @@ TEST(JsonReading, AlikeObjectsOfADocumentStandAlone)
     EXPECT_EQ(child->JSON(), u"{\"uf\":\"RJ\",\"nome\":\"EVA\"}");
     // The document's texts go with its last bag.
     child->Clear();
-    bag.setJSON(u"[\"%1\"]"_qs.arg(QString(1000, u'x')));
+    bag.setJSON(u"[\"%1\"]"_s.arg(QString(1000, u'x')));
     EXPECT_EQ(name.text(), u"ANA");
     EXPECT_EQ(first.text(), u"RUI");
 }
@@ -226,7 +226,7 @@ TEST(JsonReading, LongTexts)
 TEST(JsonWriting, LinesAndIndents)
 {
     JsonBag bag;
-    bag.setJSON(u"{\"a\":[1,{\"b\":\"x y\"},[]],\"c\":{},\"d\":null}"_qs);
+    bag.setJSON(u"{\"a\":[1,{\"b\":\"x y\"},[]],\"c\":{},\"d\":null}"_s);
     bag.Whitespace = true;
     EXPECT_EQ(bag.JSON(), u"{\r\n    \"a\":[\r\n        1,\r\n        {\r\n            \"b\":\"x y\"\r\n"
                           "        },\r\n        []\r\n    ],\r\n    \"c\":{},\r\n    \"d\":null\r\n}");
@@ -248,7 +248,7 @@ TEST(JsonWriting, WhatHasNoFormIsTold)
               u"51 x, value inf failed to serialize");
     EXPECT_EQ(failure(std::nan(""), true), u"51 , value nan failed to serialize");
     EXPECT_EQ(failure(JsonValue(QVariant(QDate(2026, 3, 16))), false),
-              u"51 x, unknown/unsupported type = %1"_qs.arg(QMetaType::QDate));
+              u"51 x, unknown/unsupported type = %1"_s.arg(QMetaType::QDate));
 
     const auto bag = std::make_shared<JsonBag>();
     bag->setItem(u"self", bag);
@@ -267,7 +267,7 @@ TEST(JsonBagItems, AnObjectIsOrderedByInsertion)
     EXPECT_TRUE(bag.Item(u"c").isNull());
 
     bag.setItem(u"a", 9);
-    EXPECT_EQ(bag.NewEnum(), (QStringList{u"b"_qs, u"c"_qs, u"a"_qs})) << "a replaced item moves to the end";
+    EXPECT_EQ(bag.NewEnum(), (QStringList{u"b"_s, u"c"_s, u"a"_s})) << "a replaced item moves to the end";
     bag.setItem(u"a", true);
     EXPECT_EQ(bag.JSON(), u"{\"b\":\"dois\",\"c\":null,\"a\":true}");
 
@@ -286,7 +286,7 @@ TEST(JsonBagItems, AnObjectIsOrderedByInsertion)
     bag.AddNewObject(u"B").setItem(u"á", u"\"");
     EXPECT_TRUE(bag.Item(u"lista").bag().IsArray());
     EXPECT_EQ(bag.JSON(), u"{\"a\":true,\"lista\":[1.5],\"B\":{\"á\":\"\\\"\"}}");
-    EXPECT_EQ(JsonBag::Version(), QStringList{u"1.7"_qs});
+    EXPECT_EQ(JsonBag::Version(), QStringList{u"1.7"_s});
 }
 
 TEST(JsonBagItems, AnArrayIsChangedByIndex)
@@ -319,7 +319,7 @@ TEST(JsonBagItems, OnlyAnObjectsPlacesExist)
     EXPECT_TRUE(bag.Exists(1));
     for (const JsonKey& key : {JsonKey(u"a"), JsonKey(0), JsonKey(2), JsonKey(nullptr)})
         EXPECT_FALSE(bag.Exists(key));
-    bag.setJSON(u"[1]"_qs);
+    bag.setJSON(u"[1]"_s);
     EXPECT_FALSE(bag.Exists(1));
 }
 
@@ -328,27 +328,26 @@ TEST(JsonBagItems, WrongCallsAreErrors)
     JsonBag object;
     fillABC(object);
     JsonBag array;
-    array.setJSON(u"[1]"_qs);
+    array.setJSON(u"[1]"_s);
     const struct
     {
         std::function<void()> call;
         QString failure;
     } rows[] = {
-        {[&] { object.setIsArray(true); }, u"5 Cannot change IsArray setting after items have been added"_qs},
-        {[&] { object.Item(); }, u"94 Key must be String or an index)"_qs},
-        {[&] { array.Item(nullptr); }, u"94 Key must be String or an index)"_qs},
-        {[&] { array.Item(u"1"); }, u"5 Array values can only be acessed by index"_qs},
-        {[&] { object.Item(0); }, u"9 Subscript out of range"_qs},
-        {[&] { array.Item(2); }, u"9 Subscript out of range"_qs},
-        {[&] { array.setItem(u"a", 1); },
-         u"5 Array values can only be changed by index or added via Null"_qs},
-        {[&] { array.setItem(0, 1); }, u"9 Subscript out of range"_qs},
+        {[&] { object.setIsArray(true); }, u"5 Cannot change IsArray setting after items have been added"_s},
+        {[&] { object.Item(); }, u"94 Key must be String or an index)"_s},
+        {[&] { array.Item(nullptr); }, u"94 Key must be String or an index)"_s},
+        {[&] { array.Item(u"1"); }, u"5 Array values can only be acessed by index"_s},
+        {[&] { object.Item(0); }, u"9 Subscript out of range"_s},
+        {[&] { array.Item(2); }, u"9 Subscript out of range"_s},
+        {[&] { array.setItem(u"a", 1); }, u"5 Array values can only be changed by index or added via Null"_s},
+        {[&] { array.setItem(0, 1); }, u"9 Subscript out of range"_s},
         {[&] { object.setItem(1, 1); },
-         u"5 Object values can only be changed or added by key not by index"_qs},
-        {[&] { array.Name(1); }, u"5 Array items do not have names"_qs},
-        {[&] { object.Name(4); }, u"9 Subscript out of range"_qs},
-        {[&] { array.NewEnum(); }, u"5 Arrays must be iterated using index values"_qs},
-        {[&] { array.Remove(u"a"); }, u"5 Must remove by index for arrays"_qs},
+         u"5 Object values can only be changed or added by key not by index"_s},
+        {[&] { array.Name(1); }, u"5 Array items do not have names"_s},
+        {[&] { object.Name(4); }, u"9 Subscript out of range"_s},
+        {[&] { array.NewEnum(); }, u"5 Arrays must be iterated using index values"_s},
+        {[&] { array.Remove(u"a"); }, u"5 Must remove by index for arrays"_s},
     };
     for (const auto& row : rows)
         EXPECT_EQ(failureOf(row.call), row.failure);
@@ -360,7 +359,7 @@ TEST(JsonBagItems, ManyNamesChangeLikeFew)
 {
     constexpr int many = 20'000;
     JsonBag bag;
-    const auto name = [](int i) { return u"nome %1"_qs.arg(i); };
+    const auto name = [](int i) { return u"nome %1"_s.arg(i); };
     bag.setItem(u"gone", 1);
     bag.Remove(u"gone");
     for (int i = 0; i < many; ++i)
@@ -398,7 +397,7 @@ TEST(JsonValues, KindsAndConversions)
     JsonBag bag;
     bag.setIsArray(true);
     for (const JsonValue& value :
-         {JsonValue(QVariant()), JsonValue(QVariant(true)), JsonValue(QVariant(u"x"_qs)),
+         {JsonValue(QVariant()), JsonValue(QVariant(true)), JsonValue(QVariant(u"x"_s)),
           JsonValue(QVariant(2.5)), JsonValue(QVariant(-7)), JsonValue(qint64(9007199254740993)),
           JsonValue(std::numeric_limits<qint64>::min()),
           JsonValue(QVariant(std::numeric_limits<quint64>::max())), JsonValue(std::shared_ptr<JsonBag>())})

@@ -1,5 +1,5 @@
 #include "app/core/variaveis.h"
-#include "lookups/buscas.h"
+#include "lookups/consultasweb.h"
 #include "lookups/validadocumento.h"
 #include "support/errorof.h"
 #include "support/oneanswer.h"
@@ -7,6 +7,8 @@
 #include "support/scripteddialogs.h"
 
 #include <gtest/gtest.h>
+
+using namespace Qt::StringLiterals;
 
 using namespace std::chrono_literals;
 
@@ -26,7 +28,7 @@ struct Services
 
 QString boxText(const QString& failure)
 {
-    return failure + u"\nCONEXÃO COM A INTERNET E/OU WEBSERVICE FALHOU!"_qs;
+    return failure + u"\nCONEXÃO COM A INTERNET E/OU WEBSERVICE FALHOU!"_s;
 }
 
 } // namespace
@@ -40,39 +42,39 @@ TEST(Documents, AcceptedRefusedAndMasked)
         QString left = typed; ///< what the caller's text is afterwards
     } rows[] = {
         // people
-        {u"12345678909"_qs, u"123.456.789-09"_qs},
-        {u"123.456.789-09"_qs, u"123.456.789-09"_qs},
-        {u"94208093900"_qs, u"942.080.939-00"_qs},
-        {u"11111111111"_qs, u"111.111.111-11"_qs},
-        {u"12345678908"_qs},
-        {u"12345678919"_qs},
-        {u"123.4567890909"_qs},
-        {u"123/456.789-09"_qs},
+        {u"12345678909"_s, u"123.456.789-09"_s},
+        {u"123.456.789-09"_s, u"123.456.789-09"_s},
+        {u"94208093900"_s, u"942.080.939-00"_s},
+        {u"11111111111"_s, u"111.111.111-11"_s},
+        {u"12345678908"_s},
+        {u"12345678919"_s},
+        {u"123.4567890909"_s},
+        {u"123/456.789-09"_s},
         // companies
-        {u"11222333000181"_qs, u"11.222.333/0001-81"_qs, u"11.222.333/0001-81"_qs},
-        {u"11.222.333/0001-81"_qs, u"11.222.333/0001-81"_qs},
-        {u"11222333/0001-81"_qs, u"11222333/0001-81"_qs},
-        {u"07243765000100"_qs, u"07.243.765/0001-00"_qs, u"07.243.765/0001-00"_qs},
-        {u"11222333000182"_qs, {}, u"11.222.333/0001-82"_qs},
-        {u"11222333000191"_qs, {}, u"11.222.333/0001-91"_qs},
+        {u"11222333000181"_s, u"11.222.333/0001-81"_s, u"11.222.333/0001-81"_s},
+        {u"11.222.333/0001-81"_s, u"11.222.333/0001-81"_s},
+        {u"11222333/0001-81"_s, u"11222333/0001-81"_s},
+        {u"07243765000100"_s, u"07.243.765/0001-00"_s, u"07.243.765/0001-00"_s},
+        {u"11222333000182"_s, {}, u"11.222.333/0001-82"_s},
+        {u"11222333000191"_s, {}, u"11.222.333/0001-91"_s},
         // with letters
-        {u"12ABC34501DE35"_qs, u"12.ABC.345/01DE-35"_qs, u"12.ABC.345/01DE-35"_qs},
-        {u"12.ABC.345/01DE-35"_qs, u"12.ABC.345/01DE-35"_qs},
-        {u"93ZB0VRYV6KA66"_qs, {}, u"93.ZB0.VRY/V6KA-66"_qs},
-        {u"12abc34501de35"_qs},
-        {u"AB123456000100"_qs},
-        {u"12A45678980"_qs},
+        {u"12ABC34501DE35"_s, u"12.ABC.345/01DE-35"_s, u"12.ABC.345/01DE-35"_s},
+        {u"12.ABC.345/01DE-35"_s, u"12.ABC.345/01DE-35"_s},
+        {u"93ZB0VRYV6KA66"_s, {}, u"93.ZB0.VRY/V6KA-66"_s},
+        {u"12abc34501de35"_s},
+        {u"AB123456000100"_s},
+        {u"12A45678980"_s},
         // the other lengths, with check digits that fit as far as the sums go
-        {u""_qs},
-        {u"0000000000"_qs},
-        {u"11.222.333//0001-81"_qs},
+        {u""_s},
+        {u"0000000000"_s},
+        {u"11.222.333//0001-81"_s},
         // what no document holds
-        {u"12345é78909"_qs},
-        {u"١٢٣٤٥٦٧٨٩٠٩"_qs},
+        {u"12345é78909"_s},
+        {u"١٢٣٤٥٦٧٨٩٠٩"_s},
     };
     for (const auto& row : rows) {
-        Variaveis::Resultado = u"of the row before"_qs;
-        Variaveis::DocumentoValido = u"of the row before"_qs;
+        Variaveis::Resultado = u"of the row before"_s;
+        Variaveis::DocumentoValido = u"of the row before"_s;
         QString text = row.typed;
         Rotirnas::ValidaDocumento(text);
         EXPECT_EQ(text, row.left);
@@ -83,7 +85,7 @@ TEST(Documents, AcceptedRefusedAndMasked)
 
 TEST(PostalCode, AddressesAndFailures)
 {
-    const QString noXml = u"91 A resposta não é um documento XML"_qs;
+    const QString noXml = u"91 A resposta não é um documento XML"_s;
     const struct
     {
         QByteArray xml;
@@ -94,30 +96,30 @@ TEST(PostalCode, AddressesAndFailures)
         {"<?xml version=\"1.0\" encoding=\"UTF-8\"?>\n<xmlcep>\n  <cep>01001-000</cep>\n"
          "  <logradouro>Praça da Sé</logradouro>\n  <complemento/>\n  <bairro>Sé</bairro>\n"
          "  <localidade>São Paulo</localidade>\n  <uf>sp</uf>\n  <ibge>3550308</ibge>\n</xmlcep>\n",
-         u" PRAÇA DA SÉ|SÉ|SÃO PAULO|SP|3550308"_qs},
+         u" PRAÇA DA SÉ|SÉ|SÃO PAULO|SP|3550308"_s},
         {"<?xml version=\"1.0\" encoding=\"ISO-8859-1\"?><w><logradouro>da S\xe9</logradouro>"
          "<tipo_logradouro>Pra\xe7"
          "a</tipo_logradouro><localidade>A</localidade><cidade>B &amp; C</cidade></w>",
-         u"PRAÇA DA SÉ||B & C||"_qs},
-        {"<w><cidade>B</cidade><localidade>A</localidade></w>", u" ||A||"_qs},
-        {"<w><x><uf>RJ</uf></x><uf>SP</uf></w>", u" |||SP|"_qs},
-        {"<xmlcep><erro>true</erro></xmlcep>", u" ||||"_qs},
-        {"<w><uf>SP</uf></w>", {}, u"404 O serviço respondeu com um erro"_qs, "404 Not Found"},
+         u"PRAÇA DA SÉ||B & C||"_s},
+        {"<w><cidade>B</cidade><localidade>A</localidade></w>", u" ||A||"_s},
+        {"<w><x><uf>RJ</uf></x><uf>SP</uf></w>", u" |||SP|"_s},
+        {"<xmlcep><erro>true</erro></xmlcep>", u" ||||"_s},
+        {"<w><uf>SP</uf></w>", {}, u"404 O serviço respondeu com um erro"_s, "404 Not Found"},
         {"<w><uf>SP</uf>", {}, noXml},
         {"<w><uf>SP</uf></w><w/>", {}, noXml},
         {"{\"uf\": \"SP\"}", {}, noXml},
         {"<!DOCTYPE w [<!ENTITY e SYSTEM \"file:///etc/hostname\">]><w><uf>&e;</uf></w>",
          {},
-         u"91 Elemento sem conteúdo: uf"_qs},
-        {"<w><uf>SP</uf><bairro></bairro></w>", {}, u"91 Elemento sem conteúdo: bairro"_qs},
+         u"91 Elemento sem conteúdo: uf"_s},
+        {"<w><uf>SP</uf><bairro></bairro></w>", {}, u"91 Elemento sem conteúdo: bairro"_s},
     };
     ScriptedDialogs dialogs;
     for (const auto& row : rows) {
         if (!row.failure.isEmpty())
-            dialogs.expect(boxText(row.failure), u"Atenção"_qs);
+            dialogs.expect(boxText(row.failure), u"Atenção"_s);
         OneAnswer server(OneAnswer::http(row.status, row.xml));
         const Services services(server.host());
-        EXPECT_EQ(Funcoes::BuscaCep(u"01001000"_qs), row.address);
+        EXPECT_EQ(Funcoes::BuscaCep(u"01001000"_s), row.address);
         EXPECT_TRUE(server.request().startsWith("GET /ws/01001000/xml/ HTTP/1.1\r\n"));
         dialogs.verify();
     }
@@ -126,27 +128,27 @@ TEST(PostalCode, AddressesAndFailures)
 TEST(PostalCode, NobodyAnswers)
 {
     ScriptedDialogs dialogs;
-    const auto expect = [&](const QString& failure) { dialogs.expect(boxText(failure), u"Atenção"_qs); };
+    const auto expect = [&](const QString& failure) { dialogs.expect(boxText(failure), u"Atenção"_s); };
     OneAnswer silent("");
     {
         const Services services(silent.host());
-        expect(u"12002 O servidor não respondeu a tempo: 127.0.0.1"_qs);
-        EXPECT_EQ(Funcoes::BuscaCep(u"01001000"_qs, 200ms), u"");
+        expect(u"12002 O servidor não respondeu a tempo: 127.0.0.1"_s);
+        EXPECT_EQ(Funcoes::BuscaCep(u"01001000"_s, 200ms), u"");
     }
     const Services nobody(OneAnswer::closedHost());
-    expect(u"12029 Sem conexão com o servidor: 127.0.0.1 (Connection refused)"_qs);
-    EXPECT_EQ(Funcoes::BuscaCep(u"01001000"_qs), u"");
+    expect(u"12029 Sem conexão com o servidor: 127.0.0.1 (Connection refused)"_s);
+    EXPECT_EQ(Funcoes::BuscaCep(u"01001000"_s), u"");
     expect(
-        u"12005 Endereço inválido: %1/ws/0100 000/xml/"_qs.arg(qEnvironmentVariable("TREMOSILVA_HOST_CEP")));
-    EXPECT_EQ(Funcoes::BuscaCep(u"0100 000"_qs), u"");
+        u"12005 Endereço inválido: %1/ws/0100 000/xml/"_s.arg(qEnvironmentVariable("TREMOSILVA_HOST_CEP")));
+    EXPECT_EQ(Funcoes::BuscaCep(u"0100 000"_s), u"");
 }
 
 TEST(OtherLookups, BodiesAsTheyComeAndFailuresAreTheCallers)
 {
     const QByteArray body = "{\n  \"nome\": \"CLÍNICA\"\n}";
     const QString text = QString::fromUtf8(body);
-    const auto company = [] { return Funcoes::BuscaCnpj(u"11.222.333/0001-81"_qs); };
-    const auto place = [] { return Funcoes::BuscaCepJson(u"01001000"_qs); };
+    const auto company = [] { return Funcoes::BuscaCnpj(u"11.222.333/0001-81"_s); };
+    const auto place = [] { return Funcoes::BuscaCepJson(u"01001000"_s); };
     const struct
     {
         std::function<QString()> call;
@@ -154,7 +156,7 @@ TEST(OtherLookups, BodiesAsTheyComeAndFailuresAreTheCallers)
         QString result;
     } rows[] = {{company, "/v1/cnpj/11.222.333/0001-81", "200 OK", text},
                 {company, "/v1/cnpj/11.222.333/0001-81", "429 Too Many Requests", text},
-                {company, "/v1/cnpj/11.222.333/0001-81", "404 Not Found", u"404 Error"_qs},
+                {company, "/v1/cnpj/11.222.333/0001-81", "404 Not Found", u"404 Error"_s},
                 {place, "/ws/01001000/json/", "404 Not Found", text}};
     for (const auto& row : rows) {
         OneAnswer server(OneAnswer::http(row.status, body));
@@ -171,23 +173,23 @@ TEST(OtherLookups, BodiesAsTheyComeAndFailuresAreTheCallers)
 TEST(JsonText, FieldsByPosition)
 {
     const QString answer = u"{\n  \"nome_fantasia\": \"SÃO LUCAS\",\n  \"nome\": \"CLÍNICA\",\n"
-                           "  \"numero\": 120,\n  \"uf\": \"\",\n  \"ok\":\"X\",\n  \"fim\": 1\n}"_qs;
+                           "  \"numero\": 120,\n  \"uf\": \"\",\n  \"ok\":\"X\",\n  \"fim\": 1\n}"_s;
     const struct
     {
         QString text, field, value;
     } rows[] = {
-        {answer, u"nome_fantasia"_qs, u"SÃO LUCAS"_qs},
-        {answer, u"uf"_qs, u""_qs},
-        {answer, u"nome"_qs, u"tasia"_qs},       // found in the longer name
-        {answer, u"numero"_qs, u"20,\n  "_qs},   // no quotation marks around the value
-        {answer, u"ok"_qs, u""_qs},              // no blank behind the colon: one character late
-        {answer, u"email"_qs, u"e_fantasia"_qs}, // absent
-        {u"{\"nome\": \"X\"}"_qs, u"nome"_qs, u"X"_qs},
+        {answer, u"nome_fantasia"_s, u"SÃO LUCAS"_s},
+        {answer, u"uf"_s, u""_s},
+        {answer, u"nome"_s, u"tasia"_s},       // found in the longer name
+        {answer, u"numero"_s, u"20,\n  "_s},   // no quotation marks around the value
+        {answer, u"ok"_s, u""_s},              // no blank behind the colon: one character late
+        {answer, u"email"_s, u"e_fantasia"_s}, // absent
+        {u"{\"nome\": \"X\"}"_s, u"nome"_s, u"X"_s},
     };
     for (const auto& row : rows)
         EXPECT_EQ(Funcoes::ValorJson(row.text, row.field), row.value) << row.field.toStdString();
 
     for (const auto& [text, field] :
-         {std::pair(answer, u"fim"_qs), {u"404 Error"_qs, u"nome"_qs}, {u""_qs, u"nome"_qs}})
+         {std::pair(answer, u"fim"_s), {u"404 Error"_s, u"nome"_s}, {u""_s, u"nome"_s}})
         EXPECT_EQ(errorOf([&] { Funcoes::ValorJson(text, field); }), 5) << text.toStdString();
 }

@@ -2,6 +2,8 @@
 #include "platform/datafixture.h"
 #include "support/texttable.h"
 
+using namespace Qt::StringLiterals;
+
 using namespace ADODB;
 
 namespace {
@@ -22,9 +24,9 @@ using BoundRows = EitherStore;
 TEST_P(BoundRows, ANewRowIsSentWithWhatWasSetAndReadBack)
 {
     Recordset rs;
-    open(rs, u"select * from plano order by nmplano"_qs);
+    open(rs, u"select * from plano order by nmplano"_s);
     EXPECT_TRUE(rs.Eof());
-    for (const QString& name : {u"UNIMED"_qs, u"AMIL"_qs}) {
+    for (const QString& name : {u"UNIMED"_s, u"AMIL"_s}) {
         rs.AddNew();
         EXPECT_FALSE(rs.Eof());
         EXPECT_TRUE(rs.Fields("nmplano").isNull());
@@ -38,9 +40,9 @@ TEST_P(BoundRows, ANewRowIsSentWithWhatWasSetAndReadBack)
     EXPECT_EQ(rs.Fields("idplano").integer(), 2);
     EXPECT_EQ(rs.Fields("pdesc").text(), u"12,35");
     EXPECT_EQ(rs.Fields("sit").text(), u"N");
-    EXPECT_EQ(planos(u"idplano, nmplano, pdesc, inicio, sit"_qs),
-              (Table{{u"1"_qs, u"UNIMED"_qs, u"12.35"_qs, QString(), u"N"_qs},
-                     {u"2"_qs, u"AMIL"_qs, u"12.35"_qs, QString(), u"N"_qs}}));
+    EXPECT_EQ(planos(u"idplano, nmplano, pdesc, inicio, sit"_s),
+              (Table{{u"1"_s, u"UNIMED"_s, u"12.35"_s, QString(), u"N"_s},
+                     {u"2"_s, u"AMIL"_s, u"12.35"_s, QString(), u"N"_s}}));
     rs.Requery();
     EXPECT_EQ(rs.AbsolutePosition(), 1);
     EXPECT_EQ(rs.Fields("nmplano").text(), u"AMIL");
@@ -56,19 +58,19 @@ TEST_P(BoundRows, WhatIsAssignedArrivesAsTheColumnStoresIt)
         QString stored;
     };
     const auto text = [](const QString& value) { return Assign([value](Field field) { field = value; }); };
-    const QString hard = u"D'Ávila \\ \"x\" `y` % _ 日本 😀\r\n; --"_qs;
+    const QString hard = u"D'Ávila \\ \"x\" `y` % _ 日本 😀\r\n; --"_s;
     const QString large(150'000, u'é');
     std::vector<Case> cases{
-        {u"nmplano"_qs, text(hard), hard},
-        {u"nmplano"_qs, text(QString()), u""_qs},
-        {u"nmplano"_qs, [](Field f) { f = nullptr; }, QString()},
-        {u"nmplano"_qs, [](Field f) { f = 12.5; }, u"12.5"_qs},
-        {u"nmplano"_qs, [](Field f) { f = QDate(2026, 1, 31); }, u"2026/01/31"_qs},
-        {u"obs"_qs, text(large), large},
-        {u"pdesc"_qs, [](Field f) { f = 0.1 + 0.2; }, u"0.30"_qs},
-        {u"qtde"_qs, [](Field f) { f = -1.5; }, u"-1.5"_qs},
-        {u"inicio"_qs, [](Field f) { f = QDate(1899, 12, 30); }, u"1899-12-30"_qs},
-        {u"inicio"_qs, [](Field f) { f = QDate(); }, QString()},
+        {u"nmplano"_s, text(hard), hard},
+        {u"nmplano"_s, text(QString()), u""_s},
+        {u"nmplano"_s, [](Field f) { f = nullptr; }, QString()},
+        {u"nmplano"_s, [](Field f) { f = 12.5; }, u"12.5"_s},
+        {u"nmplano"_s, [](Field f) { f = QDate(2026, 1, 31); }, u"2026/01/31"_s},
+        {u"obs"_s, text(large), large},
+        {u"pdesc"_s, [](Field f) { f = 0.1 + 0.2; }, u"0.30"_s},
+        {u"qtde"_s, [](Field f) { f = -1.5; }, u"-1.5"_s},
+        {u"inicio"_s, [](Field f) { f = QDate(1899, 12, 30); }, u"1899-12-30"_s},
+        {u"inicio"_s, [](Field f) { f = QDate(); }, QString()},
     };
     // Texts; on 4 November 2018 summer time began at midnight.
     for (const QStringList& row :
@@ -79,12 +81,12 @@ TEST_P(BoundRows, WhatIsAssignedArrivesAsTheColumnStoresIt)
                    "visto=31/01/2026=2026-01-31 00:00:00|hora=8:05=08:05:00"))
         cases.push_back({row[0], text(row[1]), row[2] == u"null" ? QString() : row[2]});
     for (const Case& given : cases) {
-        SCOPED_TRACE((given.column + u" to "_qs + given.stored.left(40)).toStdString());
+        SCOPED_TRACE((given.column + u" to "_s + given.stored.left(40)).toStdString());
         database().clear();
         database().execute(u"insert into plano (nmplano, pdesc, qtde, inicio, hora, visto, obs)"
-                           " values ('velho', 1, 1, '2000-01-01', '1:00', '2000-01-01', 'velho')"_qs);
+                           " values ('velho', 1, 1, '2000-01-01', '1:00', '2000-01-01', 'velho')"_s);
         Recordset rs;
-        open(rs, u"select * from plano"_qs);
+        open(rs, u"select * from plano"_s);
         const Field field = rs.Fields(given.column);
         given.assign(field);
         EXPECT_EQ(field.isNull(), given.stored.isNull());
@@ -95,8 +97,8 @@ TEST_P(BoundRows, WhatIsAssignedArrivesAsTheColumnStoresIt)
         EXPECT_EQ(field.isNull(), given.stored.isNull());
     }
     Recordset rs;
-    open(rs, u"select * from plano"_qs);
-    EXPECT_EQ(errorOf([&] { rs.Fields("pdesc") = u"doze"_qs; }), 13);
+    open(rs, u"select * from plano"_s);
+    EXPECT_EQ(errorOf([&] { rs.Fields("pdesc") = u"doze"_s; }), 13);
     EXPECT_EQ(errorOf([&] { rs.Fields("idplano") = QDate(2026, 1, 31); }), 13);
 }
 
@@ -104,11 +106,11 @@ TEST_P(BoundRows, ANumberThatIsLeftBlankIsTheServersAndAnyOtherStays)
 {
     using Assign = std::function<void(Field)>;
     const std::pair<Assign, int> cases[] = {
-        {[](Field f) { f = nullptr; }, 1},  {[](Field f) { f = u""_qs; }, 2}, {[](Field f) { f = 0; }, 3},
-        {[](Field f) { f = u"00"_qs; }, 4}, {[](Field f) { f = 77; }, 77},
+        {[](Field f) { f = nullptr; }, 1}, {[](Field f) { f = u""_s; }, 2}, {[](Field f) { f = 0; }, 3},
+        {[](Field f) { f = u"00"_s; }, 4}, {[](Field f) { f = 77; }, 77},
     };
     Recordset rs;
-    open(rs, u"select * from plano"_qs);
+    open(rs, u"select * from plano"_s);
     for (const auto& [assign, number] : cases) {
         rs.AddNew();
         assign(rs.Fields("idplano"));
@@ -121,122 +123,121 @@ TEST_P(BoundRows, ANumberThatIsLeftBlankIsTheServersAndAnyOtherStays)
 TEST_P(BoundRows, ARecordsetUsedAgainKnowsNothingOfItsLastResult)
 {
     database().execute(u"insert into plano (idplano) select seq from seq_1_to_200;"
-                       "insert into produto values ('A', '1', 'luva'), ('A', '2', 'gaze')"_qs);
+                       "insert into produto values ('A', '1', 'luva'), ('A', '2', 'gaze')"_s);
     for (const bool reconnect : {false, true}) {
         SCOPED_TRACE(reconnect);
         Recordset rs;
-        open(rs, u"select * from plano order by idplano"_qs);
-        rs.Filter(u"idplano > 100"_qs);
+        open(rs, u"select * from plano order by idplano"_s);
+        rs.Filter(u"idplano > 100"_s);
         for (int i = 0; i < 10; ++i)
             rs.Delete();
-        rs.Fields("nmplano") = u"half typed"_qs;
+        rs.Fields("nmplano") = u"half typed"_s;
         if (reconnect)
             connection.Close(), connection.Open();
         else
             rs.Close();
-        open(rs, u"select * from produto order by cdpro"_qs);
+        open(rs, u"select * from produto order by cdpro"_s);
         EXPECT_EQ(rs.RecordCount(), 2);
         rs.MoveNext();
-        rs.Fields("dspro") = reconnect ? u"soro"_qs : u"fio"_qs;
+        rs.Fields("dspro") = reconnect ? u"soro"_s : u"fio"_s;
         rs.Update();
-        EXPECT_EQ(database().value(u"select group_concat(dspro order by cdpro) from produto"_qs),
+        EXPECT_EQ(database().value(u"select group_concat(dspro order by cdpro) from produto"_s),
                   reconnect ? u"luva,soro" : u"luva,fio");
     }
     EXPECT_EQ(database().rows(u"select min(idplano), max(idplano), count(*), count(nmplano) from plano"
-                              " where idplano > 100"_qs),
-              (Table{{u"121"_qs, u"200"_qs, u"80"_qs, u"0"_qs}}));
+                              " where idplano > 100"_s),
+              (Table{{u"121"_s, u"200"_s, u"80"_s, u"0"_s}}));
 }
 
 TEST_P(BoundRows, AnUpdateTouchesOneRowAndOnlyWhatWasSet)
 {
     database().execute(
-        u"insert into produto values ('A', '0012', 'luva'), ('A', '12', 'gaze'), ('B', '0012', 'soro')"_qs);
+        u"insert into produto values ('A', '0012', 'luva'), ('A', '12', 'gaze'), ('B', '0012', 'soro')"_s);
     Recordset rs;
-    open(rs, u"select * from produto order by idlic, cdpro"_qs);
+    open(rs, u"select * from produto order by idlic, cdpro"_s);
     // Another station has changed a column that this one does not set: it stays.
     Recordset other;
-    open(other, u"select cdpro, idlic, dspro from produto where idlic = 'A' and cdpro = '0012'"_qs);
-    rs.Fields("dspro") = u"LUVA M"_qs;
+    open(other, u"select cdpro, idlic, dspro from produto where idlic = 'A' and cdpro = '0012'"_s);
+    rs.Fields("dspro") = u"LUVA M"_s;
     rs.Update();
-    other.Fields("cdpro") = u"0013"_qs;
+    other.Fields("cdpro") = u"0013"_s;
     other.Update();
-    const Table expected{{u"A"_qs, u"0013"_qs, u"LUVA M"_qs},
-                         {u"A"_qs, u"12"_qs, u"gaze"_qs},
-                         {u"B"_qs, u"0012"_qs, u"soro"_qs}};
-    const QString all = u"select * from produto order by idlic, cdpro"_qs;
+    const Table expected{
+        {u"A"_s, u"0013"_s, u"LUVA M"_s}, {u"A"_s, u"12"_s, u"gaze"_s}, {u"B"_s, u"0012"_s, u"soro"_s}};
+    const QString all = u"select * from produto order by idlic, cdpro"_s;
     EXPECT_EQ(database().rows(all), expected);
     // The row is read back under its new key, and can be changed again under it.
     EXPECT_EQ(other.Fields("dspro").text(), u"LUVA M");
-    other.Fields("dspro") = u"LUVA G"_qs;
+    other.Fields("dspro") = u"LUVA G"_s;
     other.Update();
     EXPECT_EQ(database().rows(all).first().last(), u"LUVA G");
 }
 
 TEST_P(BoundRows, DeletingLeavesTheNextRowCurrent)
 {
-    database().execute(u"insert into plano (nmplano) values ('A'), ('B'), ('C')"_qs);
+    database().execute(u"insert into plano (nmplano) values ('A'), ('B'), ('C')"_s);
     Recordset rs;
-    open(rs, u"select * from plano"_qs);
+    open(rs, u"select * from plano"_s);
     rs.MoveNext();
     rs.Delete();
     EXPECT_EQ(rs.Fields("nmplano").text(), u"C");
     EXPECT_EQ(rs.RecordCount(), 2);
     rs.Delete();
     EXPECT_TRUE(rs.Eof());
-    EXPECT_EQ(planos(), (Table{{u"1"_qs, u"A"_qs}}));
+    EXPECT_EQ(planos(), (Table{{u"1"_s, u"A"_s}}));
     EXPECT_EQ(errorOf([&] { rs.Delete(); }), 3021);
 }
 
 TEST_P(BoundRows, ARowThatIsGoneIsAnError)
 {
-    database().execute(u"insert into plano (nmplano) values ('A'), ('B')"_qs);
+    database().execute(u"insert into plano (nmplano) values ('A'), ('B')"_s);
     Recordset rs;
-    open(rs, u"select * from plano"_qs);
+    open(rs, u"select * from plano"_s);
     // An update that changes nothing finds its row all the same.
-    rs.Fields("nmplano") = u"A"_qs;
+    rs.Fields("nmplano") = u"A"_s;
     rs.Update();
-    database().execute(u"delete from plano where idplano = 1"_qs);
-    rs.Fields("nmplano") = u"X"_qs;
+    database().execute(u"delete from plano where idplano = 1"_s);
+    rs.Fields("nmplano") = u"X"_s;
     EXPECT_EQ(errorOf([&] { rs.Update(); }), Error::RowGone);
     rs.CancelUpdate();
     EXPECT_EQ(errorOf([&] { rs.Delete(); }), Error::RowGone);
-    EXPECT_EQ(planos(), (Table{{u"2"_qs, u"B"_qs}}));
+    EXPECT_EQ(planos(), (Table{{u"2"_s, u"B"_s}}));
 }
 
 TEST_P(BoundRows, AnUnsavedChangeStandsInTheWayUntilItIsSavedOrCancelled)
 {
-    database().execute(u"insert into produto values ('A', '1', 'luva'), ('A', '2', 'gaze')"_qs);
+    database().execute(u"insert into produto values ('A', '1', 'luva'), ('A', '2', 'gaze')"_s);
     Recordset rs;
-    open(rs, u"select * from produto"_qs);
+    open(rs, u"select * from produto"_s);
     rs.AddNew();
-    rs.Fields("idlic") = u"A"_qs;
-    rs.Fields("cdpro") = u"2"_qs;
+    rs.Fields("idlic") = u"A"_s;
+    rs.Fields("cdpro") = u"2"_s;
     EXPECT_EQ(errorOf([&] { rs.Update(); }), 1062);
     for (const auto& move : std::initializer_list<std::function<void()>>{
-             [&] { rs.MoveNext(); }, [&] { rs.Find(u"cdpro = '1'"_qs); }, [&] { rs.Filter({}); },
+             [&] { rs.MoveNext(); }, [&] { rs.Find(u"cdpro = '1'"_s); }, [&] { rs.Filter({}); },
              [&] { rs.Requery(); }, [&] { rs.AddNew(); }, [&] { rs.Delete(); },
              [&] { rs.setAbsolutePosition(2); }})
         EXPECT_EQ(errorOf(move), 3219);
-    rs.Fields("cdpro") = u"3"_qs;
+    rs.Fields("cdpro") = u"3"_s;
     rs.Update();
-    rs.Fields("dspro") = u"esquecido"_qs;
+    rs.Fields("dspro") = u"esquecido"_s;
     rs.CancelUpdate();
     rs.MovePrevious();
     rs.AddNew();
     rs.CancelUpdate();
     EXPECT_EQ(rs.Fields("cdpro").text(), u"2");
     EXPECT_EQ(
-        database().value(u"select group_concat(cdpro, ifnull(dspro, '-') order by cdpro) from produto"_qs),
+        database().value(u"select group_concat(cdpro, ifnull(dspro, '-') order by cdpro) from produto"_s),
         u"1luva,2gaze,3-");
 }
 
 TEST_P(BoundRows, WhatHasNoOneTableAndKeyIsReadOnly)
 {
-    database().execute(u"insert into plano (nmplano) values ('A'); insert into solto values (1, 'x')"_qs);
-    for (const QString& sql : {u"select * from solto"_qs,
-                               u"select p.*, s.b from plano p left join solto s on p.idplano like s.a"_qs,
-                               u"select a.idplano, b.nmplano from plano a, plano b"_qs,
-                               u"select nmplano from plano"_qs, u"select 1 as a"_qs}) {
+    database().execute(u"insert into plano (nmplano) values ('A'); insert into solto values (1, 'x')"_s);
+    for (const QString& sql :
+         {u"select * from solto"_s, u"select p.*, s.b from plano p left join solto s on p.idplano like s.a"_s,
+          u"select a.idplano, b.nmplano from plano a, plano b"_s, u"select nmplano from plano"_s,
+          u"select 1 as a"_s}) {
         SCOPED_TRACE(sql.toStdString());
         Recordset rs;
         open(rs, sql);
@@ -246,15 +247,15 @@ TEST_P(BoundRows, WhatHasNoOneTableAndKeyIsReadOnly)
         EXPECT_FALSE(rs.Eof());
     }
     Recordset rs;
-    open(rs, u"select idplano, nmplano as nome, concat(nmplano, '!') as grito from plano"_qs);
-    EXPECT_EQ(errorOf([&] { rs.Fields("grito") = u"B!"_qs; }), 3251);
-    rs.Fields("nome") = u"B"_qs;
+    open(rs, u"select idplano, nmplano as nome, concat(nmplano, '!') as grito from plano"_s);
+    EXPECT_EQ(errorOf([&] { rs.Fields("grito") = u"B!"_s; }), 3251);
+    rs.Fields("nome") = u"B"_s;
     rs.Update();
-    EXPECT_EQ(planos(), (Table{{u"1"_qs, u"B"_qs}}));
+    EXPECT_EQ(planos(), (Table{{u"1"_s, u"B"_s}}));
 
     Recordset locked;
-    locked.Open(u"select * from plano"_qs, connection, Recordset::Static, Recordset::ReadOnly);
-    EXPECT_EQ(errorOf([&] { locked.Fields("nmplano") = u"C"_qs; }), 3251);
+    locked.Open(u"select * from plano"_s, connection, Recordset::Static, Recordset::ReadOnly);
+    EXPECT_EQ(errorOf([&] { locked.Fields("nmplano") = u"C"_s; }), 3251);
 }
 
 /// Rows that the searches below run over.
@@ -265,7 +266,7 @@ protected:
     {
         EitherStore::SetUp();
         fill();
-        open(rs, u"select * from plano order by idplano"_qs);
+        open(rs, u"select * from plano order by idplano"_s);
     }
 
     static void fill()
@@ -275,7 +276,7 @@ protected:
                            " ('0012', 12.50, '2026-01-31', '2026-01-31 10:00:00', 'ANDRÉ'),"
                            " ('12', -1, '2026-02-01', '2026-02-01 00:00:00', 'a and b'),"
                            " ('20260101', 0, null, null, 'd''água'),"
-                           " ('X12', 100, '2018-11-04', '2018-11-04 00:30:00', null)"_qs);
+                           " ('X12', 100, '2018-11-04', '2018-11-04 00:30:00', null)"_s);
     }
 
     Recordset rs;
@@ -310,40 +311,39 @@ TEST_P(Searched, FindAndFilterReadTheSameCriteria)
         EXPECT_EQ(found, expected);
         EXPECT_EQ(rs.RecordCount(), expected.size());
     }
-    rs.Filter(u" "_qs);
+    rs.Filter(u" "_s);
     EXPECT_EQ(rs.RecordCount(), 4);
 }
 
 TEST_P(Searched, WhatIsNoCriterionIsRefusedByNumber)
 {
-    for (const QString& criteria :
-         {u"nmplano like ABC"_qs, u"nmplano = "_qs, u"nmplano"_qs, u"= 2"_qs, u"nmplano = 'a"_qs,
-          u"idplano = 1 and"_qs, u"idplano = 1 or idplano = 2"_qs, u"idplano = 1 nmplano = 2"_qs,
-          u"nmplano like12"_qs, u"pdesc = 12,5"_qs}) {
+    for (const QString& criteria : {u"nmplano like ABC"_s, u"nmplano = "_s, u"nmplano"_s, u"= 2"_s,
+                                    u"nmplano = 'a"_s, u"idplano = 1 and"_s, u"idplano = 1 or idplano = 2"_s,
+                                    u"idplano = 1 nmplano = 2"_s, u"nmplano like12"_s, u"pdesc = 12,5"_s}) {
         SCOPED_TRACE(criteria.toStdString());
         EXPECT_EQ(errorOf([&] { rs.Find(criteria); }), 3001);
         EXPECT_EQ(errorOf([&] { rs.Filter(criteria); }), 3001);
     }
-    EXPECT_EQ(errorOf([&] { rs.Find(u"nada = 1"_qs); }), 3265);
+    EXPECT_EQ(errorOf([&] { rs.Find(u"nada = 1"_s); }), 3265);
     EXPECT_EQ(rs.RecordCount(), 4);
     EXPECT_EQ(rs.AbsolutePosition(), 1);
 }
 
 TEST_P(Searched, RowsAreAddedAndDeletedUnderAFilter)
 {
-    rs.Filter(u"pdesc like 77"_qs);
+    rs.Filter(u"pdesc like 77"_s);
     EXPECT_TRUE(rs.Eof());
     rs.AddNew();
     rs.Fields("pdesc") = 77;
     rs.Update();
     EXPECT_EQ(rs.RecordCount(), 1);
-    rs.Filter(u"idplano > 2"_qs);
+    rs.Filter(u"idplano > 2"_s);
     EXPECT_EQ(rs.RecordCount(), 3);
     rs.Delete();
     EXPECT_EQ(rs.Fields("idplano").integer(), 4);
     rs.Filter({});
     EXPECT_EQ(rs.RecordCount(), 4);
-    EXPECT_EQ(database().value(u"select group_concat(idplano order by idplano) from plano"_qs), u"1,2,4,5");
+    EXPECT_EQ(database().value(u"select group_concat(idplano order by idplano) from plano"_s), u"1,2,4,5");
 }
 
 TEST_P(Searched, APositionIsGoneBackTo)
@@ -360,7 +360,7 @@ TEST_P(Searched, APositionIsGoneBackTo)
     rs.setAbsolutePosition(2);
     EXPECT_EQ(rs.Fields("idplano").integer(), 2);
     EXPECT_EQ(errorOf([&] { rs.setAbsolutePosition(5); }), 3001);
-    rs.Filter(u"idplano < 3"_qs);
+    rs.Filter(u"idplano < 3"_s);
     EXPECT_EQ(errorOf([&] { rs.setBookmark(mark); }), 3001);
 }
 
@@ -374,18 +374,18 @@ TEST_P(Searched, RequeryKeepsTheRow)
         QString after;
     };
     const Case cases[] = {
-        {"the row moved up", u"delete from plano where idplano = 1"_qs, 3, u"3"_qs},
-        {"the row moved down", u"insert into plano (idplano) values (-5)"_qs, 3, u"3"_qs},
-        {"the row went", u"delete from plano where idplano = 2"_qs, 2, u"3"_qs},
-        {"the last row went", u"delete from plano where idplano = 4"_qs, 4, u"1"_qs},
-        {"it was at the end", u"insert into plano (idplano) values (9)"_qs, 5, u"1"_qs},
-        {"all rows went", u"delete from plano"_qs, 2, QString()},
+        {"the row moved up", u"delete from plano where idplano = 1"_s, 3, u"3"_s},
+        {"the row moved down", u"insert into plano (idplano) values (-5)"_s, 3, u"3"_s},
+        {"the row went", u"delete from plano where idplano = 2"_s, 2, u"3"_s},
+        {"the last row went", u"delete from plano where idplano = 4"_s, 4, u"1"_s},
+        {"it was at the end", u"insert into plano (idplano) values (9)"_s, 5, u"1"_s},
+        {"all rows went", u"delete from plano"_s, 2, QString()},
     };
     for (const Case& given : cases)
         for (
             const QString& sql :
-            {u"select * from plano order by idplano"_qs,
-             u"select p.idplano, s.b from plano p left join solto s on p.idplano like s.a order by p.idplano"_qs}) {
+            {u"select * from plano order by idplano"_s,
+             u"select p.idplano, s.b from plano p left join solto s on p.idplano like s.a order by p.idplano"_s}) {
             SCOPED_TRACE(given.happened);
             fill();
             Recordset own;
@@ -401,9 +401,9 @@ TEST_P(Searched, RequeryKeepsTheRow)
         }
     // Where a join repeats the key, the row at the same position is meant.
     fill();
-    database().execute(u"insert into solto values (1, 'a'), (1, 'b'), (1, 'c')"_qs);
+    database().execute(u"insert into solto values (1, 'a'), (1, 'b'), (1, 'c')"_s);
     Recordset own;
-    open(own, u"select p.idplano, s.b from plano p, solto s order by p.idplano, s.b"_qs);
+    open(own, u"select p.idplano, s.b from plano p, solto s order by p.idplano, s.b"_s);
     own.setAbsolutePosition(5);
     own.Requery();
     EXPECT_EQ(own.AbsolutePosition(), 5);

@@ -2,6 +2,8 @@
 #include "platform/datafixture.h"
 #include "support/statements.h"
 
+using namespace Qt::StringLiterals;
+
 using namespace ADODB;
 
 namespace {
@@ -31,30 +33,30 @@ TEST_F(Data, AFieldSaysWhatItHoldsAndShowsItAsTheWorkstationWritesIt)
     const auto number = Field::Type::Number;
     const auto date = Field::Type::Date;
     const Case cases[] = {
-        {u"-12"_qs, number, u"-12"_qs, qint64(-12)},
-        {u"9223372036854775807"_qs, number, u"9223372036854775807"_qs, std::numeric_limits<qint64>::max()},
-        {u"cast(1234.5 as decimal(15,2))"_qs, number, u"1234,50"_qs, 1234.5},
-        {u"cast(-0.05 as decimal(15,4))"_qs, number, u"-0,0500"_qs, -0.05},
-        {u"12.5e0"_qs, number, u"12,5"_qs, 12.5},
-        {u"date('2026-01-31')"_qs, date, u"31/01/2026"_qs, QDate(2026, 1, 31)},
-        {u"time('08:05:00')"_qs, date, u"08:05:00"_qs, QTime(8, 5)},
-        {u"timestamp('2026-01-31 08:05:09')"_qs, date, u"31/01/2026 08:05:09"_qs,
+        {u"-12"_s, number, u"-12"_s, qint64(-12)},
+        {u"9223372036854775807"_s, number, u"9223372036854775807"_s, std::numeric_limits<qint64>::max()},
+        {u"cast(1234.5 as decimal(15,2))"_s, number, u"1234,50"_s, 1234.5},
+        {u"cast(-0.05 as decimal(15,4))"_s, number, u"-0,0500"_s, -0.05},
+        {u"12.5e0"_s, number, u"12,5"_s, 12.5},
+        {u"date('2026-01-31')"_s, date, u"31/01/2026"_s, QDate(2026, 1, 31)},
+        {u"time('08:05:00')"_s, date, u"08:05:00"_s, QTime(8, 5)},
+        {u"timestamp('2026-01-31 08:05:09')"_s, date, u"31/01/2026 08:05:09"_s,
          QDateTime(QDate(2026, 1, 31), QTime(8, 5, 9))},
-        {u"timestamp('2026-01-31 00:00:00')"_qs, date, u"31/01/2026"_qs,
+        {u"timestamp('2026-01-31 00:00:00')"_s, date, u"31/01/2026"_s,
          QDateTime(QDate(2026, 1, 31), QTime(0, 0))},
         // Summer time began at midnight: the clock was never at half past.
-        {u"timestamp('2018-11-04 00:30:00')"_qs, date, u"04/11/2018 00:30:00"_qs,
+        {u"timestamp('2018-11-04 00:30:00')"_s, date, u"04/11/2018 00:30:00"_s,
          QDateTime(QDate(2018, 11, 4), QTime(0, 30))},
-        {u"'ação 日本 😀'"_qs, Field::Type::Text, u"ação 日本 😀"_qs, u"ação 日本 😀"_qs},
-        {u"''"_qs, Field::Type::Text, u""_qs, u""_qs},
-        {u"cast(null as date)"_qs, Field::Type::Null, u""_qs, QVariant()},
+        {u"'ação 日本 😀'"_s, Field::Type::Text, u"ação 日本 😀"_s, u"ação 日本 😀"_s},
+        {u"''"_s, Field::Type::Text, u""_s, u""_s},
+        {u"cast(null as date)"_s, Field::Type::Null, u""_s, QVariant()},
     };
     for (const int location : {Recordset::ServerSide, Recordset::ClientSide})
         for (const Case& given : cases) {
             SCOPED_TRACE(given.expression.toStdString());
             Recordset rs;
             rs.setCursorLocation(location);
-            rs.Open(u"select %1 as v"_qs.arg(given.expression), connection);
+            rs.Open(u"select %1 as v"_s.arg(given.expression), connection);
             EXPECT_EQ(rs.Fields("v").type(), given.type);
             EXPECT_EQ(rs.Fields("v").text(), given.text);
             EXPECT_EQ(rs.Fields("v").value(), given.value);
@@ -66,7 +68,7 @@ TEST_F(Data, AFieldIsReadAsNumberAndDateOutOfTextToo)
 {
     Recordset rs;
     rs.Open(
-        u"select '12,5' a, 'doze' b, '31/01/2026' c, cast(2.5 as decimal(5,1)) d, null e, date('2026-01-31') f"_qs,
+        u"select '12,5' a, 'doze' b, '31/01/2026' c, cast(2.5 as decimal(5,1)) d, null e, date('2026-01-31') f"_s,
         connection);
     EXPECT_EQ(rs.Fields("a").number(), 12.5);
     EXPECT_EQ(rs.Fields("a").integer(), 12);
@@ -83,10 +85,10 @@ TEST_F(Data, AFieldIsReadAsNumberAndDateOutOfTextToo)
 TEST_F(Data, FieldsAreFoundByNameInAnyCaseAndTheFirstOfTwoWins)
 {
     Recordset rs;
-    rs.Open(u"select 1 as id, 'a' as nmPac, 2 as ID, 'b' as obs"_qs, connection);
+    rs.Open(u"select 1 as id, 'a' as nmPac, 2 as ID, 'b' as obs"_s, connection);
     for (int round = 0; round < 3; ++round) {
         EXPECT_EQ(rs.Fields("NMPAC").text(), u"a");
-        EXPECT_EQ(rs.Fields(u"Id"_qs).integer(), 1);
+        EXPECT_EQ(rs.Fields(u"Id"_s).integer(), 1);
         EXPECT_EQ(rs.Fields("obs").text(), u"b");
     }
     EXPECT_EQ(errorOf([&] { rs.Fields("nmpa"); }), 3265);
@@ -99,7 +101,7 @@ TEST_F(Data, RowsComeWholeAcrossTheEdgesOfBlocks)
             SCOPED_TRACE(count);
             Recordset rs;
             rs.setCursorLocation(location);
-            rs.Open(u"select seq as n, concat('linha ', seq) as t from seq_1_to_1000 where seq <= %1"_qs.arg(
+            rs.Open(u"select seq as n, concat('linha ', seq) as t from seq_1_to_1000 where seq <= %1"_s.arg(
                         count),
                     connection);
             EXPECT_EQ(rs.Bof(), count == 0);
@@ -107,7 +109,7 @@ TEST_F(Data, RowsComeWholeAcrossTheEdgesOfBlocks)
             for (; !rs.Eof(); rs.MoveNext()) {
                 ++read;
                 ASSERT_EQ(rs.Fields("n").integer(), read);
-                ASSERT_EQ(rs.Fields("t").text(), u"linha %1"_qs.arg(read));
+                ASSERT_EQ(rs.Fields("t").text(), u"linha %1"_s.arg(read));
             }
             EXPECT_EQ(read, count);
             EXPECT_EQ(errorOf([&] { rs.Fields("n").text(); }), 3021);
@@ -121,13 +123,13 @@ TEST_F(Data, AColumnMayBeReadForTheFirstTimeAnywhere)
 {
     Recordset rs;
     rs.Open(u"select seq as n, if(seq % 3, concat('linha ', seq), null) as t, repeat('é', seq) as longo"
-            " from seq_1_to_1500"_qs,
+            " from seq_1_to_1500"_s,
             connection);
     for (int n = 1; !rs.Eof(); rs.MoveNext(), ++n) {
         ASSERT_EQ(rs.Fields("n").integer(), n);
         if (n == 700 || n == 703 || n > 1200) {
             ASSERT_EQ(rs.Fields("t").isNull(), n % 3 == 0) << n;
-            ASSERT_EQ(rs.Fields("t").text(), n % 3 ? u"linha %1"_qs.arg(n) : QString());
+            ASSERT_EQ(rs.Fields("t").text(), n % 3 ? u"linha %1"_s.arg(n) : QString());
             ASSERT_EQ(rs.Fields("longo").text(), QString(n, u'é'));
         }
     }
@@ -138,11 +140,11 @@ TEST_F(Data, ATextThatOutgrowsTheBlockIsReadAloneFromWideRows)
 {
     database().execute(
         u"insert into plano (nmplano, obs, inicio, visto) select repeat('n', 60), repeat('o', 300),"
-        " '2026-01-31', '2026-01-31 08:05:00' from seq_1_to_600"_qs);
+        " '2026-01-31', '2026-01-31 08:05:00' from seq_1_to_600"_s);
     const std::pair<QString, int> cases[] = {
-        {u"select * from plano order by idplano"_qs, 300},
+        {u"select * from plano order by idplano"_s, 300},
         {u"select repeat('a', 250) a, if(seq = 3, repeat('o', 40000), 'o') obs, repeat('b', 250) b,"
-         " repeat('c', 250) c from seq_1_to_600"_qs,
+         " repeat('c', 250) c from seq_1_to_600"_s,
          1}};
     for (const auto& [sql, size] : cases) {
         Recordset rs;
@@ -160,7 +162,7 @@ TEST_F(Data, ALongTextIsNeverCut)
             Recordset rs;
             rs.setCursorLocation(location);
             rs.Open(u"select repeat('é', %1) t, repeat('z', %1) z, 'depois' d union all"
-                    " select 'x', null, repeat('y', %1)"_qs.arg(size),
+                    " select 'x', null, repeat('y', %1)"_s.arg(size),
                     connection);
             EXPECT_EQ(rs.Fields("t").text(), QString(size, u'é'));
             EXPECT_EQ(rs.Fields("z").text(), QString(size, u'z'));
@@ -182,10 +184,10 @@ TEST_F(Data, TheServersErrorComesWithItsNumberStateTextAndStatement)
         QString words;
     };
     const Case cases[] = {
-        {u"insert into plano (nmplano) values ('D'Ávila')"_qs, 1064, u"42000"_qs, u"vila"_qs},
-        {u"select nada from plano"_qs, 1054, u"42S22"_qs, u"nada"_qs},
-        {u"insert into plano (sit) values (null)"_qs, 1048, u"23000"_qs, u"sit"_qs},
-        {u"create table outra (a int)"_qs, 1142, u"42000"_qs, u"denied"_qs},
+        {u"insert into plano (nmplano) values ('D'Ávila')"_s, 1064, u"42000"_s, u"vila"_s},
+        {u"select nada from plano"_s, 1054, u"42S22"_s, u"nada"_s},
+        {u"insert into plano (sit) values (null)"_s, 1048, u"23000"_s, u"sit"_s},
+        {u"create table outra (a int)"_s, 1142, u"42000"_s, u"denied"_s},
     };
     for (const Case& given : cases) {
         SCOPED_TRACE(given.statement.toStdString());
@@ -204,7 +206,7 @@ TEST_F(Data, ARefusedConnectionNamesNoPassword)
 {
     Connection other;
     other.setConnectionString(
-        database().connectionString().replace(u"Password=s3nha"_qs, u"Password=segredo"_qs));
+        database().connectionString().replace(u"Password=s3nha"_s, u"Password=segredo"_s));
     const Error error = thrownBy([&] { other.Open(); });
     EXPECT_EQ(error.number(), 1045);
     EXPECT_FALSE((error.description() + error.detail()).contains(u"segredo"));
@@ -219,16 +221,16 @@ TEST_F(Data, WhatIsClosedOrOpenAlreadyIsRefusedByNumber)
     };
     Recordset rs;
     expectErrors(3704, {[&] { rs.Eof(); }});
-    rs.Open(u"select 1 as a"_qs, connection);
+    rs.Open(u"select 1 as a"_s, connection);
     Field field = rs.Fields("a");
-    expectErrors(3705, {[&] { connection.Open(); }, [&] { rs.Open(u"select 2"_qs, connection); }});
+    expectErrors(3705, {[&] { connection.Open(); }, [&] { rs.Open(u"select 2"_s, connection); }});
     expectErrors(
-        3219, {[&] { connection.CommitTrans(); }, [&] { rs.MovePrevious(); }, [&] { rs.Find(u"a = 1"_qs); }});
+        3219, {[&] { connection.CommitTrans(); }, [&] { rs.MovePrevious(); }, [&] { rs.Find(u"a = 1"_s); }});
     expectErrors(3251, {[&] { field = 2; }});
     rs.Close();
-    expectErrors(3704, {[&] { field = u"x"_qs; }});
+    expectErrors(3704, {[&] { field = u"x"_s; }});
     connection.Close();
-    expectErrors(3704, {[&] { rs.Open(u"select 1"_qs, connection); }, [&] { connection.BeginTrans(); }});
+    expectErrors(3704, {[&] { rs.Open(u"select 1"_s, connection); }, [&] { connection.BeginTrans(); }});
 }
 
 TEST_F(Data, ClosingTheConnectionClosesItsRecordsets)
@@ -238,14 +240,14 @@ TEST_F(Data, ClosingTheConnectionClosesItsRecordsets)
     {
         Connection own;
         connect(own);
-        forward.Open(u"select seq from seq_1_to_1000"_qs, own);
-        memory.Open(u"select * from plano"_qs, own, 3, 3);
+        forward.Open(u"select seq from seq_1_to_1000"_s, own);
+        memory.Open(u"select * from plano"_s, own, 3, 3);
         own.Close();
         EXPECT_EQ(forward.State(), 0);
         EXPECT_EQ(errorOf([&] { memory.AddNew(); }), 3704);
         own.Open();
-        forward.Open(u"select seq from seq_1_to_1000"_qs, own);
-        memory.Open(u"select * from plano"_qs, own, 3, 3);
+        forward.Open(u"select seq from seq_1_to_1000"_s, own);
+        memory.Open(u"select * from plano"_s, own, 3, 3);
     }
     EXPECT_EQ(errorOf([&] { forward.MoveNext(); }), 3704);
     EXPECT_EQ(errorOf([&] { memory.Requery(); }), 3704);
@@ -253,19 +255,19 @@ TEST_F(Data, ClosingTheConnectionClosesItsRecordsets)
 
 TEST_F(Data, AChangingStatementRunsThroughExecuteOpenAndCommand)
 {
-    EXPECT_EQ(connection.Execute(u"insert into plano (nmplano) values ('A'), ('B'), ('C')"_qs), 3);
-    EXPECT_EQ(connection.Execute(u"update plano set nmplano = 'A' where idplano = 1"_qs), 1);
+    EXPECT_EQ(connection.Execute(u"insert into plano (nmplano) values ('A'), ('B'), ('C')"_s), 3);
+    EXPECT_EQ(connection.Execute(u"update plano set nmplano = 'A' where idplano = 1"_s), 1);
     Recordset rs;
-    rs.Open(u"delete from plano where idplano like 1"_qs, connection, 2, 3);
+    rs.Open(u"delete from plano where idplano like 1"_s, connection, 2, 3);
     EXPECT_EQ(rs.State(), 0);
     Command command;
     command.setActiveConnection(&connection);
     command.setCommandType(1);
-    command.setCommandText(u"update plano set nmplano = 'Z' where idplano = 2"_qs);
+    command.setCommandText(u"update plano set nmplano = 'Z' where idplano = 2"_s);
     rs.setCursorLocation(3);
     rs.Open(command, 1, 2);
     EXPECT_EQ(rs.State(), 0);
-    EXPECT_EQ(planos(), (Table{{u"2"_qs, u"Z"_qs}, {u"3"_qs, u"C"_qs}}));
+    EXPECT_EQ(planos(), (Table{{u"2"_s, u"Z"_s}, {u"3"_s, u"C"_s}}));
     EXPECT_EQ(errorOf([&] { command.setCommandType(4); }), 3001);
 }
 
@@ -273,32 +275,32 @@ TEST_F(Data, ATransactionShowsAtItsCommitAndGoesWithItsConnection)
 {
     connection.BeginTrans();
     EXPECT_EQ(errorOf([&] { connection.BeginTrans(); }), 3219);
-    connection.Execute(u"insert into plano (nmplano) values ('FICA')"_qs);
+    connection.Execute(u"insert into plano (nmplano) values ('FICA')"_s);
     EXPECT_EQ(planos(), Table());
     connection.CommitTrans();
-    EXPECT_EQ(planos(), (Table{{u"1"_qs, u"FICA"_qs}}));
+    EXPECT_EQ(planos(), (Table{{u"1"_s, u"FICA"_s}}));
 
     connection.BeginTrans();
-    connection.Execute(u"insert into plano (nmplano) values ('VAI')"_qs);
+    connection.Execute(u"insert into plano (nmplano) values ('VAI')"_s);
     connection.Close();
     EXPECT_EQ(planos().size(), 1);
 
     // The next connection commits every statement by itself again, and no lock of the old one is left.
     connection.Open();
-    connection.Execute(u"update plano set nmplano = 'SOLTO'"_qs);
-    EXPECT_EQ(planos(), (Table{{u"1"_qs, u"SOLTO"_qs}}));
+    connection.Execute(u"update plano set nmplano = 'SOLTO'"_s);
+    EXPECT_EQ(planos(), (Table{{u"1"_s, u"SOLTO"_s}}));
 }
 
 TEST_F(Data, AStatementThatFailsTheSecondTimeLeavesTheRowsInMemoryAndClosesAForwardOnlyResult)
 {
     for (const int location : {Recordset::ServerSide, Recordset::ClientSide}) {
         SCOPED_TRACE(location);
-        database().execute(u"create table passageira as select seq n from seq_1_to_600"_qs);
+        database().execute(u"create table passageira as select seq n from seq_1_to_600"_s);
         Recordset rs;
         rs.setCursorLocation(location);
-        rs.Open(u"select * from passageira"_qs, connection);
+        rs.Open(u"select * from passageira"_s, connection);
         rs.MoveNext();
-        database().execute(u"drop table passageira"_qs);
+        database().execute(u"drop table passageira"_s);
         EXPECT_EQ(errorOf([&] { rs.Requery(); }), 1146);
         const bool inMemory = location == Recordset::ClientSide;
         EXPECT_EQ(rs.State(), inMemory ? 1 : 0);
@@ -311,7 +313,7 @@ TEST_F(Data, ALostServerIsOneErrorAndThenAClosedConnection)
     using Step = std::function<void()>;
     Recordset rs;
     const std::pair<const char*, Step> steps[] = {
-        {"statement", [&] { connection.Execute(u"insert into plano (nmplano) values ('X')"_qs); }},
+        {"statement", [&] { connection.Execute(u"insert into plano (nmplano) values ('X')"_s); }},
         {"requery", [&] { rs.Requery(); }},
         {"first row change", [&] { rs.AddNew(); }},
         {"transaction", [&] { connection.BeginTrans(); }},
@@ -319,10 +321,10 @@ TEST_F(Data, ALostServerIsOneErrorAndThenAClosedConnection)
     for (const auto& [name, step] : steps) {
         SCOPED_TRACE(name);
         rs.Close();
-        open(rs, u"select * from plano"_qs);
+        open(rs, u"select * from plano"_s);
         if (name == std::string_view("commit")) {
             connection.BeginTrans();
-            connection.Execute(u"update plano set nmplano = 'X'"_qs);
+            connection.Execute(u"update plano set nmplano = 'X'"_s);
         }
         kill(connection);
         const int number = errorOf(step);
@@ -330,11 +332,11 @@ TEST_F(Data, ALostServerIsOneErrorAndThenAClosedConnection)
         EXPECT_EQ(connection.State(), 0);
         EXPECT_EQ(rs.State(), 0);
         connection.Open();
-        EXPECT_EQ(connection.Execute(u"insert into plano (nmplano) values ('Y')"_qs), 1);
+        EXPECT_EQ(connection.Execute(u"insert into plano (nmplano) values ('Y')"_s), 1);
     }
     Connection nowhere;
     nowhere.setConnectionString(
-        database().connectionString().replace(database().server(), u"127.0.0.1;Port=1"_qs));
+        database().connectionString().replace(database().server(), u"127.0.0.1;Port=1"_s));
     EXPECT_EQ(errorOf([&] { nowhere.Open(); }), 2002);
 }
 
@@ -343,10 +345,10 @@ TEST_F(Data, TwoResultsAndTwoConnectionsStandSideBySide)
     Connection second;
     connect(second);
     Recordset outer;
-    outer.Open(u"select seq as n from seq_1_to_600"_qs, connection);
+    outer.Open(u"select seq as n from seq_1_to_600"_s, connection);
     for (; !outer.Eof(); outer.MoveNext()) {
         Recordset inner;
-        inner.Open(u"select %1 * 2 as d"_qs.arg(outer.Fields("n").text()),
+        inner.Open(u"select %1 * 2 as d"_s.arg(outer.Fields("n").text()),
                    outer.Fields("n").integer() % 2 ? connection : second);
         ASSERT_EQ(inner.Fields("d").integer(), outer.Fields("n").integer() * 2);
     }
@@ -357,18 +359,18 @@ TEST_F(Data, EveryStatementPassesTheObserver)
     QStringList seen;
     const StatementWatch watch([&](const StatementEvent& event) {
         EXPECT_GE(event.seconds, 0);
-        seen << (event.ok ? u"+"_qs : u"-"_qs) + event.statement.section(u' ', 0, 0);
+        seen << (event.ok ? u"+"_s : u"-"_s) + event.statement.section(u' ', 0, 0);
     });
-    connection.Execute(u"insert into plano (nmplano) values ('A')"_qs);
+    connection.Execute(u"insert into plano (nmplano) values ('A')"_s);
     Recordset rs;
-    open(rs, u"select * from plano"_qs);
-    rs.Fields("nmplano") = u"B"_qs;
+    open(rs, u"select * from plano"_s);
+    rs.Fields("nmplano") = u"B"_s;
     rs.Update();
     rs.Delete();
-    EXPECT_NE(errorOf([&] { connection.Execute(u"selec"_qs); }), 0);
-    connection.Execute(u"delete from plano"_qs);
-    EXPECT_EQ(seen, (QStringList{u"+insert"_qs, u"+select"_qs, u"+update"_qs, u"+select"_qs, u"+delete"_qs,
-                                 u"-selec"_qs, u"+delete"_qs}));
+    EXPECT_NE(errorOf([&] { connection.Execute(u"selec"_s); }), 0);
+    connection.Execute(u"delete from plano"_s);
+    EXPECT_EQ(seen, (QStringList{u"+insert"_s, u"+select"_s, u"+update"_s, u"+select"_s, u"+delete"_s,
+                                 u"-selec"_s, u"+delete"_s}));
 }
 
 } // namespace

@@ -10,6 +10,8 @@
 #include <QStringList>
 #include <gtest/gtest.h>
 
+using namespace Qt::StringLiterals;
+
 using Table = QList<QStringList>;
 
 /// A few tables that are no clinic's, and an open connection to them.
@@ -18,18 +20,15 @@ class DataFixture : public testing::Test
 protected:
     static void SetUpTestSuite()
     {
-        database().execute(QStringLiteral("create table plano (idplano int auto_increment primary key, "
-                                          "nmplano varchar(60), pdesc decimal(15,2),"
-                                          " qtde double, inicio date, hora time, visto datetime, obs "
-                                          "longtext, sit char(1) not null default 'N');"
-                                          "create table produto (idlic varchar(15), cdpro varchar(20), dspro "
-                                          "varchar(60), primary key (idlic, cdpro));"
-                                          "create table solto (a int, b varchar(10))"));
+        database().execute(u"create table plano (idplano int auto_increment primary key, "
+                           "nmplano varchar(60), pdesc decimal(15,2),"
+                           " qtde double, inicio date, hora time, visto datetime, obs "
+                           "longtext, sit char(1) not null default 'N');"
+                           "create table produto (idlic varchar(15), cdpro varchar(20), dspro "
+                           "varchar(60), primary key (idlic, cdpro));"
+                           "create table solto (a int, b varchar(10))"_s);
     }
-    static void TearDownTestSuite()
-    {
-        database().execute(QStringLiteral("drop table plano, produto, solto"));
-    }
+    static void TearDownTestSuite() { database().execute(u"drop table plano, produto, solto"_s); }
 
     void SetUp() override
     {
@@ -49,8 +48,8 @@ protected:
     static void kill(ADODB::Connection& target)
     {
         ADODB::Recordset id;
-        id.Open(QStringLiteral("select connection_id() as id"), target);
-        database().execute(QStringLiteral("kill ") + id.Fields("id").text());
+        id.Open(u"select connection_id() as id"_s, target);
+        database().execute(u"kill "_s + id.Fields("id").text());
     }
 
     /// Opens a result that can be searched and changed.
@@ -62,9 +61,9 @@ protected:
         rs.Open(sql, connection, ADODB::Recordset::Static, ADODB::Recordset::Optimistic);
     }
 
-    static Table planos(const QString& columns = QStringLiteral("idplano, nmplano"))
+    static Table planos(const QString& columns = u"idplano, nmplano"_s)
     {
-        return database().rows(QStringLiteral("select %1 from plano order by idplano").arg(columns));
+        return database().rows(u"select %1 from plano order by idplano"_s.arg(columns));
     }
 
     ADODB::Connection connection;

@@ -17,6 +17,8 @@
 #include <QVBoxLayout>
 #include <gtest/gtest.h>
 
+using namespace Qt::StringLiterals;
+
 namespace {
 
 /// A screen with one control of each kind that writes down what happens to it.
@@ -30,11 +32,11 @@ public:
             control->setObjectName(name);
             column->addWidget(control);
         };
-        add(first, u"first"_qs);
-        add(second, u"second"_qs);
-        add(memo, u"memo"_qs);
-        add(list, u"list"_qs);
-        add(button, u"button"_qs);
+        add(first, u"first"_s);
+        add(second, u"second"_s);
+        add(memo, u"memo"_s);
+        add(list, u"list"_s);
+        add(button, u"button"_s);
         onLostFocus(first, &Sample::first_LostFocus);
         onGotFocus(second, &Sample::second_GotFocus);
         onClick(button, &Sample::button_Click);
@@ -52,29 +54,29 @@ public:
     QLineEdit* second = new QLineEdit;
     QPlainTextEdit* memo = new QPlainTextEdit;
     ListBox* list = new ListBox;
-    QPushButton* button = new QPushButton(u"OK"_qs);
+    QPushButton* button = new QPushButton(u"OK"_s);
     QStringList log;
     QList<int> codes;
     bool boxOnLostFocus = false;
     bool swallowAll = false;
     using Form::onEnter;
-    void F2() { log << u"F2"_qs; }
+    void F2() { log << u"F2"_s; }
 
 protected:
-    void Form_Load() override { log << u"load"_qs; }
-    void Form_Activate() override { log << u"activate"_qs; }
-    void Form_Unload() override { log << u"unload"_qs; }
+    void Form_Load() override { log << u"load"_s; }
+    void Form_Activate() override { log << u"activate"_s; }
+    void Form_Unload() override { log << u"unload"_s; }
 
 private:
     void first_LostFocus()
     {
-        log << u"first lost"_qs;
+        log << u"first lost"_s;
         if (boxOnLostFocus)
-            MsgBox(u"stop"_qs, u"title"_qs);
+            MsgBox(u"stop"_s, u"title"_s);
     }
-    void second_GotFocus() { log << u"second got"_qs; }
-    void button_Click() { log << u"click"_qs; }
-    void list_DblClick() { log << u"double "_qs + list->List(list->ListIndex()); }
+    void second_GotFocus() { log << u"second got"_s; }
+    void button_Click() { log << u"click"_s; }
+    void list_DblClick() { log << u"double "_s + list->List(list->ListIndex()); }
 };
 
 class Forms : public testing::Test
@@ -102,32 +104,32 @@ protected:
 
 TEST_F(Forms, LettersBecomeUpperCaseHoweverTheyComeIn)
 {
-    screen.type(u"first"_qs, u"ana ção"_qs);
+    screen.type(u"first"_s, u"ana ção"_s);
     EXPECT_EQ(form.first->text(), u"ANA ÇÃO");
 
-    QGuiApplication::clipboard()->setText(u"josé"_qs);
+    QGuiApplication::clipboard()->setText(u"josé"_s);
     form.first->clear();
     screen.press(Qt::Key_V, Qt::ControlModifier);
     EXPECT_EQ(form.first->text(), u"JOSÉ");
 
     QInputMethodEvent composed;
-    composed.setCommitString(u"â"_qs);
+    composed.setCommitString(u"â"_s);
     QApplication::sendEvent(form.first, &composed);
     EXPECT_EQ(form.first->text(), u"JOSÉÂ");
 
-    screen.type(u"memo"_qs, u"linha"_qs);
+    screen.type(u"memo"_s, u"linha"_s);
     EXPECT_EQ(form.memo->toPlainText(), u"LINHA");
 
-    form.first->setText(u"loaded"_qs);
+    form.first->setText(u"loaded"_s);
     EXPECT_EQ(form.first->text(), u"loaded") << "what the program puts in stays as it is";
     form.setUpperCase(false);
-    screen.type(u"first"_qs, u"abc"_qs);
+    screen.type(u"first"_s, u"abc"_s);
     EXPECT_EQ(form.first->text(), u"abc");
 }
 
 TEST_F(Forms, EnterMovesOnButPressesAButtonAndBreaksALine)
 {
-    screen.focus(u"first"_qs);
+    screen.focus(u"first"_s);
     screen.press(Qt::Key_Return);
     EXPECT_EQ(screen.focused(), u"second");
     screen.press(Qt::Key_Enter);
@@ -135,19 +137,19 @@ TEST_F(Forms, EnterMovesOnButPressesAButtonAndBreaksALine)
     screen.press(Qt::Key_Return);
     EXPECT_EQ(screen.focused(), u"memo");
     EXPECT_EQ(form.memo->toPlainText(), u"\n");
-    screen.focus(u"list"_qs);
+    screen.focus(u"list"_s);
     screen.press(Qt::Key_Return);
     EXPECT_EQ(screen.focused(), u"button");
     form.log.clear();
     screen.press(Qt::Key_Return);
-    EXPECT_EQ(form.log, QStringList{u"click"_qs});
+    EXPECT_EQ(form.log, QStringList{u"click"_s});
 }
 
 TEST_F(Forms, TheMenuBarKeepsItsKeys)
 {
     auto* bar = new QMenuBar(&form);
     int runs = 0;
-    QObject::connect(bar->addAction(u"Agenda"_qs), &QAction::triggered, &form, [&] { ++runs; });
+    QObject::connect(bar->addAction(u"Agenda"_s), &QAction::triggered, &form, [&] { ++runs; });
     form.layout()->setMenuBar(bar);
     bar->show();
     bar->setFocus();
@@ -162,15 +164,15 @@ TEST_F(Forms, TheMenuBarKeepsItsKeys)
 
 TEST_F(Forms, FunctionKeysAndKeyHandlersComeBeforeTheControl)
 {
-    form.second->setText(u"abc"_qs);
-    screen.click(u"second"_qs);
+    form.second->setText(u"abc"_s);
+    screen.click(u"second"_s);
     EXPECT_EQ(form.second->selectedText(), u"abc") << "selected on focus";
     EXPECT_EQ(form.log.takeLast(), u"second got") << "beside the handler";
     form.log.clear();
     screen.press(Qt::Key_F2);
-    EXPECT_EQ(form.log, QStringList{u"F2"_qs});
+    EXPECT_EQ(form.log, QStringList{u"F2"_s});
     form.codes.clear();
-    screen.typeOn(u"ax1"_qs);
+    screen.typeOn(u"ax1"_s);
     screen.press(Qt::Key_Backspace);
     EXPECT_EQ(form.codes, (QList<int>{'A', 'X', '1', 8}));
     EXPECT_EQ(form.second->text(), u"A") << "the X is swallowed, the 1 erased again";
@@ -183,15 +185,15 @@ TEST_F(Forms, FunctionKeysAndKeyHandlersComeBeforeTheControl)
     EXPECT_EQ(screen.focused(), u"memo");
 
     form.onEnter(form.first, &Sample::F2);
-    focusAndForget(u"first"_qs);
+    focusAndForget(u"first"_s);
     screen.press(Qt::Key_Return);
-    EXPECT_EQ(form.log, QStringList{u"F2"_qs});
+    EXPECT_EQ(form.log, QStringList{u"F2"_s});
     EXPECT_EQ(screen.focused(), u"first") << "Enter has a handler of its own there";
 }
 
 TEST_F(Forms, AControlLosesTheFocusOnlyToAnotherOfItsForm)
 {
-    focusAndForget(u"first"_qs);
+    focusAndForget(u"first"_s);
     Sample other;
     other.Show();
     settle();
@@ -200,21 +202,21 @@ TEST_F(Forms, AControlLosesTheFocusOnlyToAnotherOfItsForm)
     form.activateWindow();
     settle();
 
-    focusAndForget(u"first"_qs);
+    focusAndForget(u"first"_s);
     form.boxOnLostFocus = true;
     ScriptedDialogs dialogs;
-    dialogs.expect(u"stop"_qs);
-    screen.click(u"button"_qs);
-    EXPECT_EQ(form.log, QStringList{u"first lost"_qs}) << "the box was the answer to the click";
+    dialogs.expect(u"stop"_s);
+    screen.click(u"button"_s);
+    EXPECT_EQ(form.log, QStringList{u"first lost"_s}) << "the box was the answer to the click";
     EXPECT_FALSE(form.button->isDown());
     form.log.clear();
-    screen.click(u"button"_qs);
-    EXPECT_EQ(form.log, QStringList{u"click"_qs});
+    screen.click(u"button"_s);
+    EXPECT_EQ(form.log, QStringList{u"click"_s});
 
     form.boxOnLostFocus = false;
-    focusAndForget(u"first"_qs);
-    screen.click(u"button"_qs);
-    EXPECT_EQ(form.log, (QStringList{u"first lost"_qs, u"click"_qs}))
+    focusAndForget(u"first"_s);
+    screen.click(u"button"_s);
+    EXPECT_EQ(form.log, (QStringList{u"first lost"_s, u"click"_s}))
         << "the loss comes before the click that causes it";
 }
 
@@ -223,8 +225,8 @@ TEST_F(Forms, LoadsOnceActivatesAndUnloads)
     form.log.clear();
     Sample* modal = new Sample;
     ModalDriver driver;
-    driver.expect(u"Form"_qs, [&](ScreenDriver& opened) {
-        EXPECT_EQ(modal->log, (QStringList{u"load"_qs, u"activate"_qs}));
+    driver.expect(u"Form"_s, [&](ScreenDriver& opened) {
+        EXPECT_EQ(modal->log, (QStringList{u"load"_s, u"activate"_s}));
         EXPECT_EQ(errorOf([&] { modal->ShowModal(); }), 400) << "it stands open already";
         // A window behind a modal one is not activated, whatever the window system says.
         form.activateWindow();
@@ -233,7 +235,7 @@ TEST_F(Forms, LoadsOnceActivatesAndUnloads)
         opened.press(Qt::Key_Escape);
     });
     modal->ShowModal();
-    EXPECT_EQ(modal->log, (QStringList{u"load"_qs, u"activate"_qs, u"unload"_qs}));
+    EXPECT_EQ(modal->log, (QStringList{u"load"_s, u"activate"_s, u"unload"_s}));
     EXPECT_FALSE(modal->isLoaded());
     delete modal;
 
@@ -247,13 +249,13 @@ TEST_F(Forms, LoadsOnceActivatesAndUnloads)
 
 TEST_F(Forms, SendKeysReachesTheFocusedControl)
 {
-    screen.focus(u"first"_qs);
-    SendKeys(u"ab{TAB}c{F2}"_qs);
+    screen.focus(u"first"_s);
+    SendKeys(u"ab{TAB}c{F2}"_s);
     settle();
     EXPECT_EQ(form.first->text(), u"AB");
     EXPECT_EQ(form.second->text(), u"C");
     EXPECT_EQ(form.log.last(), u"F2");
-    EXPECT_THROW(SendKeys(u"{NONE}"_qs), RuntimeError);
+    EXPECT_THROW(SendKeys(u"{NONE}"_s), RuntimeError);
 }
 
 TEST_F(Forms, AFailureInAHandlerReachesTheApplication)
@@ -262,7 +264,7 @@ TEST_F(Forms, AFailureInAHandlerReachesTheApplication)
     Application::setFailureHandler(
         [&](const std::exception& error) { told = QString::fromUtf8(error.what()); });
     QMetaObject::invokeMethod(
-        &form, [] { throw RuntimeError(13, u"broken"_qs); }, Qt::QueuedConnection);
+        &form, [] { throw RuntimeError(13, u"broken"_s); }, Qt::QueuedConnection);
     settle();
     Application::setFailureHandler(
         [](const std::exception& error) { ADD_FAILURE() << "uncaught in a handler: " << error.what(); });
@@ -274,9 +276,9 @@ TEST_F(Forms, ListsKeepTheirOrderAndTheirChoice)
     form.list->setSorted(true);
     for (const QStringView line : {u"10:00|B", u"08:30", u"10:00|A", u"09:00", u"10:00|B second"})
         form.list->AddItem(line.toString());
-    EXPECT_EQ(screen.list(u"list"_qs),
-              (QStringList{u"08:30"_qs, u"09:00"_qs, u"10:00|A"_qs, u"10:00|B"_qs, u"10:00|B second"_qs}));
-    screen.doubleClickRow(u"list"_qs, 2);
+    EXPECT_EQ(screen.list(u"list"_s),
+              (QStringList{u"08:30"_s, u"09:00"_s, u"10:00|A"_s, u"10:00|B"_s, u"10:00|B second"_s}));
+    screen.doubleClickRow(u"list"_s, 2);
     EXPECT_EQ(form.log.last(), u"double 10:00|A");
     form.list->RemoveItem(0);
     EXPECT_EQ(form.list->ListCount(), 4);
@@ -284,10 +286,10 @@ TEST_F(Forms, ListsKeepTheirOrderAndTheirChoice)
 
     form.list->setMultiSelect(true);
     form.list->clearSelection();
-    screen.clickRow(u"list"_qs, 0);
-    screen.clickRow(u"list"_qs, 2);
-    screen.clickRow(u"list"_qs, 0);
-    EXPECT_EQ(screen.selected(u"list"_qs), QStringList{u"10:00|B"_qs});
+    screen.clickRow(u"list"_s, 0);
+    screen.clickRow(u"list"_s, 2);
+    screen.clickRow(u"list"_s, 0);
+    EXPECT_EQ(screen.selected(u"list"_s), QStringList{u"10:00|B"_s});
 }
 
 TEST(Panels, TheStatusBarShowsTheDayByItself)
@@ -296,7 +298,7 @@ TEST(Panels, TheStatusBarShowsTheDayByItself)
     StatusBar bar;
     bar.addPanel(StatusBar::Panel::Text);
     bar.addPanel(StatusBar::Panel::Date);
-    bar.setPanel(1, u"<b>x"_qs);
+    bar.setPanel(1, u"<b>x"_s);
     EXPECT_EQ(bar.panel(1), u"<b>x");
     EXPECT_EQ(bar.panel(2), u"16/03/2026");
     EXPECT_THROW(bar.panel(3), RuntimeError);
@@ -315,7 +317,7 @@ TEST(Calendar, TurningTheMonthIsNoChoice)
     EXPECT_EQ(calendar.monthShown(), 12);
     EXPECT_TRUE(chosen.isEmpty()) << "the program's own setting is no choice";
     calendar.show();
-    auto* days = calendar.findChild<QTableView*>(u"qt_calendar_calendarview"_qs);
+    auto* days = calendar.findChild<QTableView*>(u"qt_calendar_calendarview"_s);
     QTest::keyClick(days, Qt::Key_Left);
     EXPECT_EQ(chosen, QList<QDate>{QDate(2026, 12, 30)}) << "the arrow keys choose";
     settle();

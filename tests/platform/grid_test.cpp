@@ -1,13 +1,15 @@
 #include "platform/data/adodc.h"
-#include "platform/data/datagrid.h"
 #include "platform/data/error.h"
 #include "platform/datafixture.h"
+#include "platform/forms/datagrid.h"
 #include "platform/forms/form.h"
 
 #include <QHeaderView>
 #include <QScrollBar>
 #include <QSignalSpy>
 #include <QTest>
+
+using namespace Qt::StringLiterals;
 
 namespace {
 
@@ -19,15 +21,15 @@ protected:
         DataFixture::SetUp();
         database().execute(
             u"insert into plano (nmplano, pdesc, inicio) select concat('PLANO ', seq), seq / 2,"
-            " '2026-01-31' from seq_1_to_200"_qs);
+            " '2026-01-31' from seq_1_to_200"_s);
         source.setConnectionString(database().connectionString());
         source.setCommandType(1);
         source.setCursorLocation(ADODB::Recordset::ClientSide);
-        source.setRecordSource(u"select * from plano order by idplano"_qs);
-        grid.setColumns({{u"idplano"_qs, u"CÓDIGO"_qs, 20},
-                         {u"NMPLANO"_qs, u"NOME"_qs, 50},
-                         {u"pdesc"_qs, u"% DESC."_qs, 15, u"##0.000"_qs},
-                         {u"inicio"_qs, u"INÍCIO"_qs, 15, {}, Qt::AlignHCenter}});
+        source.setRecordSource(u"select * from plano order by idplano"_s);
+        grid.setColumns({{u"idplano"_s, u"CÓDIGO"_s, 20},
+                         {u"NMPLANO"_s, u"NOME"_s, 50},
+                         {u"pdesc"_s, u"% DESC."_s, 15, u"##0.000"_s},
+                         {u"inicio"_s, u"INÍCIO"_s, 15, {}, Qt::AlignHCenter}});
         grid.setDataSource(&source);
         grid.resize(600, 300);
         grid.show();
@@ -103,7 +105,7 @@ TEST_F(Grid, TheRowIsSeenThatTheRecordsetMovesTo)
     const auto isSeen = [&](int row) {
         return grid.viewport()->rect().contains(grid.visualRect(grid.model()->index(row, 0)));
     };
-    rs().Find(u"nmplano = 'plano 150'"_qs);
+    rs().Find(u"nmplano = 'plano 150'"_s);
     EXPECT_EQ(currentRow(), 149);
     EXPECT_TRUE(isSeen(149));
     rs().MoveFirst();
@@ -116,10 +118,10 @@ TEST_F(Grid, TheRowIsSeenThatTheRecordsetMovesTo)
 TEST_F(Grid, ARefreshKeepsTheRow)
 {
     source.Refresh();
-    database().execute(u"delete from plano where idplano between 10 and 19"_qs);
-    rs().Filter(u"idplano > 198"_qs);
+    database().execute(u"delete from plano where idplano between 10 and 19"_s);
+    rs().Filter(u"idplano > 198"_s);
     rs().MoveNext();
-    rs().Fields("nmplano") = u"half typed"_qs;
+    rs().Fields("nmplano") = u"half typed"_s;
     source.Refresh();
     EXPECT_EQ(rs().RecordCount(), 190) << "the filter and the change are gone";
     EXPECT_EQ(rs().Fields("nmplano").text(), u"PLANO 200");
@@ -130,7 +132,7 @@ TEST_F(Grid, ChangedRowsShowAtOnce)
 {
     source.Refresh();
     rs().MoveNext();
-    rs().Fields("nmplano") = u"NOVO NOME"_qs;
+    rs().Fields("nmplano") = u"NOVO NOME"_s;
     rs().Update();
     EXPECT_EQ(shown(1, 1), u"NOVO NOME");
     EXPECT_EQ(currentRow(), 1);
@@ -140,7 +142,7 @@ TEST_F(Grid, ChangedRowsShowAtOnce)
     EXPECT_EQ(currentRow(), 1);
     EXPECT_EQ(rs().Fields("idplano").integer(), 3);
     rs().AddNew();
-    rs().Fields("nmplano") = u"ÚLTIMO"_qs;
+    rs().Fields("nmplano") = u"ÚLTIMO"_s;
     EXPECT_EQ(grid.model()->rowCount(), 199);
     rs().Update();
     EXPECT_EQ(grid.model()->rowCount(), 200);
@@ -167,7 +169,7 @@ private:
 
 TEST_F(Grid, ADoubleClickOnARowOpensItAndNothingElseDoes)
 {
-    source.setRecordSource(u"select * from plano where idplano <= 3 order by idplano"_qs);
+    source.setRecordSource(u"select * from plano where idplano <= 3 order by idplano"_s);
     source.Refresh();
     Screen screen(grid, rs());
     const auto doubleClick = [&](Qt::MouseButton button, QPoint where) {
@@ -189,11 +191,11 @@ TEST_F(Grid, EveryChangeOfTheCurrentRowIsToldOnce)
 {
     QStringList told;
     QObject::connect(&grid, &DataGrid::rowChanged, [&] {
-        told << (rs().State() == 0 ? u"closed"_qs : rs().Eof() ? u"end"_qs : rs().Fields("idplano").text());
+        told << (rs().State() == 0 ? u"closed"_s : rs().Eof() ? u"end"_s : rs().Fields("idplano").text());
         EXPECT_EQ(grid.currentIndex().row(), rs().State() == 0 ? -1 : int(rs().AbsolutePosition()) - 1);
     });
     const auto requeryWithout = [&](int code) {
-        database().execute(u"delete from plano where idplano = %1"_qs.arg(code));
+        database().execute(u"delete from plano where idplano = %1"_s.arg(code));
         rs().Requery();
     };
     using Step = std::function<void()>;
@@ -204,45 +206,45 @@ TEST_F(Grid, EveryChangeOfTheCurrentRowIsToldOnce)
         QStringList told;
     };
     const Case cases[] = {
-        {"opened", [&] { source.Refresh(); }, {u"1"_qs}},
-        {"key", [&] { press(Qt::Key_Down); }, {u"2"_qs}},
-        {"mouse", [&] { QTest::mouseClick(grid.viewport(), Qt::LeftButton, {}, middleOf(4)); }, {u"5"_qs}},
+        {"opened", [&] { source.Refresh(); }, {u"1"_s}},
+        {"key", [&] { press(Qt::Key_Down); }, {u"2"_s}},
+        {"mouse", [&] { QTest::mouseClick(grid.viewport(), Qt::LeftButton, {}, middleOf(4)); }, {u"5"_s}},
         {"the same row", [&] { QTest::mouseClick(grid.viewport(), Qt::LeftButton, {}, middleOf(4)); }, {}},
-        {"program", [&] { rs().Find(u"idplano = 150"_qs); }, {u"150"_qs}},
-        {"found again", [&] { rs().Find(u"idplano = 150"_qs); }, {}},
-        {"not found", [&] { rs().Find(u"idplano = 999"_qs); }, {u"end"_qs}},
-        {"found after all", [&] { rs().Find(u"idplano = 150"_qs); }, {u"150"_qs}},
+        {"program", [&] { rs().Find(u"idplano = 150"_s); }, {u"150"_s}},
+        {"found again", [&] { rs().Find(u"idplano = 150"_s); }, {}},
+        {"not found", [&] { rs().Find(u"idplano = 999"_s); }, {u"end"_s}},
+        {"found after all", [&] { rs().Find(u"idplano = 150"_s); }, {u"150"_s}},
         {"refreshed", [&] { source.Refresh(); }, {}},
         {"moved up by a requery", [&] { requeryWithout(1); }, {}},
-        {"gone at a requery", [&] { requeryWithout(150); }, {u"151"_qs}},
-        {"filter with it first", [&] { rs().Filter(u"idplano > 150"_qs); }, {}},
-        {"filter", [&] { rs().Filter(u"idplano > 189"_qs); }, {u"190"_qs}},
-        {"key under the filter", [&] { press(Qt::Key_Down); }, {u"191"_qs}},
+        {"gone at a requery", [&] { requeryWithout(150); }, {u"151"_s}},
+        {"filter with it first", [&] { rs().Filter(u"idplano > 150"_s); }, {}},
+        {"filter", [&] { rs().Filter(u"idplano > 189"_s); }, {u"190"_s}},
+        {"key under the filter", [&] { press(Qt::Key_Down); }, {u"191"_s}},
         {"columns, a change not being saved",
          [&] {
-             rs().Fields("nmplano") = u"half typed"_qs;
-             grid.setColumns({{u"idplano"_qs, u"CÓDIGO"_qs, 100}});
+             rs().Fields("nmplano") = u"half typed"_s;
+             grid.setColumns({{u"idplano"_s, u"CÓDIGO"_s, 100}});
              rs().CancelUpdate();
          },
          {}},
-        {"delete", [&] { rs().Delete(); }, {u"192"_qs}},
-        {"last", [&] { rs().MoveLast(); }, {u"200"_qs}},
-        {"delete the last", [&] { rs().Delete(); }, {u"end"_qs}},
+        {"delete", [&] { rs().Delete(); }, {u"192"_s}},
+        {"last", [&] { rs().MoveLast(); }, {u"200"_s}},
+        {"delete the last", [&] { rs().Delete(); }, {u"end"_s}},
         {"new row",
          [&] {
              rs().AddNew();
              rs().Fields("idplano") = 500;
              rs().Update();
          },
-         {u"500"_qs}},
+         {u"500"_s}},
         {"update",
          [&] {
-             rs().Fields("nmplano") = u"NOVO"_qs;
+             rs().Fields("nmplano") = u"NOVO"_s;
              rs().Update();
          },
-         {u"500"_qs}},
+         {u"500"_s}},
         {"requeried after the update", [&] { rs().Requery(); }, {}},
-        {"closed", [&] { source.Close(); }, {u"closed"_qs}},
+        {"closed", [&] { source.Close(); }, {u"closed"_s}},
     };
     for (const Case& given : cases) {
         told.clear();
@@ -287,7 +289,7 @@ TEST_F(Grid, AClosedSourceIsAnEmptyGridThatRefreshFillsAgain)
     EXPECT_EQ(rs().AbsolutePosition(), 1);
     EXPECT_EQ(grid.model()->rowCount(), 200);
     ADODB::Recordset own;
-    open(own, u"select * from plano"_qs);
+    open(own, u"select * from plano"_s);
     grid.setDataSource(&own);
     connection.Close();
     press(Qt::Key_Down);
@@ -297,12 +299,12 @@ TEST_F(Grid, AClosedSourceIsAnEmptyGridThatRefreshFillsAgain)
 
 TEST_F(Grid, ARefreshAfterTheServerWasLostFailsOnceAndThenShowsTheRowsAgain)
 {
-    source.setRecordSource(u"select connection_id() as idplano, '' as nmplano, 0 as pdesc, '' as inicio"_qs);
+    source.setRecordSource(u"select connection_id() as idplano, '' as nmplano, 0 as pdesc, '' as inicio"_s);
     source.Refresh();
     const QString session = rs().Fields("idplano").text();
-    source.setRecordSource(u"select * from plano order by idplano"_qs);
+    source.setRecordSource(u"select * from plano order by idplano"_s);
     source.Refresh();
-    database().execute(u"kill "_qs + session);
+    database().execute(u"kill "_s + session);
     EXPECT_NE(errorOf([&] { source.Refresh(); }), 0);
     EXPECT_EQ(rs().State(), 0);
     press(Qt::Key_Down);
@@ -316,7 +318,7 @@ TEST_F(Grid, TheSourceMayGoBeforeTheGridAndTheGridBeforeTheSource)
     {
         Adodc passing;
         passing.setConnectionString(database().connectionString());
-        passing.setRecordSource(u"select * from plano"_qs);
+        passing.setRecordSource(u"select * from plano"_s);
         passing.Refresh();
         grid.setDataSource(&passing);
         EXPECT_EQ(grid.model()->rowCount(), 200);
@@ -346,7 +348,7 @@ TEST_F(Grid, AFailingHandlerKeepsNoOtherGridFromItsRow)
 
 TEST_F(Grid, AColumnWithoutItsFieldIsAnError)
 {
-    source.setRecordSource(u"select idplano, nmplano from plano"_qs);
+    source.setRecordSource(u"select idplano, nmplano from plano"_s);
     EXPECT_EQ(errorOf([&] { source.Refresh(); }), 3265);
     EXPECT_EQ(rs().State(), 0);
     EXPECT_EQ(grid.model()->rowCount(), 0);

@@ -1,11 +1,13 @@
 #include "platform/data/connection.h"
-#include "platform/data/datagrid.h"
 #include "platform/data/error.h"
 #include "platform/datafixture.h"
+#include "platform/forms/datagrid.h"
 #include "support/statements.h"
 
 #include <QScrollBar>
 #include <QTest>
+
+using namespace Qt::StringLiterals;
 
 using namespace ADODB;
 
@@ -30,13 +32,13 @@ protected:
             " if(seq % 7 = 0, null, concat(elt(1 + seq % 5, 'ANA', 'ána', 'JOSÉ', 'Jose', 'É'), seq % 13)),"
             " if(seq % 11 = 0, null, (seq % 4) / 4 - 0.25),"
             " if(seq % 3, date_add('2026-01-01', interval seq % 9 day), null),"
-            " if(seq % 2, 'N', 'X') from seq_1_to_1000"_qs);
+            " if(seq % 2, 'N', 'X') from seq_1_to_1000"_s);
     }
 
     static QStringList codes(const QString& rest)
     {
         QStringList result;
-        for (const QStringList& row : database().rows(u"select idplano from plano "_qs + rest))
+        for (const QStringList& row : database().rows(u"select idplano from plano "_s + rest))
             result << row.first();
         return result;
     }
@@ -62,18 +64,18 @@ protected:
         return result;
     }
 
-    const QString ownersRows = u"where sit = 'N' order by nmplano"_qs;
-    const QString inOrder = ownersRows + u", idplano"_qs;
+    const QString ownersRows = u"where sit = 'N' order by nmplano"_s;
+    const QString inOrder = ownersRows + u", idplano"_s;
 };
 
 TEST_F(Paging, RowsComeInTheServersOrderBothWays)
 {
     // As it stands in the statement, and with what the key decides.
     const std::pair<QString, QString> orders[] = {
-        {u"WHERE sit = 'N' ORDER BY pdesc DESC, NMPLANO"_qs, u", idplano"_qs},
-        {u"where sit = 'N' or (sit = 'X' and pdesc > 0) order by inicio asc, nmplano desc, idplano desc"_qs,
+        {u"WHERE sit = 'N' ORDER BY pdesc DESC, NMPLANO"_s, u", idplano"_s},
+        {u"where sit = 'N' or (sit = 'X' and pdesc > 0) order by inicio asc, nmplano desc, idplano desc"_s,
          {}},
-        {u"where sit = 'N'"_qs, u" order by idplano"_qs},
+        {u"where sit = 'N'"_s, u" order by idplano"_s},
     };
     for (const auto& [rest, tie] : orders)
         for (const int size : {3, 50, 500}) {
@@ -81,7 +83,7 @@ TEST_F(Paging, RowsComeInTheServersOrderBothWays)
             pageSize = size;
             const QStringList expected = codes(rest + tie);
             Recordset rs;
-            open(rs, u"select * from plano "_qs + rest);
+            open(rs, u"select * from plano "_s + rest);
             ASSERT_EQ(rs.rowsHeld(), size);
             EXPECT_EQ(walk(rs), expected);
             EXPECT_LE(rs.rowsHeld(), 27 * size) << "what lies far behind is let go";
@@ -96,20 +98,20 @@ TEST_F(Paging, RowsComeInTheServersOrderBothWays)
 TEST_F(Paging, OnlyAPlainStatementOfATableWithAKeyIsReadByPages)
 {
     database().execute(u"insert into solto select seq, seq from seq_1_to_30;"
-                       "update plano set nmplano = 'a) order by (limit 1' where idplano <= 30"_qs);
+                       "update plano set nmplano = 'a) order by (limit 1' where idplano <= 30"_s);
     const std::pair<QString, bool> cases[] = {
-        {u" SELECT * FROM plano WHERE (nmplano <> ')' ) Order By nmplano "_qs, true},
-        {u"select * from plano where nmplano = 'a) order by (limit 1' order by nmplano"_qs, true},
-        {u"select * from plano where nmplano <> 'it''s \\' --' order by nmplano"_qs, true},
-        {u"select * from plano where idplano <= 30 limit 25"_qs, false},
-        {u"select * from plano where idplano <= 30 order by 1"_qs, false},
-        {u"select * from plano where idplano <= 30 order by qtde"_qs, false},
-        {u"select * from plano where idplano <= 30 order by length(nmplano)"_qs, false},
-        {u"select * from plano where idplano in (select a from solto)"_qs, false},
-        {u"select idplano, nmplano from plano where idplano <= 30"_qs, false},
-        {u"select * from plano p where idplano <= 30"_qs, false},
-        {u"select * from plano where idplano <= 30 -- order by nmplano"_qs, false},
-        {u"select * from solto order by a"_qs, false},
+        {u" SELECT * FROM plano WHERE (nmplano <> ')' ) Order By nmplano "_s, true},
+        {u"select * from plano where nmplano = 'a) order by (limit 1' order by nmplano"_s, true},
+        {u"select * from plano where nmplano <> 'it''s \\' --' order by nmplano"_s, true},
+        {u"select * from plano where idplano <= 30 limit 25"_s, false},
+        {u"select * from plano where idplano <= 30 order by 1"_s, false},
+        {u"select * from plano where idplano <= 30 order by qtde"_s, false},
+        {u"select * from plano where idplano <= 30 order by length(nmplano)"_s, false},
+        {u"select * from plano where idplano in (select a from solto)"_s, false},
+        {u"select idplano, nmplano from plano where idplano <= 30"_s, false},
+        {u"select * from plano p where idplano <= 30"_s, false},
+        {u"select * from plano where idplano <= 30 -- order by nmplano"_s, false},
+        {u"select * from solto order by a"_s, false},
     };
     for (const auto& [sql, isPaged] : cases) {
         SCOPED_TRACE(sql.toStdString());
@@ -119,11 +121,11 @@ TEST_F(Paging, OnlyAPlainStatementOfATableWithAKeyIsReadByPages)
         EXPECT_GE(rs.RecordCount(), 25);
     }
     Recordset rs;
-    EXPECT_EQ(errorOf([&] { open(rs, u"select * from plano where nmplano = 'D'Á' order by nmplano"_qs); }),
+    EXPECT_EQ(errorOf([&] { open(rs, u"select * from plano where nmplano = 'D'Á' order by nmplano"_s); }),
               1064);
-    EXPECT_EQ(errorOf([&] { open(rs, u"select * from plano where true) or (true order by nmplano"_qs); }),
+    EXPECT_EQ(errorOf([&] { open(rs, u"select * from plano where true) or (true order by nmplano"_s); }),
               1064);
-    EXPECT_EQ(errorOf([&] { open(rs, u"select * from plano where nada = 1 order by nmplano"_qs); }), 1054);
+    EXPECT_EQ(errorOf([&] { open(rs, u"select * from plano where nada = 1 order by nmplano"_s); }), 1054);
 }
 
 TEST_F(Paging, ARowIsFoundNearFarAndNotAtAll)
@@ -131,26 +133,25 @@ TEST_F(Paging, ARowIsFoundNearFarAndNotAtAll)
     database().execute(u"update plano set nmplano = 'Zoé_1' where idplano = 777;"
                        "update plano set nmplano = 'ZOE_1' where idplano = 11;"
                        "update plano set nmplano = ' 0012.0' where idplano = 12;"
-                       "update plano set nmplano = ' 0012A' where idplano = 13"_qs);
-    const QStringList expected = codes(u"order by nmplano, idplano"_qs);
+                       "update plano set nmplano = ' 0012A' where idplano = 13"_s);
+    const QStringList expected = codes(u"order by nmplano, idplano"_s);
     Recordset rs;
-    open(rs, u"select * from plano order by nmplano"_qs);
+    open(rs, u"select * from plano order by nmplano"_s);
     QStringList statements;
     const StatementWatch watch([&](const StatementEvent& event) { statements << event.statement; });
     const auto firstOf = [&](const QString& condition) {
-        return codes(u"where "_qs + condition + u" order by nmplano, idplano limit 1"_qs).value(0);
+        return codes(u"where "_s + condition + u" order by nmplano, idplano limit 1"_s).value(0);
     };
     const std::pair<QString, QString> cases[] = {
-        {u"idplano = "_qs + expected[2], expected[2]},
-        {u"idplano = "_qs + expected[600], expected[600]},
-        {u"idplano like '"_qs + expected[100] + u"'"_qs, expected[100]},
-        {u"idplano = 12.5"_qs, {}},
-        {u"nmplano = 'zoé_1'"_qs, u"777"_qs},
-        {u"nmplano like 12"_qs, u"12"_qs},
-        {u"nmplano like 'zo%_1'"_qs, firstOf(u"nmplano like 'zo%'"_qs)},
-        {u"nmplano like 'É5' and idplano > 500"_qs,
-         firstOf(u"nmplano like binary 'É5' and idplano > 500"_qs)},
-        {u"inicio = '03/01/2026'"_qs, firstOf(u"inicio = '2026-01-03'"_qs)},
+        {u"idplano = "_s + expected[2], expected[2]},
+        {u"idplano = "_s + expected[600], expected[600]},
+        {u"idplano like '"_s + expected[100] + u"'"_s, expected[100]},
+        {u"idplano = 12.5"_s, {}},
+        {u"nmplano = 'zoé_1'"_s, u"777"_s},
+        {u"nmplano like 12"_s, u"12"_s},
+        {u"nmplano like 'zo%_1'"_s, firstOf(u"nmplano like 'zo%'"_s)},
+        {u"nmplano like 'É5' and idplano > 500"_s, firstOf(u"nmplano like binary 'É5' and idplano > 500"_s)},
+        {u"inicio = '03/01/2026'"_s, firstOf(u"inicio = '2026-01-03'"_s)},
     };
     for (const auto& [criteria, found] : cases) {
         SCOPED_TRACE(criteria.toStdString());
@@ -160,7 +161,7 @@ TEST_F(Paging, ARowIsFoundNearFarAndNotAtAll)
         EXPECT_EQ(rs.Eof(), found.isEmpty());
         EXPECT_LE(rs.rowsHeld(), 2 * pageSize + 1);
         EXPECT_LE(statements.size(), criteria.startsWith(u"idplano") ? 3 : 60);
-        EXPECT_TRUE(statements.filter(u"count("_qs).isEmpty());
+        EXPECT_TRUE(statements.filter(u"count("_s).isEmpty());
         EXPECT_EQ(walk(rs), found.isEmpty() ? QStringList() : expected.mid(expected.indexOf(found)));
         rs.MovePrevious();
         EXPECT_EQ(code(rs), expected.last());
@@ -170,7 +171,7 @@ TEST_F(Paging, ARowIsFoundNearFarAndNotAtAll)
 
 TEST_F(Paging, RequeryStandsOnTheRowWhereverItIsNow)
 {
-    const QString sql = u"select * from plano "_qs + ownersRows;
+    const QString sql = u"select * from plano "_s + ownersRows;
     const QStringList before = codes(inOrder);
     const QString mine = before[250];
     struct Case
@@ -180,12 +181,12 @@ TEST_F(Paging, RequeryStandsOnTheRowWhereverItIsNow)
         QString after;
     };
     const Case cases[] = {
-        {"it was renamed", u"update plano set nmplano = 'zz' where idplano = "_qs + mine, mine},
-        {"it came to the front", u"update plano set nmplano = null where idplano = "_qs + mine, mine},
-        {"it went", u"delete from plano where idplano = "_qs + mine, before[251]},
-        {"it became another owner's", u"update plano set sit = 'X' where idplano = "_qs + mine, before[251]},
+        {"it was renamed", u"update plano set nmplano = 'zz' where idplano = "_s + mine, mine},
+        {"it came to the front", u"update plano set nmplano = null where idplano = "_s + mine, mine},
+        {"it went", u"delete from plano where idplano = "_s + mine, before[251]},
+        {"it became another owner's", u"update plano set sit = 'X' where idplano = "_s + mine, before[251]},
         {"all behind went too",
-         u"delete from plano where sit = 'N' and idplano not in (%1)"_qs.arg(before.mid(0, 250).join(u',')),
+         u"delete from plano where sit = 'N' and idplano not in (%1)"_s.arg(before.mid(0, 250).join(u',')),
          before[0]},
     };
     for (const Case& given : cases) {
@@ -193,7 +194,7 @@ TEST_F(Paging, RequeryStandsOnTheRowWhereverItIsNow)
         fill();
         Recordset rs;
         open(rs, sql);
-        rs.Find(u"idplano = "_qs + mine);
+        rs.Find(u"idplano = "_s + mine);
         database().execute(given.statement);
         rs.Requery();
         EXPECT_EQ(code(rs), given.after);
@@ -208,11 +209,11 @@ TEST_F(Paging, AGridReadsOnAsItIsLookedThrough)
     const QStringList expected = codes(inOrder);
     Recordset rs;
     DataGrid grid;
-    grid.setColumns({{u"idplano"_qs, u"CÓDIGO"_qs, 100}});
+    grid.setColumns({{u"idplano"_s, u"CÓDIGO"_s, 100}});
     grid.setDataSource(&rs);
     grid.resize(300, 200);
     grid.show();
-    open(rs, u"select * from plano "_qs + ownersRows);
+    open(rs, u"select * from plano "_s + ownersRows);
     QScrollBar* bar = grid.verticalScrollBar();
     const auto seenAt = [&](int line) {
         return grid.model()->index(bar->value() + line, 0).data().toString();

@@ -3,6 +3,8 @@
 
 #include <random>
 
+using namespace Qt::StringLiterals;
+
 using namespace ADODB;
 
 namespace {
@@ -28,7 +30,7 @@ protected:
                 row << one(column);
             rows << u'(' + row.join(u',') + u')';
         }
-        database().execute(u"insert into plano (idplano, nmplano, pdesc, inicio, hora, sit) values "_qs +
+        database().execute(u"insert into plano (idplano, nmplano, pdesc, inicio, hora, sit) values "_s +
                            rows.join(u','));
         for (int i = below(4); i > 0; --i)
             order << one(u"nmplano|pdesc|inicio|hora|sit") + one(u"| desc| ASC");
@@ -46,8 +48,8 @@ protected:
     void openRows(Recordset& rs, qsizetype rowsOfAPage, const QString& conditions, const QStringList& columns)
     {
         pageSize = rowsOfAPage;
-        open(rs, u"select * from plano"_qs + conditions +
-                     (columns.isEmpty() ? u""_qs : u" order by "_qs + columns.join(u", ")));
+        open(rs, u"select * from plano"_s + conditions +
+                     (columns.isEmpty() ? u""_s : u" order by "_s + columns.join(u", ")));
     }
 
     /// The current row's cells; none where there is no row.
@@ -55,7 +57,7 @@ protected:
     {
         QStringList cells;
         for (qsizetype i = 0; rs.heldPosition() >= 0 && i < qsizetype(rs.columns().size()); ++i)
-            cells << (rs.Fields(i).isNull() ? u"null"_qs : rs.Fields(i).text());
+            cells << (rs.Fields(i).isNull() ? u"null"_s : rs.Fields(i).text());
         return cells;
     }
 
@@ -82,7 +84,7 @@ TEST_P(RandomWalk, RowsReadByPagesShowAsRowsHeldWhole)
     Recordset paged;
     Recordset whole;
     openRows(paged, size, conditions, order);
-    openRows(whole, 0, conditions, order + QStringList(u"idplano"_qs));
+    openRows(whole, 0, conditions, order + QStringList(u"idplano"_s));
     SCOPED_TRACE(paged.source().toStdString() + " / " + std::to_string(size));
     QStringList trace;
     std::vector<std::pair<qsizetype, qsizetype>> marks;
@@ -103,18 +105,18 @@ TEST_P(RandomWalk, RowsReadByPagesShowAsRowsHeldWhole)
             });
         };
         const std::function<void()> steps[] = {
-            [&] { repeated(u"next"_qs, &Recordset::MoveNext); },
-            [&] { repeated(u"previous"_qs, &Recordset::MovePrevious); },
-            [&] { both(u"first"_qs, [](Recordset& rs) { rs.MoveFirst(); }); },
-            [&] { both(u"last"_qs, [](Recordset& rs) { rs.MoveLast(); }); },
-            [&] { both(u"to %1"_qs.arg(12 * n), [&](Recordset& rs) { rs.setAbsolutePosition(12 * n); }); },
-            [&] { both(u"find "_qs + wanted, [&](Recordset& rs) { rs.Find(wanted); }); },
-            [&] { both(u"filter "_qs + wanted, [&](Recordset& rs) { rs.Filter(n > 7 ? wanted : u""_qs); }); },
+            [&] { repeated(u"next"_s, &Recordset::MoveNext); },
+            [&] { repeated(u"previous"_s, &Recordset::MovePrevious); },
+            [&] { both(u"first"_s, [](Recordset& rs) { rs.MoveFirst(); }); },
+            [&] { both(u"last"_s, [](Recordset& rs) { rs.MoveLast(); }); },
+            [&] { both(u"to %1"_s.arg(12 * n), [&](Recordset& rs) { rs.setAbsolutePosition(12 * n); }); },
+            [&] { both(u"find "_s + wanted, [&](Recordset& rs) { rs.Find(wanted); }); },
+            [&] { both(u"filter "_s + wanted, [&](Recordset& rs) { rs.Filter(n > 7 ? wanted : u""_s); }); },
             [&] {
                 if (n < 9)
                     return;
                 marks.clear();
-                both(u"requery"_qs, [&](Recordset& rs) { rs.Requery(); });
+                both(u"requery"_s, [&](Recordset& rs) { rs.Requery(); });
             },
             [&] {
                 if (paged.heldPosition() >= 0)
@@ -122,7 +124,7 @@ TEST_P(RandomWalk, RowsReadByPagesShowAsRowsHeldWhole)
             },
             [&] {
                 for (const auto& [ofPaged, ofWhole] : marks)
-                    both(u"mark"_qs, [&, a = ofPaged, b = ofWhole](Recordset& rs) {
+                    both(u"mark"_s, [&, a = ofPaged, b = ofWhole](Recordset& rs) {
                         rs.setBookmark(&rs == &paged ? a : b);
                     });
             }};
@@ -157,7 +159,7 @@ TEST_P(RandomWalk, ChangedRowsAreNeitherLostNorRepeated)
             for (int n = below(40); n > 0 && !rs.Bof(); --n)
                 rs.MovePrevious();
         if (what == 2)
-            rs.Find(u"idplano > %1"_qs.arg(below(400)));
+            rs.Find(u"idplano > %1"_s.arg(below(400)));
         if (what == 3) {
             rs.AddNew();
             change();
@@ -178,7 +180,7 @@ TEST_P(RandomWalk, ChangedRowsAreNeitherLostNorRepeated)
         if (what == 7)
             marks[rs.Bookmark()] = code();
         Recordset number;
-        number.Open(u"select count(*) from plano"_qs, connection);
+        number.Open(u"select count(*) from plano"_s, connection);
         EXPECT_EQ(rs.RecordCount(), number.Fields(0).integer());
         EXPECT_LE(rs.AbsolutePosition(), rs.RecordCount());
         if (below(3) > 0)
@@ -198,7 +200,7 @@ TEST_P(RandomWalk, ChangedRowsAreNeitherLostNorRepeated)
     }
     rs.Requery();
     Recordset whole;
-    openRows(whole, 0, {}, order + QStringList(u"idplano"_qs));
+    openRows(whole, 0, {}, order + QStringList(u"idplano"_s));
     for (rs.MoveFirst(); !rs.Eof() && !whole.Eof(); rs.MoveNext(), whole.MoveNext())
         EXPECT_EQ(row(rs), row(whole));
     EXPECT_EQ(rs.Eof(), whole.Eof());

@@ -13,6 +13,8 @@
 #include <QThread>
 #include <gtest/gtest.h>
 
+using namespace Qt::StringLiterals;
+
 using namespace std::chrono_literals;
 
 namespace {
@@ -30,18 +32,17 @@ protected:
 QSslConfiguration ownCertificate(const QTemporaryDir& folder)
 {
     const auto file = [&](const QString& name) { return folder.filePath(name); };
-    EXPECT_EQ(
-        QProcess::execute(u"openssl"_qs,
-                          {u"req"_qs, u"-x509"_qs, u"-newkey"_qs, u"ec"_qs, u"-pkeyopt"_qs,
-                           u"ec_paramgen_curve:prime256v1"_qs, u"-nodes"_qs, u"-days"_qs, u"2"_qs,
-                           u"-subj"_qs, u"/CN=localhost"_qs, u"-addext"_qs, u"subjectAltName=IP:127.0.0.1"_qs,
-                           u"-keyout"_qs, file(u"key"_qs), u"-out"_qs, file(u"certificate"_qs)}),
-        0);
-    QFile key(file(u"key"_qs));
+    EXPECT_EQ(QProcess::execute(u"openssl"_s, {u"req"_s, u"-x509"_s, u"-newkey"_s, u"ec"_s, u"-pkeyopt"_s,
+                                               u"ec_paramgen_curve:prime256v1"_s, u"-nodes"_s, u"-days"_s,
+                                               u"2"_s, u"-subj"_s, u"/CN=localhost"_s, u"-addext"_s,
+                                               u"subjectAltName=IP:127.0.0.1"_s, u"-keyout"_s, file(u"key"_s),
+                                               u"-out"_s, file(u"certificate"_s)}),
+              0);
+    QFile key(file(u"key"_s));
     EXPECT_TRUE(key.open(QFile::ReadOnly));
     QSslConfiguration tls = QSslConfiguration::defaultConfiguration();
     tls.setPrivateKey(QSslKey(&key, QSsl::Ec));
-    tls.setLocalCertificateChain(QSslCertificate::fromPath(file(u"certificate"_qs)));
+    tls.setLocalCertificateChain(QSslCertificate::fromPath(file(u"certificate"_s)));
     return tls;
 }
 
@@ -49,25 +50,25 @@ QSslConfiguration ownCertificate(const QTemporaryDir& folder)
 
 TEST_F(ProgramFolder, NamesAreFoundWhateverTheirCase)
 {
-    Files::write(Files::inProgramFolder(u"\\tremosilva.ini"_qs), "one");
-    Files::write(Files::inProgramFolder(u"\\Tremosilva.INI"_qs), "two");
-    EXPECT_EQ(QDir(folder.path()).entryList(QDir::Files), QStringList{u"tremosilva.ini"_qs})
+    Files::write(Files::inProgramFolder(u"\\tremosilva.ini"_s), "one");
+    Files::write(Files::inProgramFolder(u"\\Tremosilva.INI"_s), "two");
+    EXPECT_EQ(QDir(folder.path()).entryList(QDir::Files), QStringList{u"tremosilva.ini"_s})
         << "one file, not two";
-    EXPECT_EQ(Files::read(Files::inProgramFolder(u"\\TREMOSILVA.ini"_qs)), "two");
+    EXPECT_EQ(Files::read(Files::inProgramFolder(u"\\TREMOSILVA.ini"_s)), "two");
 
-    Files::makeFolder(Files::inProgramFolder(u"\\temp"_qs));
-    EXPECT_EQ(Files::inProgramFolder(u"\\TEMP\\x.pdf"_qs), folder.path() + u"/temp/x.pdf"_qs);
+    Files::makeFolder(Files::inProgramFolder(u"\\temp"_s));
+    EXPECT_EQ(Files::inProgramFolder(u"\\TEMP\\x.pdf"_s), folder.path() + u"/temp/x.pdf"_s);
 }
 
 TEST_F(ProgramFolder, FailuresOfFilesAreErrors)
 {
-    const QString missing = Files::inProgramFolder(u"\\missing"_qs);
+    const QString missing = Files::inProgramFolder(u"\\missing"_s);
     EXPECT_EQ(errorOf([&] { Files::read(missing); }), 53);
     EXPECT_EQ(errorOf([&] { Files::removeFile(missing); }), 75);
-    EXPECT_EQ(errorOf([&] { Files::write(missing + u"/below"_qs, "x"); }), 75);
+    EXPECT_EQ(errorOf([&] { Files::write(missing + u"/below"_s, "x"); }), 75);
     EXPECT_EQ(errorOf([&] { Shell::open(missing); }), 53);
     Files::write(missing, "x");
-    EXPECT_EQ(errorOf([&] { Files::makeFolder(missing + u"/below"_qs); }), 75);
+    EXPECT_EQ(errorOf([&] { Files::makeFolder(missing + u"/below"_s); }), 75);
     QFile::setPermissions(missing, QFile::ReadOwner);
     Files::removeFile(missing);
     EXPECT_FALSE(Files::exists(missing)) << "write-protected files go too";
@@ -75,39 +76,39 @@ TEST_F(ProgramFolder, FailuresOfFilesAreErrors)
 
 TEST_F(ProgramFolder, ProfileValues)
 {
-    const QString file = Files::inProgramFolder(u"\\a.ini"_qs);
+    const QString file = Files::inProgramFolder(u"\\a.ini"_s);
     Files::write(
         file, "stray=0\r\n[Other]\r\nkey=1\r\n[CONFIG]\r\n Key = two words \r\nempty=\r\nkey=later\r\nlong=" +
                   QByteArray(300, 'x') + "\r\n\xe3=\xe7\r\n[After]\r\nafter=3\r\n");
     for (const QStringList& row : textTable(u"config=KEY=two words|CONFIG=empty=|CONFIG=stray=none|"
                                             "CONFIG=after=none|Other=key=1|CONFIG=ã=ç"))
-        EXPECT_EQ(Files::profileValue(row[0], row[1], u"none"_qs, file), row[2]) << row[1].toStdString();
-    EXPECT_EQ(Files::profileValue(u"CONFIG"_qs, u"long"_qs, u"none"_qs, file), QString(254, u'x'));
-    EXPECT_EQ(Files::profileValue(u"CONFIG"_qs, u"key"_qs, u"none"_qs, file + u"x"_qs), u"none");
+        EXPECT_EQ(Files::profileValue(row[0], row[1], u"none"_s, file), row[2]) << row[1].toStdString();
+    EXPECT_EQ(Files::profileValue(u"CONFIG"_s, u"long"_s, u"none"_s, file), QString(254, u'x'));
+    EXPECT_EQ(Files::profileValue(u"CONFIG"_s, u"key"_s, u"none"_s, file + u"x"_s), u"none");
 }
 
 TEST_F(ProgramFolder, OpeningStartsAProgramAndHandsOnTheRest)
 {
-    const QString script = Files::inProgramFolder(u"\\adm_atu.exe"_qs);
+    const QString script = Files::inProgramFolder(u"\\adm_atu.exe"_s);
     Files::write(script, "#!/bin/sh\ntouch started\n");
     QFile::setPermissions(script, QFile::ReadOwner | QFile::ExeOwner | QFile::WriteOwner);
     Shell::open(script);
-    const QString trace = folder.filePath(u"started"_qs);
+    const QString trace = folder.filePath(u"started"_s);
     for (int i = 0; i < 500 && !Files::exists(trace); ++i)
         QThread::msleep(10);
     EXPECT_TRUE(Files::exists(trace));
 
     QStringList opened;
     Shell::setHandler([&](const QString& target) { opened << target; });
-    Shell::open(u"https://tremosilva.example/x"_qs);
+    Shell::open(u"https://tremosilva.example/x"_s);
     Shell::setHandler({});
-    EXPECT_EQ(opened, QStringList{u"https://tremosilva.example/x"_qs});
+    EXPECT_EQ(opened, QStringList{u"https://tremosilva.example/x"_s});
 }
 
 TEST(HttpGet, AnswersOfAnyStatusComeBackWhole)
 {
     OneAnswer good(OneAnswer::http("200 OK", "ab\ncd"));
-    const Http::Response answer = Http::get(good.host() + u"/ws/1"_qs, 5s, "Mozilla/5.0");
+    const Http::Response answer = Http::get(good.host() + u"/ws/1"_s, 5s, "Mozilla/5.0");
     EXPECT_EQ(answer.status, 200);
     EXPECT_EQ(answer.body, "ab\ncd");
     EXPECT_TRUE(good.request().startsWith("GET /ws/1 HTTP/1.1\r\n"));
@@ -121,7 +122,7 @@ TEST(HttpGet, AnswersOfAnyStatusComeBackWhole)
     OneAnswer here(OneAnswer::http("200 OK", "found"));
     OneAnswer moved("HTTP/1.1 302 Found\r\nContent-Length: 0\r\nLocation: " + here.host().toLatin1() +
                     "/b\r\n\r\n");
-    EXPECT_EQ(Http::get(moved.host() + u"/a"_qs, 5s).body, "found");
+    EXPECT_EQ(Http::get(moved.host() + u"/a"_s, 5s).body, "found");
 }
 
 TEST(HttpDownload, AFileIsKnownToBeWhole)
@@ -168,18 +169,18 @@ TEST(HttpGet, FailuresHaveTheirNumbers)
 {
     {
         OneAnswer silent("");
-        EXPECT_EQ(errorOf([&] { Http::get(silent.host() + u"/ws/1"_qs, 200ms); }), 12002);
+        EXPECT_EQ(errorOf([&] { Http::get(silent.host() + u"/ws/1"_s, 200ms); }), 12002);
     }
     OneAnswer broken("HTTP/1.1 200 OK\r\nContent-Length: 100\r\n\r\nab");
-    EXPECT_EQ(errorOf([&] { Http::get(broken.host() + u"/ws/1"_qs, 5s); }), 12030);
+    EXPECT_EQ(errorOf([&] { Http::get(broken.host() + u"/ws/1"_s, 5s); }), 12030);
 
     OneAnswer away("HTTP/1.1 302 Found\r\nLocation: ftp://127.0.0.1/x\r\nContent-Length: 0\r\n\r\n");
-    EXPECT_EQ(errorOf([&] { Http::get(away.host() + u"/ws/1"_qs, 5s); }), 12156);
+    EXPECT_EQ(errorOf([&] { Http::get(away.host() + u"/ws/1"_s, 5s); }), 12156);
 
     OneAnswer unsafe(OneAnswer::http("200 OK", "ab"));
-    EXPECT_EQ(errorOf([&] { Http::get(unsafe.host().replace(u"http:"_qs, u"https:"_qs), 5s); }), 12175);
+    EXPECT_EQ(errorOf([&] { Http::get(unsafe.host().replace(u"http:"_s, u"https:"_s), 5s); }), 12175);
 
     EXPECT_EQ(errorOf([] { Http::get(OneAnswer::closedHost(), 5s); }), 12029);
-    EXPECT_EQ(errorOf([] { Http::get(u"ftp://127.0.0.1/"_qs, 5s); }), 12005);
-    EXPECT_EQ(errorOf([] { Http::get(u"http://"_qs, 5s); }), 12005);
+    EXPECT_EQ(errorOf([] { Http::get(u"ftp://127.0.0.1/"_s, 5s); }), 12005);
+    EXPECT_EQ(errorOf([] { Http::get(u"http://"_s, 5s); }), 12005);
 }

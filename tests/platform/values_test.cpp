@@ -10,6 +10,8 @@
 
 #include <limits>
 
+using namespace Qt::StringLiterals;
+
 namespace {
 
 const double Infinity = std::numeric_limits<double>::infinity();
@@ -193,7 +195,7 @@ TEST(Date, keepsTheDayWhoseMidnightSummerTimeSkipped)
     EXPECT_EQ(first.date(), QDate(2018, 11, 4));
     EXPECT_EQ(first.time(), QTime(0, 0));
     EXPECT_LT(first, toDate(u"04/11/2018 02:00"));
-    EXPECT_EQ(Format(u"04/11/2018"_qs, u"yyyy/mm/dd"), u"2018/11/04");
+    EXPECT_EQ(Format(u"04/11/2018"_s, u"yyyy/mm/dd"), u"2018/11/04");
     EXPECT_EQ(generalDate(first), u"04/11/2018");
     EXPECT_EQ(generalDate(toDate(u"8:05")), u"08:05:00");
 }

@@ -6,17 +6,19 @@
 #include <QComboBox>
 #include <QLineEdit>
 
+using namespace Qt::StringLiterals;
+
 using namespace Variaveis;
 
 namespace {
 
-const QString company = u"Buscar dados cadastrais na receita?"_qs;
+const QString company = u"Buscar dados cadastrais na receita?"_s;
 const QString noBirth =
-    u"Atenção!!! Data de nascimento não informada ou inválida!\nProsseguir assim mesmo?"_qs;
-const QString noName = u"--- ERRO --- NOME NÃO INFORMADO!"_qs;
-const QString noPhone = u"Informe o fone fixo e/ou celular!"_qs;
-const QString wrongEntry = u"--- ERRO --- DATA DE CADASTRO INCORRETA!"_qs;
-const QString unknownCode = u"--- ERRO --- CÓDIGO NÃO ENCONTRADO!"_qs;
+    u"Atenção!!! Data de nascimento não informada ou inválida!\nProsseguir assim mesmo?"_s;
+const QString noName = u"--- ERRO --- NOME NÃO INFORMADO!"_s;
+const QString noPhone = u"Informe o fone fixo e/ou celular!"_s;
+const QString wrongEntry = u"--- ERRO --- DATA DE CADASTRO INCORRETA!"_s;
+const QString unknownCode = u"--- ERRO --- CÓDIGO NÃO ENCONTRADO!"_s;
 
 /// What both registers have: box, column, what a person types and, where it is not the same in upper case,
 /// what is shown and what is kept.
@@ -24,7 +26,7 @@ const QString person =
     u"TXTCPF=cpf=11144477735|TXTRG=rg=mg-1|txtdtnasc=dtnasc=3x1121980=31/12/1980=1980-12-31|"
     "txtnrcel=fonecel=32|txtemail=eMail=j@x.br|txtcepr=cep=0131010|txtruar=rua=rua a|"
     "txtNr=nrrua=5 b|txtbairror=bairro=centro|txtcidader=cidade=são josé|txtufr=uf=mg|"
-    "txtmemo=obs=linha"_qs;
+    "txtmemo=obs=linha"_s;
 
 /// Two tenants' rows under the same names.
 class People : public LoggedIn
@@ -40,7 +42,7 @@ protected:
             u" (3,'C1','RUI','3','2020-02-03',7,'1980-12-31');"
             u"insert into profissionais (idpro,idlic,nmpro,fonefixo,dtcad,idesp,valor,ondeatd) values"
             u" (1,'C2','BIA','1','2019-01-01',1,1,'0'),(2,'C1','BIA','2','2020-02-03',4,1234.5,'2'),"
-            u" (3,'C1','CAIO','3','2020-02-03',4,10,'0')"_qs);
+            u" (3,'C1','CAIO','3','2020-02-03',4,10,'0')"_s);
     }
     ~People() override
     {
@@ -56,26 +58,26 @@ protected:
             screen.type(box, text);
     }
 
-    static void load(ScreenDriver& screen, const QString& code) { enter(screen, u"txtcodcli"_qs, code); }
+    static void load(ScreenDriver& screen, const QString& code) { enter(screen, u"txtcodcli"_s, code); }
 
     /// Nothing but today's date of registration and the combos' first items.
     static void expectEmptied(const ScreenDriver& screen)
     {
-        EXPECT_EQ(screen.text(u"txtdtcad"_qs), u"16/03/2026");
+        EXPECT_EQ(screen.text(u"txtdtcad"_s), u"16/03/2026");
         for (const QLineEdit* box : screen.window().findChildren<QLineEdit*>())
             EXPECT_TRUE(box->text().isEmpty() || box->objectName() == u"txtdtcad")
                 << qPrintable(box->objectName());
         for (const QComboBox* box : screen.window().findChildren<QComboBox*>())
             EXPECT_EQ(box->currentIndex(), 0) << qPrintable(box->objectName());
-        EXPECT_EQ(screen.text(u"txtmemo"_qs), u"");
+        EXPECT_EQ(screen.text(u"txtmemo"_s), u"");
     }
 
     /// A new row with a text of its own in each box, read back, and saved again as it is.
     template <class Screen>
     void expectEveryBoxKept(const QString& table, const QString& key, const QString& ownBoxes)
     {
-        QStringList columns = {u"idlic"_qs, u"dtcad"_qs, u"evup"_qs}, boxes, typed, upper;
-        QStringList kept = {u"C1"_qs, u"2026-03-16"_qs, boundStamp};
+        QStringList columns = {u"idlic"_s, u"dtcad"_s, u"evup"_s}, boxes, typed, upper;
+        QStringList kept = {u"C1"_s, u"2026-03-16"_s, boundStamp};
         for (const QString& cell : (person + ownBoxes).split(u'|')) {
             const QStringList parts = cell.split(u'=');
             boxes << parts[0];
@@ -84,28 +86,28 @@ protected:
             upper << parts.value(3, parts[2].toUpper());
             kept << parts.value(4, upper.last());
         }
-        const QString query = u"select %1 from %2 where %3 > 3"_qs.arg(columns.join(u','), table, key);
+        const QString query = u"select %1 from %2 where %3 > 3"_s.arg(columns.join(u','), table, key);
         on<Screen>([&](ScreenDriver& screen) {
             EXPECT_EQ(screen.focused(), u"txtcodcli");
-            EXPECT_EQ(screen.text(u"txtdtcad"_qs), u"16/03/2026");
+            EXPECT_EQ(screen.text(u"txtdtcad"_s), u"16/03/2026");
             for (int i = 0; i < boxes.size(); ++i)
                 put(screen, boxes[i], typed[i]);
-            screen.click(u"cmdsalva"_qs);
+            screen.click(u"cmdsalva"_s);
             EXPECT_EQ(screen.focused(), u"txtcodcli");
             expectEmptied(screen);
             EXPECT_EQ(rows(query), QList<QStringList>{kept});
 
-            screen.doubleClickRow(u"DataGrid1"_qs, 1); // between the two of the tenant
+            screen.doubleClickRow(u"DataGrid1"_s, 1); // between the two of the tenant
             EXPECT_EQ(screen.focused(), u"txtcodcli");
             screen.press(Qt::Key_Return);
             EXPECT_EQ(shown(screen, boxes.join(u' ')), upper.join(u'|'));
             clock.set(QDateTime(QDate(2026, 3, 17), QTime(9, 0)));
-            screen.clickRow(u"DataGrid1"_qs, 0);
-            screen.click(u"cmdsalva"_qs);
+            screen.clickRow(u"DataGrid1"_s, 0);
+            screen.click(u"cmdsalva"_s);
         });
-        kept[2] = u"MARIA - 17/03/2026 09:00:00"_qs;
+        kept[2] = u"MARIA - 17/03/2026 09:00:00"_s;
         EXPECT_EQ(rows(query), QList<QStringList>{kept});
-        EXPECT_EQ(value(u"select count(*) from %1 where evup is null"_qs.arg(table)), u"3");
+        EXPECT_EQ(value(u"select count(*) from %1 where evup is null"_s.arg(table)), u"3");
     }
 
     /// Without a date of birth first, then attempt by attempt: what goes into boxes, and what the save then
@@ -113,20 +115,20 @@ protected:
     void expectRefusals(ScreenDriver& screen, const QList<QPair<QString, QStringList>>& attempts)
     {
         const auto save = [&screen] {
-            screen.focus(u"cmdsalva"_qs); // a click that a box answers would be none
-            screen.click(u"cmdsalva"_qs);
+            screen.focus(u"cmdsalva"_s); // a click that a box answers would be none
+            screen.click(u"cmdsalva"_s);
         };
-        screen.type(u"txtdtcad"_qs, u"31022026"_qs);
-        dialogs.expectQuestion(noBirth, false, u"Atençã"_qs);
+        screen.type(u"txtdtcad"_s, u"31022026"_s);
+        dialogs.expectQuestion(noBirth, false, u"Atençã"_s);
         save();
-        dialogs.expectQuestion(noBirth, true, u"Atençã"_qs);
-        dialogs.expect(noName, u"ATENÇÃO"_qs);
+        dialogs.expectQuestion(noBirth, true, u"Atençã"_s);
+        dialogs.expect(noName, u"ATENÇÃO"_s);
         save();
-        screen.type(u"txtdtnasc"_qs, u"01022003"_qs);
+        screen.type(u"txtdtnasc"_s, u"01022003"_s);
         for (const auto& [puts, refusals] : attempts) {
-            EXPECT_TRUE(screen.enabled(u"txtnome"_qs));
+            EXPECT_TRUE(screen.enabled(u"txtnome"_s));
             for (const QString& refusal : refusals)
-                dialogs.expect(refusal, refusal.startsWith(u'-') ? u"ATENÇÃO"_qs : u"Atenção"_qs);
+                dialogs.expect(refusal, refusal.startsWith(u'-') ? u"ATENÇÃO"_s : u"Atenção"_s);
             for (const QString& one : puts.split(u'|'))
                 put(screen, one.section(u'=', 0, 0), one.section(u'=', 1));
             save();
@@ -140,113 +142,112 @@ protected:
 TEST_F(People, EveryBoxIsKeptAndComesBack)
 {
     expectEveryBoxKept<frmcadcli>(
-        u"pacientes"_qs, u"idpac"_qs,
+        u"pacientes"_s, u"idpac"_s,
         u"|txtnome=nmPac=joana d'ávila|txtfone=fonepac=31|txtNmResp=nmresp=eva|txtFoneResp=foneresp=33|"
         "txtIdConv=idconv=7|cboAler=taler=1=1 - SIM=1|txtAler=dsaler=pó|cboMed=tmed=0=0 - NÃO=0|"
-        "txtMed=dsmed=nenhuma|cboCir=tcir=1=1 - SIM=1|txtCir=dscir=hérnia"_qs);
+        "txtMed=dsmed=nenhuma|cboCir=tcir=1=1 - SIM=1|txtCir=dscir=hérnia"_s);
     clock.set(QDateTime(QDate(2026, 3, 16), QTime(8, 30, 15)));
     expectEveryBoxKept<frmCadProfissionais>(
-        u"profissionais"_qs, u"idpro"_qs,
+        u"profissionais"_s, u"idpro"_s,
         u"|txtnome=nmpro=bruno d'or|txtfone=fonefixo=31|txtIdEsp=idesp=4|txtNoCon=nrcon=crm 5|"
-        "cboCH=ondeatd=2=2 - HOME E CLINICA=2|txtVR=valor=1500,5=R$ 1.500,50=1500.50"_qs);
+        "cboCH=ondeatd=2=2 - HOME E CLINICA=2|txtVR=valor=1500,5=R$ 1.500,50=1500.50"_s);
 }
 
 TEST_F(People, APatientIsRefusedStepByStep)
 {
     on<frmcadcli>([&](ScreenDriver& screen) {
-        for (const QString& question : {u"cboAler"_qs, u"cboMed"_qs, u"cboCir"_qs})
-            screen.choose(question, u"1"_qs);
-        expectRefusals(screen, {{u"txtnome= |txtIdConv=7"_qs, {noName}},
-                                {u"txtnome=leo|txtIdConv=1"_qs, {noName}},
-                                {u"txtIdConv=7|txtAler= "_qs, {u"Preencha as informações da alergia!"_qs}},
-                                {u"cboAler=0"_qs, {u"Preencha as informações da medicação!"_qs}},
-                                {u"txtMed=x"_qs, {u"Preencha as informações da cirurgia!"_qs}},
-                                {u"txtCir=y|txtfone= "_qs, {noPhone}},
-                                {u"txtnrcel=9"_qs, {wrongEntry}}});
-        EXPECT_FALSE(screen.enabled(u"txtnome"_qs))
-            << "the date of registration is looked at behind the lock";
-        EXPECT_EQ(screen.text(u"txtnome"_qs), u"LEO");
-        screen.click(u"cmdretorna"_qs);
-        EXPECT_TRUE(screen.enabled(u"txtnome"_qs));
+        for (const QString& question : {u"cboAler"_s, u"cboMed"_s, u"cboCir"_s})
+            screen.choose(question, u"1"_s);
+        expectRefusals(screen, {{u"txtnome= |txtIdConv=7"_s, {noName}},
+                                {u"txtnome=leo|txtIdConv=1"_s, {noName}},
+                                {u"txtIdConv=7|txtAler= "_s, {u"Preencha as informações da alergia!"_s}},
+                                {u"cboAler=0"_s, {u"Preencha as informações da medicação!"_s}},
+                                {u"txtMed=x"_s, {u"Preencha as informações da cirurgia!"_s}},
+                                {u"txtCir=y|txtfone= "_s, {noPhone}},
+                                {u"txtnrcel=9"_s, {wrongEntry}}});
+        EXPECT_FALSE(screen.enabled(u"txtnome"_s)) << "the date of registration is looked at behind the lock";
+        EXPECT_EQ(screen.text(u"txtnome"_s), u"LEO");
+        screen.click(u"cmdretorna"_s);
+        EXPECT_TRUE(screen.enabled(u"txtnome"_s));
         EXPECT_EQ(screen.focused(), u"TXTCPF");
         expectEmptied(screen);
     });
-    EXPECT_EQ(value(u"select count(*) from pacientes"_qs), u"3");
+    EXPECT_EQ(value(u"select count(*) from pacientes"_s), u"3");
 }
 
 TEST_F(People, AProfessionalIsRefusedStepByStep)
 {
     on<frmCadProfissionais>([&](ScreenDriver& screen) {
-        expectRefusals(screen, {{u"txtnome= |txtIdEsp=4|txtVR=-1"_qs, {noName}},
-                                {u"txtnome=ivo|txtIdEsp=1"_qs, {noName}},
-                                {u"txtIdEsp=4|txtVR=dez"_qs, {u"--- ERRO --- VALOR INVÁLIDO!"_qs, noName}},
-                                {u"txtVR=-1"_qs, {noPhone}},
-                                {u"txtfone=3"_qs, {u"--- ERRO --- VALOR NÃO PODE SER MENOR QUE ZERO!"_qs}},
-                                {u"txtVR=0"_qs, {wrongEntry}},
-                                {u"txtdtcad=01012026"_qs, {}}});
+        expectRefusals(screen, {{u"txtnome= |txtIdEsp=4|txtVR=-1"_s, {noName}},
+                                {u"txtnome=ivo|txtIdEsp=1"_s, {noName}},
+                                {u"txtIdEsp=4|txtVR=dez"_s, {u"--- ERRO --- VALOR INVÁLIDO!"_s, noName}},
+                                {u"txtVR=-1"_s, {noPhone}},
+                                {u"txtfone=3"_s, {u"--- ERRO --- VALOR NÃO PODE SER MENOR QUE ZERO!"_s}},
+                                {u"txtVR=0"_s, {wrongEntry}},
+                                {u"txtdtcad=01012026"_s, {}}});
     });
-    EXPECT_EQ(flat(u"select nmpro,valor,ondeatd,dtcad from profissionais where idpro > 3"_qs),
-              QStringList{u"IVO|0.00|0|2026-03-16"_qs});
+    EXPECT_EQ(flat(u"select nmpro,valor,ondeatd,dtcad from profissionais where idpro > 3"_s),
+              QStringList{u"IVO|0.00|0|2026-03-16"_s});
 }
 
 TEST_F(People, AnUnknownDateOfBirthStaysUnknown)
 {
-    dialogs.expectQuestion(noBirth, true, u"Atençã"_qs);
+    dialogs.expectQuestion(noBirth, true, u"Atençã"_s);
     on<frmcadcli>([](ScreenDriver& screen) {
-        load(screen, u"2"_qs);
-        EXPECT_EQ(screen.text(u"txtdtnasc"_qs), u"Não Informado");
-        screen.type(u"txtdtcad"_qs, u"01012001"_qs);
-        screen.click(u"cmdsalva"_qs);
+        load(screen, u"2"_s);
+        EXPECT_EQ(screen.text(u"txtdtnasc"_s), u"Não Informado");
+        screen.type(u"txtdtcad"_s, u"01012001"_s);
+        screen.click(u"cmdsalva"_s);
     });
     EXPECT_EQ(
-        value(u"select concat_ws('|',dtcad,ifnull(dtnasc,'NULL'),evup) from pacientes where idpac = 2"_qs),
-        u"2020-02-03|NULL|"_qs + boundStamp);
+        value(u"select concat_ws('|',dtcad,ifnull(dtnasc,'NULL'),evup) from pacientes where idpac = 2"_s),
+        u"2020-02-03|NULL|"_s + boundStamp);
 }
 
 TEST_F(People, CodesThatAreNoPatients)
 {
-    dialogs.expect(unknownCode, u"ATENÇÃO"_qs);
-    dialogs.expect(unknownCode, u"ATENÇÃO"_qs);
+    dialogs.expect(unknownCode, u"ATENÇÃO"_s);
+    dialogs.expect(unknownCode, u"ATENÇÃO"_s);
     on<frmcadcli>([](ScreenDriver& screen) {
-        for (const QString& code : {u"1"_qs, u"99"_qs, u"x"_qs, QString()}) {
-            load(screen, u"3"_qs);
-            EXPECT_EQ(screen.text(u"txtnome"_qs), u"RUI");
+        for (const QString& code : {u"1"_s, u"99"_s, u"x"_s, QString()}) {
+            load(screen, u"3"_s);
+            EXPECT_EQ(screen.text(u"txtnome"_s), u"RUI");
             load(screen, code);
-            EXPECT_EQ(shown(screen, u"txtcodcli txtnome txtIdConv txtNmConv"_qs),
-                      QString(code.toUpper() + u"|||"_qs));
+            EXPECT_EQ(shown(screen, u"txtcodcli txtnome txtIdConv txtNmConv"_s),
+                      QString(code.toUpper() + u"|||"_s));
         }
     });
 }
 
 TEST_F(People, ARowThatASearchLeftOutIsNotWrittenOverAnother)
 {
-    const QString title = u"Pesquisa paciente já cadastrado"_qs;
-    dialogs.expectInput(u"Nome: "_qs, u"ana"_qs, title);
-    dialogs.expect(unknownCode, u"ATENÇÃO"_qs);
-    dialogs.expectInput(u"Nome: "_qs, {}, title);
+    const QString title = u"Pesquisa paciente já cadastrado"_s;
+    dialogs.expectInput(u"Nome: "_s, u"ana"_s, title);
+    dialogs.expect(unknownCode, u"ATENÇÃO"_s);
+    dialogs.expectInput(u"Nome: "_s, {}, title);
     on<frmcadcli>([](ScreenDriver& screen) {
-        load(screen, u"3"_qs);
+        load(screen, u"3"_s);
         screen.press(Qt::Key_F10);
         EXPECT_EQ(screen.focused(), u"DataGrid1");
-        ASSERT_EQ(screen.grid(u"DataGrid1"_qs).size(), 1);
-        screen.click(u"cmdsalva"_qs);
-        EXPECT_TRUE(screen.enabled(u"txtnome"_qs));
-        screen.click(u"Command3"_qs);
-        EXPECT_EQ(screen.grid(u"DataGrid1"_qs).size(), 2) << "cancelled: all rows again";
-        screen.click(u"cmdsalva"_qs);
+        ASSERT_EQ(screen.grid(u"DataGrid1"_s).size(), 1);
+        screen.click(u"cmdsalva"_s);
+        EXPECT_TRUE(screen.enabled(u"txtnome"_s));
+        screen.click(u"Command3"_s);
+        EXPECT_EQ(screen.grid(u"DataGrid1"_s).size(), 2) << "cancelled: all rows again";
+        screen.click(u"cmdsalva"_s);
     });
-    EXPECT_EQ(value(u"select group_concat(idpac) from pacientes where evup = '%1'"_qs.arg(boundStamp)), u"3");
+    EXPECT_EQ(value(u"select group_concat(idpac) from pacientes where evup = '%1'"_s.arg(boundStamp)), u"3");
 }
 
 TEST_F(People, AProfessionalIsFoundByName)
 {
-    dialogs.expectInput(u"Nome: "_qs, u"bi"_qs, u"Pesquisa profissionais já cadastrado"_qs);
+    dialogs.expectInput(u"Nome: "_s, u"bi"_s, u"Pesquisa profissionais já cadastrado"_s);
     on<frmCadProfissionais>([](ScreenDriver& screen) {
         screen.press(Qt::Key_F10);
-        ASSERT_EQ(screen.grid(u"DataGrid1"_qs).size(), 1);
-        screen.doubleClickRow(u"DataGrid1"_qs, 0);
+        ASSERT_EQ(screen.grid(u"DataGrid1"_s).size(), 1);
+        screen.doubleClickRow(u"DataGrid1"_s, 0);
         screen.press(Qt::Key_Return);
-        EXPECT_EQ(shown(screen, u"txtnome txtdtnasc txtVR txtNmEsp"_qs),
+        EXPECT_EQ(shown(screen, u"txtnome txtdtnasc txtVR txtNmEsp"_s),
                   u"BIA|Não Informado|R$ 1.234,50|GERIATRIA");
     });
 }
@@ -254,16 +255,16 @@ TEST_F(People, AProfessionalIsFoundByName)
 TEST_F(People, DocumentsAreCheckedAndACompanysOffersTheLookUp)
 {
     on<frmcadcli>([this](ScreenDriver& screen) {
-        for (const QString& good : {u"111.444.777-35"_qs, u"11222333000181"_qs, u"  "_qs}) {
+        for (const QString& good : {u"111.444.777-35"_s, u"11222333000181"_s, u"  "_s}) {
             if (good.size() == 14)
-                dialogs.expectQuestion(company, false, u"Atenção"_qs);
-            enter(screen, u"TXTCPF"_qs, good);
-            EXPECT_EQ(screen.text(u"TXTCPF"_qs), good);
+                dialogs.expectQuestion(company, false, u"Atenção"_s);
+            enter(screen, u"TXTCPF"_s, good);
+            EXPECT_EQ(screen.text(u"TXTCPF"_s), good);
             dialogs.verify();
         }
-        for (const QString& bad : {u"11144477734"_qs, u"11222333000180"_qs}) {
-            enter(screen, u"TXTCPF"_qs, bad);
-            EXPECT_EQ(screen.text(u"TXTCPF"_qs), u"");
+        for (const QString& bad : {u"11144477734"_s, u"11222333000180"_s}) {
+            enter(screen, u"TXTCPF"_s, bad);
+            EXPECT_EQ(screen.text(u"TXTCPF"_s), u"");
         }
     });
 }
@@ -278,9 +279,9 @@ TEST_F(People, ACompanysDataFillTheScreen)
     qputenv("TREMOSILVA_HOST_CEP", postal.host().toUtf8());
     dialogs.expectQuestion(company, true);
     on<frmcadcli>([](ScreenDriver& screen) {
-        enter(screen, u"TXTCPF"_qs, u"11222333000181"_qs);
+        enter(screen, u"TXTCPF"_s, u"11222333000181"_s);
         EXPECT_EQ(
-            shown(screen, u"txtnome txtcepr txtruar txtNr txtbairror txtcidader txtufr txtemail txtCdMun"_qs),
+            shown(screen, u"txtnome txtcepr txtruar txtNr txtbairror txtcidader txtufr txtemail txtCdMun"_s),
             u"Casa Lar|01310100|Rua B|8|Sul|Santos|SP|a@b.br|48500");
     });
     EXPECT_TRUE(registry.request().startsWith("GET /v1/cnpj/11222333000181 "));
@@ -293,14 +294,14 @@ TEST_F(People, EightCharactersOfAPostalCodeFillTheAddressUnlessTheServiceFails)
         "200 OK", "<xmlcep><logradouro>Av. Central</logradouro><bairro>Bela Vista</bairro>"
                   "<localidade>São Paulo</localidade><uf>SP</uf><ibge>3550308</ibge></xmlcep>"));
     OneAnswer failure(OneAnswer::http("500 Error", ""));
-    dialogs.expect(u"500 O serviço respondeu com um erro\nCONEXÃO COM A INTERNET E/OU WEBSERVICE FALHOU!"_qs,
-                   u"Atenção"_qs);
+    dialogs.expect(u"500 O serviço respondeu com um erro\nCONEXÃO COM A INTERNET E/OU WEBSERVICE FALHOU!"_s,
+                   u"Atenção"_s);
     on<frmcadcli>([&](ScreenDriver& screen) {
         for (const OneAnswer* service : {&answer, &failure}) {
             qputenv("TREMOSILVA_HOST_CEP", service->host().toUtf8());
-            for (const QString& code : {u"0131010"_qs, u"01310-100"_qs, u"01310100"_qs})
-                enter(screen, u"txtcepr"_qs, code);
-            EXPECT_EQ(shown(screen, u"txtruar txtbairror txtcidader txtufr txtCdMun"_qs),
+            for (const QString& code : {u"0131010"_s, u"01310-100"_s, u"01310100"_s})
+                enter(screen, u"txtcepr"_s, code);
+            EXPECT_EQ(shown(screen, u"txtruar txtbairror txtcidader txtufr txtCdMun"_s),
                       u" AV. CENTRAL|BELA VISTA|SÃO PAULO|SP|3550308");
         }
     });
@@ -311,24 +312,24 @@ TEST_F(People, APlansNameFollowsItsCode)
 {
     on<frmcadcli>([&](ScreenDriver& screen) {
         const QList<QPair<QString, QString>> table = {
-            {u"7"_qs, u"BOA VIDA"_qs}, {u"1"_qs, {}}, {u"7,9"_qs, u"BOA VIDA"_qs}, {u"x"_qs, {}}};
+            {u"7"_s, u"BOA VIDA"_s}, {u"1"_s, {}}, {u"7,9"_s, u"BOA VIDA"_s}, {u"x"_s, {}}};
         for (const auto& [code, name] : table) {
-            screen.type(u"txtIdConv"_qs, code);
-            EXPECT_EQ(screen.text(u"txtNmConv"_qs), u"");
+            screen.type(u"txtIdConv"_s, code);
+            EXPECT_EQ(screen.text(u"txtNmConv"_s), u"");
             screen.press(Qt::Key_Return);
-            EXPECT_EQ(screen.text(u"txtNmConv"_qs), name) << code.toStdString();
+            EXPECT_EQ(screen.text(u"txtNmConv"_s), name) << code.toStdString();
         }
-        answer(u"frmBuscaConvenios"_qs, {Qt::Key_Escape});
+        answer(u"frmBuscaConvenios"_s, {Qt::Key_Escape});
         screen.press(Qt::Key_F2);
-        EXPECT_EQ(screen.text(u"txtIdConv"_qs), u"X") << "given up";
+        EXPECT_EQ(screen.text(u"txtIdConv"_s), u"X") << "given up";
 
-        for (const QString& code : {u""_qs, u"3"_qs}) {
-            screen.type(u"txtcodcli"_qs, code);
-            execute(u"update pacientes set idconv = 1 where idpac = 3"_qs);
-            answer(u"frmBuscaConvenios"_qs, {Qt::Key_F10});
+        for (const QString& code : {u""_s, u"3"_s}) {
+            screen.type(u"txtcodcli"_s, code);
+            execute(u"update pacientes set idconv = 1 where idpac = 3"_s);
+            answer(u"frmBuscaConvenios"_s, {Qt::Key_F10});
             screen.press(Qt::Key_F2);
-            EXPECT_EQ(screen.text(u"txtIdConv"_qs), u"7") << "though the code box is left";
-            EXPECT_EQ(screen.text(u"txtnome"_qs), code.isEmpty() ? u""_qs : u"RUI"_qs);
+            EXPECT_EQ(screen.text(u"txtIdConv"_s), u"7") << "though the code box is left";
+            EXPECT_EQ(screen.text(u"txtnome"_s), code.isEmpty() ? u""_s : u"RUI"_s);
             EXPECT_EQ(screen.focused(), u"txtIdConv");
         }
     });

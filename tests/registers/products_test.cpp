@@ -3,6 +3,8 @@
 #include "registers/frmcadproduto.h"
 #include "support/caughterrors.h"
 
+using namespace Qt::StringLiterals;
+
 using namespace Variaveis;
 
 namespace {
@@ -18,15 +20,15 @@ protected:
             "insert into produtos (cdpro,idlic,dspro,un,cdgrupo,vcusto,dtucmp,qmin,caplote,obs,evcad,evup) "
             "values ('0012','C1','GAZE','PCT',4,1.2525,'01/02/2026',10,'1','ESTÉRIL','A','B'),"
             "('0013','C2','ALHEIO','UN',6,1,'SR',1,'0','','A','B'),"
-            "('0020','C1','AGULHA','UN',4,3,'SR',1,'0','','A','B')"_qs);
+            "('0020','C1','AGULHA','UN',4,3,'SR',1,'0','','A','B')"_s);
     }
 
-    static void code(ScreenDriver& screen, const QString& text) { enter(screen, u"txtCdPro"_qs, text); }
+    static void code(ScreenDriver& screen, const QString& text) { enter(screen, u"txtCdPro"_s, text); }
 
     /// Name, unit, group, cost and minimum, separated by "|".
     static void fill(ScreenDriver& screen, const QString& texts)
     {
-        const QStringList boxes = u"txtDsPro txtUN txtCdGrupo txtFator txtDtUA"_qs.split(u' ');
+        const QStringList boxes = u"txtDsPro txtUN txtCdGrupo txtFator txtDtUA"_s.split(u' ');
         const QStringList pieces = texts.split(u'|');
         for (int i = 0; i < boxes.size(); ++i)
             screen.type(boxes[i], pieces[i]);
@@ -35,17 +37,17 @@ protected:
     static QString texts(const ScreenDriver& screen)
     {
         return shown(screen, u"txtDsPro txtUN txtCdGrupo txtDsGrupo txtFator txtDtUC txtDtUA txtQtde cboLote "
-                             "txtmemo"_qs);
+                             "txtmemo"_s);
     }
 
     static QString stored(const QString& code)
     {
         return value(u"select concat_ws('|',dspro,un,cdgrupo,vcusto,dtucmp,qmin,caplote,obs,evcad,evup) "
-                     "from produtos where idlic = 'C1' and cdpro = '%1'"_qs.arg(code));
+                     "from produtos where idlic = 'C1' and cdpro = '%1'"_s.arg(code));
     }
 
-    const QString empty = u"|||||SR|||0 - Sim|"_qs;
-    const QString gauze = u"GAZE|PCT|4|CURATIVOS|1,2525|01/02/2026|10,0000|***|1 - não|ESTÉRIL"_qs;
+    const QString empty = u"|||||SR|||0 - Sim|"_s;
+    const QString gauze = u"GAZE|PCT|4|CURATIVOS|1,2525|01/02/2026|10,0000|***|1 - não|ESTÉRIL"_s;
 };
 
 } // namespace
@@ -53,119 +55,119 @@ protected:
 TEST_F(Products, ACodeThatIsNotFoundIsANewProduct)
 {
     on<frmCadProduto>([this](ScreenDriver& screen) {
-        code(screen, u"0012"_qs);
+        code(screen, u"0012"_s);
         EXPECT_EQ(texts(screen), gauze);
-        code(screen, u"0013"_qs);
-        EXPECT_EQ(screen.text(u"txtCdPro"_qs), u"0013") << "another tenant's code is free here";
+        code(screen, u"0013"_s);
+        EXPECT_EQ(screen.text(u"txtCdPro"_s), u"0013") << "another tenant's code is free here";
         EXPECT_EQ(texts(screen), empty);
-        fill(screen, u"seringa d'água|un|5|12,5|1.000"_qs);
-        screen.type(u"txtmemo"_qs, u"nota"_qs);
-        screen.click(u"cmdsalva"_qs);
-        EXPECT_EQ(screen.text(u"txtCdPro"_qs), u"");
+        fill(screen, u"seringa d'água|un|5|12,5|1.000"_s);
+        screen.type(u"txtmemo"_s, u"nota"_s);
+        screen.click(u"cmdsalva"_s);
+        EXPECT_EQ(screen.text(u"txtCdPro"_s), u"");
         EXPECT_EQ(texts(screen), empty);
         EXPECT_EQ(screen.focused(), u"txtCdPro");
     });
-    EXPECT_EQ(stored(u"0013"_qs),
-              QString(u"SERINGA D'ÁGUA|UN|5|12.5000|SR|1000.0000|0|NOTA|%1|%1"_qs.arg(stamp)));
-    EXPECT_EQ(value(u"select dspro from produtos where idlic = 'C2'"_qs), u"ALHEIO");
+    EXPECT_EQ(stored(u"0013"_s),
+              QString(u"SERINGA D'ÁGUA|UN|5|12.5000|SR|1000.0000|0|NOTA|%1|%1"_s.arg(stamp)));
+    EXPECT_EQ(value(u"select dspro from produtos where idlic = 'C2'"_s), u"ALHEIO");
 }
 
 TEST_F(Products, AKnownProductIsChanged)
 {
     on<frmCadProduto>([this](ScreenDriver& screen) {
-        screen.doubleClickRow(u"DataGrid1"_qs, 1);
+        screen.doubleClickRow(u"DataGrid1"_s, 1);
         EXPECT_EQ(screen.focused(), u"txtCdPro");
         screen.press(Qt::Key_Return);
         EXPECT_EQ(texts(screen), gauze);
-        fill(screen, u"gaze|cx|5|R$ 1.234,56789|2,25"_qs);
-        screen.choose(u"cboLote"_qs, u"0"_qs);
-        EXPECT_EQ(screen.text(u"txtFator"_qs), u"1234,5679");
-        screen.click(u"cmdsalva"_qs);
+        fill(screen, u"gaze|cx|5|R$ 1.234,56789|2,25"_s);
+        screen.choose(u"cboLote"_s, u"0"_s);
+        EXPECT_EQ(screen.text(u"txtFator"_s), u"1234,5679");
+        screen.click(u"cmdsalva"_s);
     });
-    EXPECT_EQ(stored(u"0012"_qs), u"GAZE|CX|5|1234.5679|01/02/2026|2.2500|0|ESTÉRIL|A|"_qs + stamp);
+    EXPECT_EQ(stored(u"0012"_s), u"GAZE|CX|5|1234.5679|01/02/2026|2.2500|0|ESTÉRIL|A|"_s + stamp);
 }
 
 TEST_F(Products, CodesCompareAsNumbersInTheSearchAndAsTextInTheSave)
 {
     on<frmCadProduto>([this](ScreenDriver& screen) {
-        code(screen, u"12"_qs);
+        code(screen, u"12"_s);
         EXPECT_EQ(texts(screen), gauze);
-        screen.click(u"cmdsalva"_qs);
+        screen.click(u"cmdsalva"_s);
         const CaughtErrors errors;
-        code(screen, u"abc"_qs);
+        code(screen, u"abc"_s);
         EXPECT_EQ(errors.numbers(), QList<int>{ADODB::Error::InvalidArgument});
     });
-    EXPECT_EQ(value(u"select group_concat(cdpro,evup order by cdpro) from produtos where dspro = 'GAZE'"_qs),
-              QString(u"0012B,12"_qs + stamp));
+    EXPECT_EQ(value(u"select group_concat(cdpro,evup order by cdpro) from produtos where dspro = 'GAZE'"_s),
+              QString(u"0012B,12"_s + stamp));
 }
 
 TEST_F(Products, TheGroupIsLookedUpAsItIsTypedOrChosen)
 {
     on<frmCadProduto>([this](ScreenDriver& screen) {
-        answer(u"frmBuscaGrupo"_qs, {Qt::Key_Down, Qt::Key_F10});
+        answer(u"frmBuscaGrupo"_s, {Qt::Key_Down, Qt::Key_F10});
         screen.press(Qt::Key_F2);
-        EXPECT_EQ(screen.text(u"txtCdGrupo"_qs) + screen.text(u"txtDsGrupo"_qs), u"5SOROS")
+        EXPECT_EQ(screen.text(u"txtCdGrupo"_s) + screen.text(u"txtDsGrupo"_s), u"5SOROS")
             << "though the code box, now left, is empty";
-        answer(u"frmBuscaGrupo"_qs, {Qt::Key_Escape});
-        screen.click(u"Command2"_qs);
-        EXPECT_EQ(screen.text(u"txtDsGrupo"_qs), u"SOROS") << "Esc in the search changes nothing";
+        answer(u"frmBuscaGrupo"_s, {Qt::Key_Escape});
+        screen.click(u"Command2"_s);
+        EXPECT_EQ(screen.text(u"txtDsGrupo"_s), u"SOROS") << "Esc in the search changes nothing";
         EXPECT_EQ(screen.focused(), u"txtCdGrupo");
         const QList<QPair<QString, QString>> groups = {
-            {u"4"_qs, u"CURATIVOS"_qs}, {u"4,9"_qs, u"CURATIVOS"_qs}, {u"4x"_qs, {}}, {u"6"_qs, {}}};
+            {u"4"_s, u"CURATIVOS"_s}, {u"4,9"_s, u"CURATIVOS"_s}, {u"4x"_s, {}}, {u"6"_s, {}}};
         for (const auto& [typed, name] : groups) {
-            screen.type(u"txtCdGrupo"_qs, typed);
-            EXPECT_EQ(screen.text(u"txtDsGrupo"_qs), name) << typed.toStdString();
+            screen.type(u"txtCdGrupo"_s, typed);
+            EXPECT_EQ(screen.text(u"txtDsGrupo"_s), name) << typed.toStdString();
         }
     });
 }
 
 TEST_F(Products, TheSaveRefusesInThisOrder)
 {
-    const QString incomplete = u"--- ERRO --- DADOS INCOMPLETOS!"_qs;
-    const QString cost = u"--- ERRO --- VALOR DO CUSTO NÃO PODE SER MENOR QUE ZERO!"_qs;
-    const QString minimum = u"--- ERRO --- ESTOQUE MINIMO NÃO PODE SER MENOR QUE ZERO!"_qs;
+    const QString incomplete = u"--- ERRO --- DADOS INCOMPLETOS!"_s;
+    const QString cost = u"--- ERRO --- VALOR DO CUSTO NÃO PODE SER MENOR QUE ZERO!"_s;
+    const QString minimum = u"--- ERRO --- ESTOQUE MINIMO NÃO PODE SER MENOR QUE ZERO!"_s;
     const QList<QPair<QString, QString>> attempts = {
-        {u" |UN|4|1|1"_qs, incomplete},  {u"X| |4|1|1"_qs, incomplete},  {u"X|UN|77|1|1"_qs, incomplete},
-        {u"X|UN|4|UM|1"_qs, incomplete}, {u"X|UN|4|-1|"_qs, incomplete}, {u"X|UN|4|-0,01|-1"_qs, cost},
-        {u"X|UN|4|0|-0,5"_qs, minimum},
+        {u" |UN|4|1|1"_s, incomplete},  {u"X| |4|1|1"_s, incomplete},  {u"X|UN|77|1|1"_s, incomplete},
+        {u"X|UN|4|UM|1"_s, incomplete}, {u"X|UN|4|-1|"_s, incomplete}, {u"X|UN|4|-0,01|-1"_s, cost},
+        {u"X|UN|4|0|-0,5"_s, minimum},
     };
     for (const auto& [texts, refusal] : attempts)
-        dialogs.expect(refusal, refusal == incomplete ? u"ATENÇÃO"_qs : u"Atenção"_qs);
+        dialogs.expect(refusal, refusal == incomplete ? u"ATENÇÃO"_s : u"Atenção"_s);
     dialogs.expect(incomplete);
     on<frmCadProduto>([&](ScreenDriver& screen) {
-        code(screen, u"99"_qs);
+        code(screen, u"99"_s);
         for (const auto& [texts, refusal] : attempts) {
             fill(screen, texts);
-            screen.click(u"cmdsalva"_qs);
+            screen.click(u"cmdsalva"_s);
         }
-        EXPECT_EQ(screen.text(u"txtDtUA"_qs), u"-0,5") << "stands as typed";
-        screen.click(u"cmdretorna"_qs);
-        fill(screen, u"x|un|4|1|1"_qs);
-        screen.click(u"cmdsalva"_qs);
+        EXPECT_EQ(screen.text(u"txtDtUA"_s), u"-0,5") << "stands as typed";
+        screen.click(u"cmdretorna"_s);
+        fill(screen, u"x|un|4|1|1"_s);
+        screen.click(u"cmdsalva"_s);
     });
-    EXPECT_EQ(value(u"select count(*) from produtos"_qs), u"3");
+    EXPECT_EQ(value(u"select count(*) from produtos"_s), u"3");
 }
 
 TEST_F(Products, SearchByNameAndCancel)
 {
-    const QString title = u"Pesquisa produto já cadastrado"_qs;
-    dialogs.expectInput(u"Produto: "_qs, u"L"_qs, title);
-    dialogs.expectInput(u"Produto: "_qs, std::nullopt, title);
+    const QString title = u"Pesquisa produto já cadastrado"_s;
+    dialogs.expectInput(u"Produto: "_s, u"L"_s, title);
+    dialogs.expectInput(u"Produto: "_s, std::nullopt, title);
     on<frmCadProduto>([](ScreenDriver& screen) {
         screen.press(Qt::Key_F10);
         EXPECT_EQ(screen.focused(), u"DataGrid1");
-        EXPECT_EQ(screen.list(u"DataGrid1"_qs), QStringList{u"0020"_qs});
-        screen.click(u"Command3"_qs);
-        EXPECT_EQ(screen.list(u"DataGrid1"_qs), (QStringList{u"0020"_qs, u"0012"_qs})) << "all of the tenant";
+        EXPECT_EQ(screen.list(u"DataGrid1"_s), QStringList{u"0020"_s});
+        screen.click(u"Command3"_s);
+        EXPECT_EQ(screen.list(u"DataGrid1"_s), (QStringList{u"0020"_s, u"0012"_s})) << "all of the tenant";
     });
 }
 
 TEST_F(Products, TheAllocatorGivesTheNextCode)
 {
-    execute(u"insert into produtoscodigos (cdpro,cdpror) values (41,'260316083014CAD')"_qs);
+    execute(u"insert into produtoscodigos (cdpro,cdpror) values (41,'260316083014CAD')"_s);
     frmCadProduto screen;
     screen.GeraCodigoProduto();
     EXPECT_EQ(screen.CodigoGerado, u"0042");
-    EXPECT_EQ(value(u"select concat_ws(' ',cdpror,evcad) from produtoscodigos where cdpro = 42"_qs),
+    EXPECT_EQ(value(u"select concat_ws(' ',cdpror,evcad) from produtoscodigos where cdpro = 42"_s),
               u"260316083015CAD |16/03/2026 08:30:15");
 }

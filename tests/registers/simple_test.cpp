@@ -1,25 +1,27 @@
 #include "app/shell_fixture.h"
 #include "platform/data/error.h"
-#include "registers/cadastrossimples.h"
+#include "registers/telasdecadastro.h"
 #include "support/caughterrors.h"
+
+using namespace Qt::StringLiterals;
 
 using namespace Variaveis;
 
 namespace {
 
-const QString noName = u"--- ERRO --- NOME NÃO INFORMADO!"_qs;
-const QString notFound = u"--- ERRO --- CÓDIGO NÃO ENCONTRADO!"_qs;
+const QString noName = u"--- ERRO --- NOME NÃO INFORMADO!"_s;
+const QString notFound = u"--- ERRO --- CÓDIGO NÃO ENCONTRADO!"_s;
 
 class SimpleRegisters : public LoggedIn
 {
 protected:
-    static void code(ScreenDriver& screen, const QString& text) { enter(screen, u"txtcodcli"_qs, text); }
+    static void code(ScreenDriver& screen, const QString& text) { enter(screen, u"txtcodcli"_s, text); }
 
     /// Another name into the box, and saved.
     static void save(ScreenDriver& screen, const QString& name)
     {
-        screen.type(u"txtnome"_qs, name);
-        screen.click(u"cmdsalva"_qs);
+        screen.type(u"txtnome"_s, name);
+        screen.click(u"cmdsalva"_s);
     }
 
     /// A name is entered at half past eight, changed at nine and refused in a register without further boxes.
@@ -27,157 +29,157 @@ protected:
     void entersAndChanges(const QString& title, const QString& label)
     {
         clock.set(QDateTime(QDate(2026, 3, 16), QTime(8, 30, 15)));
-        dialogs.expect(noName, u"ATENÇÃO"_qs);
-        dialogs.expect(notFound, u"ATENÇÃO"_qs);
-        dialogs.expect(u"Ainda não disponivel!"_qs, u"Atenção"_qs);
+        dialogs.expect(noName, u"ATENÇÃO"_s);
+        dialogs.expect(notFound, u"ATENÇÃO"_s);
+        dialogs.expect(u"Ainda não disponivel!"_s, u"Atenção"_s);
         on<Screen>([&](ScreenDriver& screen) {
             EXPECT_EQ(screen.window().windowTitle(), title);
-            EXPECT_EQ(screen.text(u"Label2"_qs), label);
-            EXPECT_FALSE(screen.visible(u"txtPDesc"_qs) || screen.visible(u"cboCH"_qs));
-            EXPECT_EQ(screen.grid(u"DataGrid1"_qs).size(), 1) << "the other tenant's row is not shown";
-            save(screen, u"  "_qs);
-            EXPECT_EQ(screen.text(u"txtnome"_qs), u"  ") << "nothing typed is lost";
-            save(screen, u"zeta"_qs);
+            EXPECT_EQ(screen.text(u"Label2"_s), label);
+            EXPECT_FALSE(screen.visible(u"txtPDesc"_s) || screen.visible(u"cboCH"_s));
+            EXPECT_EQ(screen.grid(u"DataGrid1"_s).size(), 1) << "the other tenant's row is not shown";
+            save(screen, u"  "_s);
+            EXPECT_EQ(screen.text(u"txtnome"_s), u"  ") << "nothing typed is lost";
+            save(screen, u"zeta"_s);
             EXPECT_EQ(screen.focused(), u"txtnome");
-            EXPECT_EQ(screen.text(u"txtnome"_qs), u"");
-            EXPECT_EQ(screen.grid(u"DataGrid1"_qs).value(1).value(1), u"ZETA");
+            EXPECT_EQ(screen.text(u"txtnome"_s), u"");
+            EXPECT_EQ(screen.grid(u"DataGrid1"_s).value(1).value(1), u"ZETA");
 
-            code(screen, u"99"_qs);
-            EXPECT_EQ(screen.text(u"txtcodcli"_qs), u"");
-            EXPECT_FALSE(screen.enabled(u"Command1"_qs));
-            code(screen, u"3"_qs);
-            EXPECT_EQ(screen.text(u"txtnome"_qs), u"ZETA");
-            screen.click(u"Command1"_qs);
+            code(screen, u"99"_s);
+            EXPECT_EQ(screen.text(u"txtcodcli"_s), u"");
+            EXPECT_FALSE(screen.enabled(u"Command1"_s));
+            code(screen, u"3"_s);
+            EXPECT_EQ(screen.text(u"txtnome"_s), u"ZETA");
+            screen.click(u"Command1"_s);
             clock.set(QDateTime(QDate(2026, 3, 16), QTime(9, 0)));
-            save(screen, u"alfa"_qs);
-            EXPECT_FALSE(screen.enabled(u"Command1"_qs));
-            EXPECT_EQ(screen.grid(u"DataGrid1"_qs).value(0).value(1), u"ALFA") << "in the order of the names";
+            save(screen, u"alfa"_s);
+            EXPECT_FALSE(screen.enabled(u"Command1"_s));
+            EXPECT_EQ(screen.grid(u"DataGrid1"_s).value(0).value(1), u"ALFA") << "in the order of the names";
         });
     }
 
-    const QString nine = u" 16/03/2026 09:00:00"_qs;
+    const QString nine = u" 16/03/2026 09:00:00"_s;
 };
 
 } // namespace
 
 TEST_F(SimpleRegisters, Plans)
 {
-    const QString longName = u"NOME LONGO "_qs.repeated(10).trimmed();
+    const QString longName = u"NOME LONGO "_s.repeated(10).trimmed();
     execute(
-        u"insert into convenios (idlic,nmconv,pdesc,evcad) values ('C2','OUTRO',1,'A'),('C1','%1',1,'A')"_qs
+        u"insert into convenios (idlic,nmconv,pdesc,evcad) values ('C2','OUTRO',1,'A'),('C1','%1',1,'A')"_s
             .arg(longName));
-    dialogs.expect(noName, u"ATENÇÃO"_qs);
-    dialogs.expect(u"--- ERRO --- PERCENTUAL DE DESCONTO NÃO PODE SER MENOR QUE ZERO!"_qs, u"ATENÇÃO"_qs);
-    dialogs.expect(notFound, u"ATENÇÃO"_qs);
+    dialogs.expect(noName, u"ATENÇÃO"_s);
+    dialogs.expect(u"--- ERRO --- PERCENTUAL DE DESCONTO NÃO PODE SER MENOR QUE ZERO!"_s, u"ATENÇÃO"_s);
+    dialogs.expect(notFound, u"ATENÇÃO"_s);
     on<frmCadConvenios>([](ScreenDriver& screen) {
         EXPECT_EQ(screen.window().windowTitle(), u"Convênios - Cadastro");
-        save(screen, u"d'ouro"_qs); // without a percentage
-        screen.type(u"txtPDesc"_qs, u"-1"_qs);
-        screen.click(u"cmdsalva"_qs);
-        screen.type(u"txtPDesc"_qs, u"12,5"_qs);
-        screen.click(u"cmdsalva"_qs);
-        EXPECT_EQ(screen.grid(u"DataGrid1"_qs).size(), 2);
+        save(screen, u"d'ouro"_s); // without a percentage
+        screen.type(u"txtPDesc"_s, u"-1"_s);
+        screen.click(u"cmdsalva"_s);
+        screen.type(u"txtPDesc"_s, u"12,5"_s);
+        screen.click(u"cmdsalva"_s);
+        EXPECT_EQ(screen.grid(u"DataGrid1"_s).size(), 2);
 
-        screen.doubleClickRow(u"DataGrid1"_qs, 0);
+        screen.doubleClickRow(u"DataGrid1"_s, 0);
         EXPECT_EQ(screen.focused(), u"txtcodcli");
-        EXPECT_EQ(screen.text(u"txtcodcli"_qs), u"3");
+        EXPECT_EQ(screen.text(u"txtcodcli"_s), u"3");
         screen.press(Qt::Key_Tab);
-        EXPECT_EQ(screen.text(u"txtPDesc"_qs), u"12,50");
-        EXPECT_TRUE(screen.enabled(u"Command1"_qs));
-        screen.type(u"txtnome"_qs, u"prata"_qs);
-        screen.type(u"txtPDesc"_qs, u"0"_qs);
-        screen.clickRow(u"DataGrid1"_qs, 1);
-        screen.click(u"cmdsalva"_qs); // the code decides, not the row clicked on
-        EXPECT_EQ(screen.grid(u"DataGrid1"_qs).value(1).value(1), u"PRATA");
+        EXPECT_EQ(screen.text(u"txtPDesc"_s), u"12,50");
+        EXPECT_TRUE(screen.enabled(u"Command1"_s));
+        screen.type(u"txtnome"_s, u"prata"_s);
+        screen.type(u"txtPDesc"_s, u"0"_s);
+        screen.clickRow(u"DataGrid1"_s, 1);
+        screen.click(u"cmdsalva"_s); // the code decides, not the row clicked on
+        EXPECT_EQ(screen.grid(u"DataGrid1"_s).value(1).value(1), u"PRATA");
 
-        screen.type(u"txtnome"_qs, u"x"_qs);
-        code(screen, u"abc"_qs);
-        EXPECT_EQ(screen.text(u"txtnome"_qs), u"") << "a code that is none empties the screen without a word";
-        code(screen, u"1"_qs); // the other tenant's
-        screen.type(u"txtnome"_qs, u"prata"_qs);
-        screen.type(u"txtPDesc"_qs, u"3"_qs);
-        screen.click(u"cmdsalva"_qs); // an empty code always adds
+        screen.type(u"txtnome"_s, u"x"_s);
+        code(screen, u"abc"_s);
+        EXPECT_EQ(screen.text(u"txtnome"_s), u"") << "a code that is none empties the screen without a word";
+        code(screen, u"1"_s); // the other tenant's
+        screen.type(u"txtnome"_s, u"prata"_s);
+        screen.type(u"txtPDesc"_s, u"3"_s);
+        screen.click(u"cmdsalva"_s); // an empty code always adds
 
-        code(screen, u"3"_qs);
-        execute(u"delete from convenios where idconv = 3"_qs);
-        screen.click(u"cmdsalva"_qs); // gone in the meantime: saves nothing and says nothing
-        code(screen, u"2"_qs);
-        screen.type(u"txtPDesc"_qs, u"2"_qs);
-        screen.click(u"cmdsalva"_qs);
+        code(screen, u"3"_s);
+        execute(u"delete from convenios where idconv = 3"_s);
+        screen.click(u"cmdsalva"_s); // gone in the meantime: saves nothing and says nothing
+        code(screen, u"2"_s);
+        screen.type(u"txtPDesc"_s, u"2"_s);
+        screen.click(u"cmdsalva"_s);
     });
-    EXPECT_EQ(flat(u"select idconv,idlic,nmconv,pdesc,evcad,evup from convenios order by idconv"_qs).mid(1),
-              (QStringList{u"2|C1|%1|2.0000|A|%2"_qs.arg(longName, boundStamp),
-                           u"4|C1|PRATA|3.0000|%1|%1"_qs.arg(boundStamp)}));
+    EXPECT_EQ(flat(u"select idconv,idlic,nmconv,pdesc,evcad,evup from convenios order by idconv"_s).mid(1),
+              (QStringList{u"2|C1|%1|2.0000|A|%2"_s.arg(longName, boundStamp),
+                           u"4|C1|PRATA|3.0000|%1|%1"_s.arg(boundStamp)}));
 }
 
 TEST_F(SimpleRegisters, Specialities)
 {
-    execute(u"insert into especialidades (idlic,nmesp) values ('C2','OUTRA'),('C1','BETA')"_qs);
-    entersAndChanges<frmCadEspecialidade>(u"Especialidades - Cadastro"_qs, u"ESPECIALIDADE"_qs);
-    EXPECT_EQ(flat(u"select idlic,nmesp,evcad,evup from especialidades where idesp = 3"_qs),
-              QStringList{u"C1|ALFA|"_qs + boundStamp + u"|MARIA -"_qs + nine});
+    execute(u"insert into especialidades (idlic,nmesp) values ('C2','OUTRA'),('C1','BETA')"_s);
+    entersAndChanges<frmCadEspecialidade>(u"Especialidades - Cadastro"_s, u"ESPECIALIDADE"_s);
+    EXPECT_EQ(flat(u"select idlic,nmesp,evcad,evup from especialidades where idesp = 3"_s),
+              QStringList{u"C1|ALFA|"_s + boundStamp + u"|MARIA -"_s + nine});
 
     on<frmCadEspecialidade>([](ScreenDriver& screen) {
-        code(screen, u"2"_qs);
-        screen.type(u"txtnome"_qs, u"gama"_qs);
-        screen.clickRow(u"DataGrid1"_qs, 0);
-        screen.click(u"cmdsalva"_qs); // the row clicked on decides, not the code
+        code(screen, u"2"_s);
+        screen.type(u"txtnome"_s, u"gama"_s);
+        screen.clickRow(u"DataGrid1"_s, 0);
+        screen.click(u"cmdsalva"_s); // the row clicked on decides, not the code
     });
-    EXPECT_EQ(value(u"select group_concat(nmesp order by idesp) from especialidades"_qs), u"OUTRA,BETA,GAMA");
+    EXPECT_EQ(value(u"select group_concat(nmesp order by idesp) from especialidades"_s), u"OUTRA,BETA,GAMA");
 }
 
 TEST_F(SimpleRegisters, Procedures)
 {
-    execute(u"insert into procedimentos (idlic,nmproc,ondeatd) values ('C2','OUTRO','0')"_qs);
-    dialogs.expect(noName, u"ATENÇÃO"_qs);
-    dialogs.expect(noName, u"ATENÇÃO"_qs);
+    execute(u"insert into procedimentos (idlic,nmproc,ondeatd) values ('C2','OUTRO','0')"_s);
+    dialogs.expect(noName, u"ATENÇÃO"_s);
+    dialogs.expect(noName, u"ATENÇÃO"_s);
     on<frmCadProcedimentos>([](ScreenDriver& screen) {
         EXPECT_EQ(screen.window().windowTitle(), u"Procedimentos - Cadastro");
-        save(screen, u"d'agua"_qs); // no place chosen
-        screen.choose(u"cboCH"_qs, u"1 - Home"_qs);
-        screen.click(u"cmdsalva"_qs);
-        EXPECT_EQ(screen.grid(u"DataGrid1"_qs).size(), 1);
-        screen.click(u"cmdsalva"_qs); // no name
-        screen.choose(u"cboCH"_qs, u"0 - Clinica"_qs);
-        code(screen, u"2"_qs);
-        EXPECT_EQ(screen.text(u"cboCH"_qs), u"1 - Home");
-        screen.choose(u"cboCH"_qs, u"0 - Clinica"_qs);
-        screen.click(u"cmdsalva"_qs);
+        save(screen, u"d'agua"_s); // no place chosen
+        screen.choose(u"cboCH"_s, u"1 - Home"_s);
+        screen.click(u"cmdsalva"_s);
+        EXPECT_EQ(screen.grid(u"DataGrid1"_s).size(), 1);
+        screen.click(u"cmdsalva"_s); // no name
+        screen.choose(u"cboCH"_s, u"0 - Clinica"_s);
+        code(screen, u"2"_s);
+        EXPECT_EQ(screen.text(u"cboCH"_s), u"1 - Home");
+        screen.choose(u"cboCH"_s, u"0 - Clinica"_s);
+        screen.click(u"cmdsalva"_s);
     });
-    EXPECT_EQ(flat(u"select idlic,nmproc,ondeatd,evcad,evup from procedimentos where idproc > 1"_qs),
-              QStringList{u"C1|D'AGUA|0|%1|%1"_qs.arg(boundStamp)});
+    EXPECT_EQ(flat(u"select idlic,nmproc,ondeatd,evcad,evup from procedimentos where idproc > 1"_s),
+              QStringList{u"C1|D'AGUA|0|%1|%1"_s.arg(boundStamp)});
 }
 
 TEST_F(SimpleRegisters, TheThreeThatSaveByStatement)
 {
-    const QString later = u"MARIA"_qs + nine;
+    const QString later = u"MARIA"_s + nine;
     execute(u"insert into grupoestoque (idlic,dsgrupo) values ('C2','OUTRO'),('C1','BETA');"
             "insert into centrocusto (idlic,nmcen) values ('C2','OUTRO'),('C1','BETA');"
-            "insert into subcentrocusto (idlic,nmscen) values ('C2','OUTRO'),('C1','BETA')"_qs);
-    entersAndChanges<frmCadGrupoEstoque>(u"Cadastro Grupo de Insumos"_qs, u"NOME"_qs);
-    EXPECT_EQ(flat(u"select idlic,dsgrupo,evcad,evup from grupoestoque where cdgrupo = 3"_qs),
-              QStringList{u"C1|ALFA|"_qs + stamp + u'|' + later});
-    entersAndChanges<frmCadCentroCusto>(u"Centro de Custos - Cadastro"_qs, u"NOME"_qs);
-    EXPECT_EQ(flat(u"select idlic,nmcen,evcad from centrocusto where cdcen = 3"_qs),
-              QStringList{u"C1|ALFA|"_qs + later});
-    entersAndChanges<frmCadSubCentro>(u"SubCentro de Custos - Cadastro"_qs, u"NOME"_qs);
-    EXPECT_EQ(flat(u"select idlic,nmscen,evcad from subcentrocusto where cdscen = 3"_qs),
-              QStringList{u"C1|ALFA|"_qs + later});
+            "insert into subcentrocusto (idlic,nmscen) values ('C2','OUTRO'),('C1','BETA')"_s);
+    entersAndChanges<frmCadGrupoEstoque>(u"Cadastro Grupo de Insumos"_s, u"NOME"_s);
+    EXPECT_EQ(flat(u"select idlic,dsgrupo,evcad,evup from grupoestoque where cdgrupo = 3"_s),
+              QStringList{u"C1|ALFA|"_s + stamp + u'|' + later});
+    entersAndChanges<frmCadCentroCusto>(u"Centro de Custos - Cadastro"_s, u"NOME"_s);
+    EXPECT_EQ(flat(u"select idlic,nmcen,evcad from centrocusto where cdcen = 3"_s),
+              QStringList{u"C1|ALFA|"_s + later});
+    entersAndChanges<frmCadSubCentro>(u"SubCentro de Custos - Cadastro"_s, u"NOME"_s);
+    EXPECT_EQ(flat(u"select idlic,nmscen,evcad from subcentrocusto where cdscen = 3"_s),
+              QStringList{u"C1|ALFA|"_s + later});
 }
 
 TEST_F(SimpleRegisters, WhatEndsTheProgram)
 {
-    execute(u"insert into subcentrocusto (idlic,nmscen) values ('C1','BETA')"_qs);
+    execute(u"insert into subcentrocusto (idlic,nmscen) values ('C1','BETA')"_s);
     on<frmCadSubCentro>([](ScreenDriver& screen) {
         const CaughtErrors errors;
-        screen.doubleClickRow(u"DataGrid1"_qs, 0);
+        screen.doubleClickRow(u"DataGrid1"_s, 0);
         EXPECT_EQ(errors.numbers(), QList<int>{ADODB::Error::UnknownField});
     });
     on<frmCadGrupoEstoque>([](ScreenDriver& screen) {
-        screen.type(u"txtnome"_qs, u"d'agua"_qs);
+        screen.type(u"txtnome"_s, u"d'agua"_s);
         const CaughtErrors errors;
-        screen.click(u"cmdsalva"_qs);
+        screen.click(u"cmdsalva"_s);
         EXPECT_EQ(errors.numbers(), QList<int>{1064});
     });
-    EXPECT_EQ(value(u"select count(*) from grupoestoque"_qs), u"0");
+    EXPECT_EQ(value(u"select count(*) from grupoestoque"_s), u"0");
 }

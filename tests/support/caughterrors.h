@@ -1,7 +1,7 @@
 #pragma once
 
 #include "platform/forms/application.h"
-#include "platform/system/error.h"
+#include "platform/values/error.h"
 
 #include <QList>
 #include <gtest/gtest.h>

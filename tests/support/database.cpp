@@ -10,6 +10,8 @@
 #include <gtest/gtest.h>
 #include <stdexcept>
 
+using namespace Qt::StringLiterals;
+
 namespace {
 
 [[noreturn]] void fail(const QString& text)
@@ -25,14 +27,14 @@ QByteArray output(const QString& program, const QStringList& arguments, const QB
     process.closeWriteChannel();
     if (!process.waitForFinished(300000) || process.exitStatus() != QProcess::NormalExit ||
         process.exitCode() != 0)
-        fail(QStringLiteral("%1: %2 %3")
-                 .arg(program, process.errorString(), QString::fromUtf8(process.readAllStandardError())));
+        fail(u"%1: %2 %3"_s.arg(program, process.errorString(),
+                                QString::fromUtf8(process.readAllStandardError())));
     return process.readAllStandardOutput();
 }
 
 QString tool(const QString& name, const QStringList& arguments)
 {
-    return QString::fromUtf8(output(QStringLiteral(TEST_TOOLS_DIR "/") + name, arguments)).trimmed();
+    return QString::fromUtf8(output(QString::fromUtf8(TEST_TOOLS_DIR "/") + name, arguments)).trimmed();
 }
 
 } // namespace
@@ -64,59 +66,55 @@ Database& Database::instance()
 
 void Database::create()
 {
-    const QString directory = QStringLiteral(TEST_SERVER_DIR);
-    tool(QStringLiteral("private-server"),
-         {QStringLiteral("start"), directory, QStringLiteral("--innodb-flush-log-at-trx-commit=0")});
-    socket_ = tool(QStringLiteral("private-server"), {QStringLiteral("socket"), directory});
+    const QString directory = QString::fromUtf8(TEST_SERVER_DIR);
+    tool(u"private-server"_s, {u"start"_s, directory, u"--innodb-flush-log-at-trx-commit=0"_s});
+    socket_ = tool(u"private-server"_s, {u"socket"_s, directory});
     // The driver manager reads the variable at its first use in the process.
-    const QString drivers = tool(QStringLiteral("odbc-driver"), {QStringLiteral(TEST_BUILD_DIR "/odbc")});
+    const QString drivers = tool(u"odbc-driver"_s, {QString::fromUtf8(TEST_BUILD_DIR "/odbc")});
     if (!drivers.isEmpty())
         qputenv("ODBCSYSINI", drivers.toLocal8Bit());
 
     const QString database = QFileInfo(QCoreApplication::applicationFilePath()).baseName();
-    client(QStringLiteral("drop database if exists `%1`; create database `%1` character set utf8mb4;"
-                          "create or replace user `%1`@localhost identified by '%2';"
-                          "grant select, insert, update, delete on `%1`.* to `%1`@localhost;")
-               .arg(database, password())
+    client(u"drop database if exists `%1`; create database `%1` character set utf8mb4;"
+           "create or replace user `%1`@localhost identified by '%2';"
+           "grant select, insert, update, delete on `%1`.* to `%1`@localhost;"_s.arg(database, password())
                .toUtf8());
     name_ = database;
-    const QDir schema(QStringLiteral(TEST_SCHEMA_DIR));
-    for (const QString& file : schema.entryList({QStringLiteral("*.sql")}, QDir::Files, QDir::Name)) {
+    const QDir schema(QString::fromUtf8(TEST_SCHEMA_DIR));
+    for (const QString& file : schema.entryList({u"*.sql"_s}, QDir::Files, QDir::Name)) {
         QFile script(schema.filePath(file));
         if (!script.open(QIODevice::ReadOnly))
-            fail(QStringLiteral("%1: %2").arg(script.fileName(), script.errorString()));
+            fail(u"%1: %2"_s.arg(script.fileName(), script.errorString()));
         client(script.readAll());
     }
 }
 
 void Database::drop()
 {
-    execute(QStringLiteral("drop database `%1`; drop user `%1`@localhost").arg(name_));
+    execute(u"drop database `%1`; drop user `%1`@localhost"_s.arg(name_));
 }
 
 QString Database::server() const
 {
-    return QStringLiteral("localhost;Socket=") + socket_;
+    return u"localhost;Socket="_s + socket_;
 }
 
 QString Database::connectionString() const
 {
-    return QStringLiteral(
-               "Driver={MySQL ODBC 8.0 ANSI Driver};Server=%1;Database=%2;User=%3;Password=%4;Option=3;")
-        .arg(server(), name_, user(), password());
+    return u"Driver={MySQL ODBC 8.0 ANSI Driver};Server=%1;Database=%2;User=%3;Password=%4;Option=3;"_s.arg(
+        server(), name_, user(), password());
 }
 
 void Database::clear()
 {
     // DELETE, because TRUNCATE makes every table's file anew.
-    QString statements = QStringLiteral("set foreign_key_checks = 0;");
-    const auto tables =
-        rows(QStringLiteral("select table_name, auto_increment from information_schema.tables "
-                            "where table_schema = database() and table_type = 'BASE TABLE'"));
+    QString statements = u"set foreign_key_checks = 0;"_s;
+    const auto tables = rows(u"select table_name, auto_increment from information_schema.tables "
+                             "where table_schema = database() and table_type = 'BASE TABLE'"_s);
     for (const QStringList& table : tables) {
-        statements += QStringLiteral("delete from `%1`;").arg(table[0]);
+        statements += u"delete from `%1`;"_s.arg(table[0]);
         if (!table[1].isNull() && table[1] != u"1")
-            statements += QStringLiteral("alter table `%1` auto_increment = 1;").arg(table[0]);
+            statements += u"alter table `%1` auto_increment = 1;"_s.arg(table[0]);
     }
     execute(statements);
 }
@@ -130,7 +128,7 @@ void Database::load(const QString& folder)
 {
     const QString before = QDir::currentPath(); // the script names its files without one
     QDir::setCurrent(folder);
-    client("source load.sql", {QStringLiteral("--local-infile=1")});
+    client("source load.sql", {u"--local-infile=1"_s});
     QDir::setCurrent(before);
 }
 
@@ -138,7 +136,7 @@ QList<QStringList> Database::rows(const QString& query)
 {
     // The one output format of the client that tells NULL from a text and keeps line ends; a bare carriage
     // return would be read as a line feed.
-    QXmlStreamReader xml(client(query.toUtf8(), {QStringLiteral("--xml")}).replace("\r", "&#13;"));
+    QXmlStreamReader xml(client(query.toUtf8(), {u"--xml"_s}).replace("\r", "&#13;"));
     QList<QStringList> result;
     while (!xml.atEnd()) {
         if (xml.readNext() != QXmlStreamReader::StartElement)
@@ -146,13 +144,13 @@ QList<QStringList> Database::rows(const QString& query)
         if (xml.name() == u"row")
             result.append(QStringList());
         if (xml.name() == u"field") {
-            const bool isNull = xml.attributes().hasAttribute(QStringLiteral("xsi:nil"));
+            const bool isNull = xml.attributes().hasAttribute(u"xsi:nil"_s);
             const QString text = xml.readElementText();
-            result.last().append(isNull ? QString() : text.isNull() ? QStringLiteral("") : text);
+            result.last().append(isNull ? QString() : text.isNull() ? u""_s : text);
         }
     }
     if (xml.hasError())
-        fail(QStringLiteral("%1: %2").arg(query, xml.errorString()));
+        fail(u"%1: %2"_s.arg(query, xml.errorString()));
     return result;
 }
 
@@ -164,10 +162,10 @@ QString Database::value(const QString& query)
 
 QByteArray Database::client(const QByteArray& statements, const QStringList& options)
 {
-    QStringList arguments{QStringLiteral("--no-defaults"), QStringLiteral("--socket=") + socket_,
-                          QStringLiteral("--user=root"), QStringLiteral("--default-character-set=utf8mb4")};
+    QStringList arguments{u"--no-defaults"_s, u"--socket="_s + socket_, u"--user=root"_s,
+                          u"--default-character-set=utf8mb4"_s};
     arguments += options;
     if (!name_.isEmpty())
         arguments << name_;
-    return output(QStringLiteral("mariadb"), arguments, statements);
+    return output(u"mariadb"_s, arguments, statements);
 }

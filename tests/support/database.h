@@ -4,6 +4,8 @@
 #include <QString>
 #include <QStringList>
 
+using namespace Qt::StringLiterals;
+
 /// The test program's own database on the private server: made afresh, with the product's schema, before the
 /// program's first test, dropped behind its last one. The server is started where it does not answer.
 ///
@@ -20,7 +22,7 @@ public:
     QString server() const; ///< "localhost;Socket=..."
     const QString& name() const { return name_; }
     QString user() const { return name_; }
-    QString password() const { return QStringLiteral("s3nha=Teste"); }
+    QString password() const { return u"s3nha=Teste"_s; }
 
     /// What the tests' start and end do, for a program that is no test. Needs the application object.
     void create();

@@ -1,6 +1,6 @@
 #pragma once
 
-#include "platform/system/error.h"
+#include "platform/values/error.h"
 
 /// The number of the RuntimeError that the call throws, 0 if it throws none.
 template <class Call>

@@ -5,6 +5,8 @@
 
 #include <gtest/gtest.h>
 
+using namespace Qt::StringLiterals;
+
 namespace {
 
 /// A warning of the window library is a fault of ours until it is shown to be otherwise.
@@ -30,7 +32,7 @@ int main(int argc, char** argv)
     testing::InitGoogleTest(&argc, argv);
     testing::GTEST_FLAG(death_test_style) = "threadsafe";
     Application application(argc, argv);
-    Application::setApplicationName(QStringLiteral("Tremosilva 1.0"));
+    Application::setApplicationName(u"Tremosilva 1.0"_s);
     Theme::apply(application);
     qInstallMessageHandler(warningsFail);
     Report::setHandler([](const QString& what) { ADD_FAILURE() << what.toStdString(); });

@@ -5,6 +5,8 @@
 
 #include <QApplication>
 
+using namespace Qt::StringLiterals;
+
 ModalDriver::ModalDriver()
 {
     connect(&timer_, &QTimer::timeout, this, &ModalDriver::look);
@@ -14,7 +16,7 @@ ModalDriver::ModalDriver()
 ModalDriver::~ModalDriver()
 {
     for (const Expected& one : expected_)
-        Report::fail(QStringLiteral("the screen %1 did not open").arg(one.screen));
+        Report::fail(u"the screen %1 did not open"_s.arg(one.screen));
 }
 
 void ModalDriver::expect(const QString& screen, std::function<void(ScreenDriver&)> steps)
@@ -37,8 +39,7 @@ void ModalDriver::look()
         looks_ = stranger_ == form ? looks_ + 1 : 0;
         stranger_ = form;
         if (looks_ > 200) {
-            Report::fail(
-                QStringLiteral("unexpected screen %1").arg(QLatin1String(form->metaObject()->className())));
+            Report::fail(u"unexpected screen %1"_s.arg(QLatin1String(form->metaObject()->className())));
             form->Unload();
         }
         return;
@@ -54,12 +55,12 @@ void ModalDriver::look()
 void ModalDriver::drive(Form* form, const Expected& expected)
 {
     if (!form)
-        return Report::fail(QStringLiteral("the screen %1 closed by itself").arg(expected.screen));
+        return Report::fail(u"the screen %1 closed by itself"_s.arg(expected.screen));
     ScreenDriver driver(*form);
     settle(); // its activation
     expected.steps(driver);
     if (driver.isOpen()) {
-        Report::fail(QStringLiteral("the steps left the screen %1 open").arg(expected.screen));
+        Report::fail(u"the steps left the screen %1 open"_s.arg(expected.screen));
         static_cast<Form&>(driver.window()).Unload();
     }
 }

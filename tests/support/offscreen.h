@@ -3,6 +3,8 @@
 #include <QSize>
 #include <QTemporaryFile>
 
+using namespace Qt::StringLiterals;
+
 /// Windows are drawn in memory, on a screen of this size in pixels. Has to stand before the application is
 /// made.
 class OffScreen
@@ -12,9 +14,8 @@ public:
     {
         if (!screens_.open())
             qFatal("the description of the screen cannot be written");
-        screens_.write(QStringLiteral(R"({"screens": [{"name": "screen", "x": 0, "y": 0, "width": %1,
-            "height": %2, "logicalDpi": 96, "logicalBaseDpi": 96, "dpr": 1}]})")
-                           .arg(size.width())
+        screens_.write(uR"({"screens": [{"name": "screen", "x": 0, "y": 0, "width": %1,
+            "height": %2, "logicalDpi": 96, "logicalBaseDpi": 96, "dpr": 1}]})"_s.arg(size.width())
                            .arg(size.height())
                            .toUtf8());
         screens_.flush();

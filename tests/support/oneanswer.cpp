@@ -3,11 +3,13 @@
 #include <QSslSocket>
 #include <QTcpServer>
 
+using namespace Qt::StringLiterals;
+
 namespace {
 
 QString hostAt(quint16 port)
 {
-    return QStringLiteral("http://127.0.0.1:%1").arg(port);
+    return u"http://127.0.0.1:%1"_s.arg(port);
 }
 
 /// Its connections can be made safe ones.

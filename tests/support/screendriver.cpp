@@ -13,6 +13,8 @@
 #include <QTableView>
 #include <QTest>
 
+using namespace Qt::StringLiterals;
+
 void settle()
 {
     for (int i = 0; i < 4; ++i) {
@@ -31,7 +33,7 @@ QWidget* ScreenDriver::find(const QString& control) const
 {
     QWidget* found = window_ ? window_->findChild<QWidget*>(control) : nullptr;
     if (!found)
-        Report::fail(QStringLiteral("no control %1").arg(control));
+        Report::fail(u"no control %1"_s.arg(control));
     return found;
 }
 
@@ -39,9 +41,8 @@ QWidget* ScreenDriver::usable(const QString& control) const
 {
     QWidget* found = find(control);
     if (found && (!found->isEnabled() || !found->isVisible())) {
-        Report::fail(
-            QStringLiteral("the control %1 cannot be used: it is %2")
-                .arg(control, found->isEnabled() ? QStringLiteral("hidden") : QStringLiteral("disabled")));
+        Report::fail(u"the control %1 cannot be used: it is %2"_s.arg(
+            control, found->isEnabled() ? u"hidden"_s : u"disabled"_s));
         return nullptr;
     }
     return found;
@@ -123,7 +124,7 @@ void ScreenDriver::mouse(const QString& control, int row, bool twice)
     if (auto* view = qobject_cast<QAbstractItemView*>(target); view && row >= 0) {
         const QModelIndex index = view->model() ? view->model()->index(row, 0) : QModelIndex();
         if (!index.isValid()) {
-            Report::fail(QStringLiteral("%1 has no row %2").arg(control).arg(row));
+            Report::fail(u"%1 has no row %2"_s.arg(control).arg(row));
             return;
         }
         view->scrollTo(index);
@@ -143,7 +144,7 @@ void ScreenDriver::choose(const QString& control, const QString& start)
         return;
     const int index = combo->findText(start, Qt::MatchStartsWith | Qt::MatchCaseSensitive);
     if (index < 0) {
-        Report::fail(QStringLiteral("%1 has no item that starts with \"%2\"").arg(control, start));
+        Report::fail(u"%1 has no item that starts with \"%2\""_s.arg(control, start));
         return;
     }
     focus(control);

@@ -2,6 +2,8 @@
 
 #include "support/report.h"
 
+using namespace Qt::StringLiterals;
+
 class ScriptedDialogs::Stand : public Dialogs
 {
 public:
@@ -14,11 +16,11 @@ public:
         const bool question = box.buttons == Buttons::YesNo;
         const auto found = script_.next(question ? Kind::Question : Kind::Message, box.text, box.title);
         if (found && found->icon && *found->icon != box.icon)
-            Report::fail(QStringLiteral("the box \"%1\" has another icon").arg(box.text));
+            Report::fail(u"the box \"%1\" has another icon"_s.arg(box.text));
         if (!question)
             return Answer::Ok;
         if (box.standard != Answer::No)
-            Report::fail(QStringLiteral("the question \"%1\" does not default to No").arg(box.text));
+            Report::fail(u"the question \"%1\" does not default to No"_s.arg(box.text));
         return found && found->yes ? Answer::Yes : Answer::No;
     }
 
@@ -71,8 +73,7 @@ void ScriptedDialogs::expectFile(const std::optional<QString>& path, const QStri
 void ScriptedDialogs::verify()
 {
     for (const Expected& one : expected_)
-        Report::fail(
-            QStringLiteral("the box \"%1\" did not come").arg(one.text.isEmpty() ? one.title : one.text));
+        Report::fail(u"the box \"%1\" did not come"_s.arg(one.text.isEmpty() ? one.title : one.text));
     expected_.clear();
 }
 
@@ -81,13 +82,13 @@ std::optional<ScriptedDialogs::Expected> ScriptedDialogs::next(Kind kind, const 
 {
     seen_ << text;
     if (expected_.isEmpty()) {
-        Report::fail(QStringLiteral("unexpected box \"%1\" (%2)").arg(text, title));
+        Report::fail(u"unexpected box \"%1\" (%2)"_s.arg(text, title));
         return {};
     }
     const Expected one = expected_.takeFirst();
     if (one.kind != kind || one.text != text || (!one.title.isEmpty() && one.title != title)) {
-        Report::fail(QStringLiteral("the box \"%1\" (%2) came where \"%3\" (%4) was expected")
-                         .arg(text, title, one.text, one.title));
+        Report::fail(u"the box \"%1\" (%2) came where \"%3\" (%4) was expected"_s.arg(text, title, one.text,
+                                                                                      one.title));
         return {};
     }
     return one;

@@ -9,18 +9,20 @@
 #include <set>
 #include <stdexcept>
 
+using namespace Qt::StringLiterals;
+
 namespace {
 
 std::set<QString> recorded;
 
 QDir folder()
 {
-    return QDir(QStringLiteral(TEST_BUILD_DIR "/test-statements"));
+    return QDir(QString::fromUtf8(TEST_BUILD_DIR "/test-statements"));
 }
 
 QString ownFile()
 {
-    return QFileInfo(QCoreApplication::applicationFilePath()).baseName() + QStringLiteral(".json");
+    return QFileInfo(QCoreApplication::applicationFilePath()).baseName() + u".json"_s;
 }
 
 void record(const ADODB::StatementEvent& event)
@@ -59,20 +61,20 @@ void StatementRecord::write()
     QSaveFile file(folder().filePath(ownFile()));
     if (!file.open(QIODevice::WriteOnly) || file.write(QJsonDocument(statements).toJson()) < 0 ||
         !file.commit())
-        throw std::runtime_error((file.fileName() + QStringLiteral(": ") + file.errorString()).toStdString());
+        throw std::runtime_error((file.fileName() + u": "_s + file.errorString()).toStdString());
 }
 
 QStringList StatementRecord::all()
 {
     std::set<QString> statements;
-    for (const QFileInfo& found : folder().entryInfoList({QStringLiteral("*.json")})) {
+    for (const QFileInfo& found : folder().entryInfoList({u"*.json"_s})) {
         if (found.fileName() == ownFile())
             continue;
         QFile file(found.filePath());
         const bool isOpen = file.open(QIODevice::ReadOnly);
         const QJsonDocument document = QJsonDocument::fromJson(file.readAll());
         if (!isOpen || !document.isArray())
-            throw std::runtime_error((file.fileName() + QStringLiteral(": cannot be read")).toStdString());
+            throw std::runtime_error((file.fileName() + u": cannot be read"_s).toStdString());
         for (const QJsonValue& statement : document.array())
             statements.insert(statement.toString());
     }

@@ -4,12 +4,14 @@
 #include "app/core/variaveis.h"
 #include "tour.h"
 
+using namespace Qt::StringLiterals;
+
 namespace {
 
 /// The first line of the day that has the text in it; -1 where none has.
 int lineWith(const ScreenDriver& agenda, const QString& text)
 {
-    const QStringList lines = agenda.list(QStringLiteral("List1"));
+    const QStringList lines = agenda.list(u"List1"_s);
     for (int i = 0; i < lines.size(); ++i)
         if (lines[i].contains(text))
             return i;
@@ -18,12 +20,12 @@ int lineWith(const ScreenDriver& agenda, const QString& text)
 
 void open(ScreenDriver& agenda, const QString& text)
 {
-    agenda.doubleClickRow(QStringLiteral("List1"), lineWith(agenda, text));
+    agenda.doubleClickRow(u"List1"_s, lineWith(agenda, text));
 }
 
 void go(ScreenDriver& agenda, Qt::Key arrow, int times)
 {
-    agenda.focus(QStringLiteral("Calendar1"));
+    agenda.focus(u"Calendar1"_s);
     for (int i = 0; i < times; ++i)
         agenda.press(arrow);
 }
@@ -31,60 +33,60 @@ void go(ScreenDriver& agenda, Qt::Key arrow, int times)
 /// The open appointment is charged and half paid; nothing is written.
 void closing(Tour& tour, ScreenDriver& agenda)
 {
-    tour.screen(QStringLiteral("frmCli_AgendaCF"), [&tour](ScreenDriver& screen) {
-        tour.picture(QStringLiteral("frmCli_AgendaCF"), screen);
-        screen.click(QStringLiteral("Command2"));
-        screen.choose(QStringLiteral("cboMP"), QStringLiteral("DINHEIRO"));
-        screen.type(QStringLiteral("txtVrMp"), QStringLiteral("100"));
-        screen.type(QStringLiteral("txtobs"), QStringLiteral("entrada"));
-        tour.picture(QStringLiteral("frmCli_AgendaCF_pagamento"), screen);
-        screen.click(QStringLiteral("Command16"));
-        tour.picture(QStringLiteral("frmCli_AgendaCF_totais"), screen);
+    tour.screen(u"frmCli_AgendaCF"_s, [&tour](ScreenDriver& screen) {
+        tour.picture(u"frmCli_AgendaCF"_s, screen);
+        screen.click(u"Command2"_s);
+        screen.choose(u"cboMP"_s, u"DINHEIRO"_s);
+        screen.type(u"txtVrMp"_s, u"100"_s);
+        screen.type(u"txtobs"_s, u"entrada"_s);
+        tour.picture(u"frmCli_AgendaCF_pagamento"_s, screen);
+        screen.click(u"Command16"_s);
+        tour.picture(u"frmCli_AgendaCF_totais"_s, screen);
         screen.press(Qt::Key_Escape);
     });
-    agenda.click(QStringLiteral("Command4"));
+    agenda.click(u"Command4"_s);
 }
 
 /// Closed attendances lie in the past, a holiday at Easter, and on Sundays nobody works.
 void pastAndHoliday(Tour& tour, ScreenDriver& agenda)
 {
     go(agenda, Qt::Key_Left, 1);
-    tour.picture(QStringLiteral("frmCli_Agenda_bloqueada"), agenda);
+    tour.picture(u"frmCli_Agenda_bloqueada"_s, agenda);
     go(agenda, Qt::Key_Up, 1);
     go(agenda, Qt::Key_Right, 1);
-    tour.picture(QStringLiteral("frmCli_Agenda_encerrados"), agenda);
-    tour.box(QStringLiteral("frmCli_Agenda_ja_encerrado"), QStringLiteral("OK"));
-    open(agenda, QStringLiteral("|2  |"));
+    tour.picture(u"frmCli_Agenda_encerrados"_s, agenda);
+    tour.box(u"frmCli_Agenda_ja_encerrado"_s, u"OK"_s);
+    open(agenda, u"|2  |"_s);
     go(agenda, Qt::Key_Down, 6);
     go(agenda, Qt::Key_Right, 1);
-    tour.picture(QStringLiteral("frmCli_Agenda_feriado"), agenda);
+    tour.picture(u"frmCli_Agenda_feriado"_s, agenda);
 }
 
 } // namespace
 
 void walkAgenda(Tour& tour)
 {
-    tour.screen(QStringLiteral("frmCli_Agenda"), [&tour](ScreenDriver& agenda) {
-        tour.picture(QStringLiteral("frmCli_Agenda"), agenda);
-        tour.resized(QStringLiteral("frmCli_Agenda"), agenda);
-        agenda.doubleClickRow(QStringLiteral("List1"), 1); // a free line
-        tour.picture(QStringLiteral("frmCli_Agenda_painel_novo"), agenda);
-        agenda.click(QStringLiteral("Command8"));
-        open(agenda, QStringLiteral("|0  |"));
-        tour.picture(QStringLiteral("frmCli_Agenda_painel"), agenda);
+    tour.screen(u"frmCli_Agenda"_s, [&tour](ScreenDriver& agenda) {
+        tour.picture(u"frmCli_Agenda"_s, agenda);
+        tour.resized(u"frmCli_Agenda"_s, agenda);
+        agenda.doubleClickRow(u"List1"_s, 1); // a free line
+        tour.picture(u"frmCli_Agenda_painel_novo"_s, agenda);
+        agenda.click(u"Command8"_s);
+        open(agenda, u"|0  |"_s);
+        tour.picture(u"frmCli_Agenda_painel"_s, agenda);
         closing(tour, agenda);
-        agenda.click(QStringLiteral("Command8"));
-        tour.screen(QStringLiteral("frmCli_Agenda_Pesquisa"), [&tour](ScreenDriver& search) {
-            search.type(QStringLiteral("txtnmpac"), QStringLiteral("mar"));
-            tour.picture(QStringLiteral("frmCli_Agenda_Pesquisa"), search);
+        agenda.click(u"Command8"_s);
+        tour.screen(u"frmCli_Agenda_Pesquisa"_s, [&tour](ScreenDriver& search) {
+            search.type(u"txtnmpac"_s, u"mar"_s);
+            tour.picture(u"frmCli_Agenda_Pesquisa"_s, search);
             search.press(Qt::Key_Escape);
         });
         agenda.press(Qt::Key_F2);
-        tour.box(QStringLiteral("frmCli_Agenda_impressao"), QStringLiteral("0"));
+        tour.box(u"frmCli_Agenda_impressao"_s, u"0"_s);
         agenda.press(Qt::Key_F3);
-        tour.document(QStringLiteral("cli_agenda"), Variaveis::ArquivoPDF);
+        tour.document(u"cli_agenda"_s, Variaveis::ArquivoPDF);
         pastAndHoliday(tour, agenda);
         agenda.press(Qt::Key_Escape);
     });
-    Menu::principal().run(QStringLiteral("cliAG"));
+    Menu::principal().run(u"cliAG"_s);
 }

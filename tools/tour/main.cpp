@@ -19,6 +19,8 @@
 #include <QMenu>
 #include <cstdio>
 
+using namespace Qt::StringLiterals;
+
 namespace {
 
 void failTheWalk(const std::exception& error)
@@ -28,50 +30,50 @@ void failTheWalk(const std::exception& error)
 
 void login(Tour& tour, ScreenDriver& login)
 {
-    tour.picture(QStringLiteral("frmtelainicial"), login);
-    tour.box(QStringLiteral("frmtelainicial_suporte"), QStringLiteral("OK"));
+    tour.picture(u"frmtelainicial"_s, login);
+    tour.box(u"frmtelainicial_suporte"_s, u"OK"_s);
     login.press(Qt::Key_F10);
-    login.type(QStringLiteral("txtUsuario"), QStringLiteral("admin"));
+    login.type(u"txtUsuario"_s, u"admin"_s);
     login.press(Qt::Key_Return);
-    login.typeOn(QStringLiteral("errada"));
-    tour.box(QStringLiteral("frmtelainicial_recusado"), QStringLiteral("OK"));
+    login.typeOn(u"errada"_s);
+    tour.box(u"frmtelainicial_recusado"_s, u"OK"_s);
     login.press(Qt::Key_Return);
-    login.type(QStringLiteral("txtSenha"), QStringLiteral("admin"));
+    login.type(u"txtSenha"_s, u"admin"_s);
     login.press(Qt::Key_Return);
 }
 
 void users(Tour& tour)
 {
-    tour.screen(QStringLiteral("frmcadusuario"), [&tour](ScreenDriver& users) {
-        users.type(QStringLiteral("Combo1"), QStringLiteral("recepcao"));
+    tour.screen(u"frmcadusuario"_s, [&tour](ScreenDriver& users) {
+        users.type(u"Combo1"_s, u"recepcao"_s);
         users.press(Qt::Key_Return);
         users.press(Qt::Key_Return);
-        tour.picture(QStringLiteral("frmcadusuario"), users);
-        tour.resized(QStringLiteral("frmcadusuario"), users);
+        tour.picture(u"frmcadusuario"_s, users);
+        tour.resized(u"frmcadusuario"_s, users);
 
         // A quote breaks the statement. The program would end behind the box; the walk goes on.
         Application::setFailureHandler(Application::tell);
-        tour.box(QStringLiteral("erro_do_servidor"), QStringLiteral("OK"));
-        users.type(QStringLiteral("Combo1"), QStringLiteral("d'avila"));
+        tour.box(u"erro_do_servidor"_s, u"OK"_s);
+        users.type(u"Combo1"_s, u"d'avila"_s);
         users.press(Qt::Key_Tab);
         Application::setFailureHandler(failTheWalk);
         users.press(Qt::Key_Escape);
     });
-    Menu::principal().run(QStringLiteral("cadUsu"));
+    Menu::principal().run(u"cadUsu"_s);
 }
 
 void configuration(Tour& tour)
 {
-    tour.screen(QStringLiteral("frmconfig"), [&tour](ScreenDriver& configuration) {
+    tour.screen(u"frmconfig"_s, [&tour](ScreenDriver& configuration) {
         // The socket's path is another one at each walk.
-        configuration.type(QStringLiteral("txtString"), QStringLiteral("servidor.clinica;Port=3306"));
-        configuration.type(QStringLiteral("txtSenha"), QStringLiteral("segredo"));
-        tour.picture(QStringLiteral("frmconfig"), configuration);
-        tour.box(QStringLiteral("frmconfig_confirma"), QStringLiteral("Não"));
-        configuration.click(QStringLiteral("Command2"));
-        configuration.click(QStringLiteral("Command1"));
+        configuration.type(u"txtString"_s, u"servidor.clinica;Port=3306"_s);
+        configuration.type(u"txtSenha"_s, u"segredo"_s);
+        tour.picture(u"frmconfig"_s, configuration);
+        tour.box(u"frmconfig_confirma"_s, u"Não"_s);
+        configuration.click(u"Command2"_s);
+        configuration.click(u"Command1"_s);
     });
-    Menu::principal().run(QStringLiteral("mnupram"));
+    Menu::principal().run(u"mnupram"_s);
 }
 
 void update(Tour& tour)
@@ -80,11 +82,11 @@ void update(Tour& tour)
     vendor.hold();
     qputenv("TREMOSILVA_HOST_DOWNLOAD", vendor.host().toUtf8());
     QTimer::singleShot(0, [&] {
-        tour.picture(QStringLiteral("frmProgresso"), ScreenDriver(Form::of<frmProgresso>()));
+        tour.picture(u"frmProgresso"_s, ScreenDriver(Form::of<frmProgresso>()));
         vendor.release();
     });
-    tour.box(QStringLiteral("frmProgresso_recusado"), QStringLiteral("OK"));
-    Menu::principal().run(QStringLiteral("mnuupdate"));
+    tour.box(u"frmProgresso_recusado"_s, u"OK"_s);
+    Menu::principal().run(u"mnuupdate"_s);
     qunsetenv("TREMOSILVA_HOST_DOWNLOAD");
 }
 
@@ -92,28 +94,28 @@ void walk(Tour& tour)
 {
     auto& principal = Form::of<frmPrincipal>();
     ScreenDriver window(principal);
-    tour.screen(QStringLiteral("frmtelainicial"), [&tour](ScreenDriver& screen) { login(tour, screen); });
+    tour.screen(u"frmtelainicial"_s, [&tour](ScreenDriver& screen) { login(tour, screen); });
     principal.Show();
     settle();
 
-    tour.picture(QStringLiteral("frmPrincipal"), window);
-    for (QAction* action : principal.findChildren<QAction*>(QStringLiteral("mnuCad")))
-        tour.pictureWithMenu(QStringLiteral("frmPrincipal_menu"), window, *action->menu());
-    tour.resized(QStringLiteral("frmPrincipal"), window);
+    tour.picture(u"frmPrincipal"_s, window);
+    for (QAction* action : principal.findChildren<QAction*>(u"mnuCad"_s))
+        tour.pictureWithMenu(u"frmPrincipal_menu"_s, window, *action->menu());
+    tour.resized(u"frmPrincipal"_s, window);
     users(tour);
     configuration(tour);
     walkRegisters(tour);
     walkAgenda(tour);
     update(tour);
 
-    tour.screen(QStringLiteral("frmtelainicial"), [&tour](ScreenDriver& screen) {
-        tour.picture(QStringLiteral("frmtelainicial_logoff"), screen);
+    tour.screen(u"frmtelainicial"_s, [&tour](ScreenDriver& screen) {
+        tour.picture(u"frmtelainicial_logoff"_s, screen);
         std::printf("tour: %d pictures\n", tour.count());
         // Closing the login ends the program, here with the status of a walk that went well.
         screen.press(Qt::Key_Escape);
     });
     window.press(Qt::Key_F10);
-    Report::fail(QStringLiteral("closing the login did not end the program"));
+    Report::fail(u"closing the login did not end the program"_s);
 }
 
 } // namespace

@@ -1,8 +1,10 @@
 #include "registers.h"
 
 #include "app/core/menu.h"
-#include "registers/buscas.h"
+#include "registers/telasdebusca.h"
 #include "tour.h"
+
+using namespace Qt::StringLiterals;
 
 namespace {
 
@@ -11,7 +13,7 @@ void visit(Tour& tour, const char* entry, const char* screen, int row)
 {
     const QString name = QString::fromLatin1(screen);
     tour.screen(name, [&tour, name, row](ScreenDriver& opened) {
-        opened.doubleClickRow(QStringLiteral("DataGrid1"), row);
+        opened.doubleClickRow(u"DataGrid1"_s, row);
         opened.press(Qt::Key_Tab);
         tour.picture(name, opened);
         opened.press(Qt::Key_Escape);
@@ -21,20 +23,20 @@ void visit(Tour& tour, const char* entry, const char* screen, int row)
 
 void hoursAndHolidays(Tour& tour)
 {
-    tour.screen(QStringLiteral("frmCadHorarios"), [&tour](ScreenDriver& opened) {
-        qobject_cast<QComboBox*>(opened.find(QStringLiteral("cboPro")))->setCurrentIndex(1);
-        opened.choose(QStringLiteral("cboDia"), QStringLiteral("2"));
-        opened.type(QStringLiteral("txtHR"), QStringLiteral("08:00/08:30/09:00"));
-        tour.picture(QStringLiteral("frmCadHorarios"), opened);
+    tour.screen(u"frmCadHorarios"_s, [&tour](ScreenDriver& opened) {
+        qobject_cast<QComboBox*>(opened.find(u"cboPro"_s))->setCurrentIndex(1);
+        opened.choose(u"cboDia"_s, u"2"_s);
+        opened.type(u"txtHR"_s, u"08:00/08:30/09:00"_s);
+        tour.picture(u"frmCadHorarios"_s, opened);
         opened.press(Qt::Key_Escape);
     });
-    Menu::principal().run(QStringLiteral("cadHor"));
-    tour.screen(QStringLiteral("frmCadFeriados"), [&tour](ScreenDriver& opened) {
-        opened.type(QStringLiteral("txtobs"), QStringLiteral("Aniversário da cidade"));
-        tour.picture(QStringLiteral("frmCadFeriados"), opened);
+    Menu::principal().run(u"cadHor"_s);
+    tour.screen(u"frmCadFeriados"_s, [&tour](ScreenDriver& opened) {
+        opened.type(u"txtobs"_s, u"Aniversário da cidade"_s);
+        tour.picture(u"frmCadFeriados"_s, opened);
         opened.press(Qt::Key_Escape);
     });
-    Menu::principal().run(QStringLiteral("cadFer"));
+    Menu::principal().run(u"cadFer"_s);
 }
 
 template <class Dialog>
@@ -63,14 +65,14 @@ void walkRegisters(Tour& tour)
     visit(tour, "cadinsi", "frmCadProduto", 3);
     visit(tour, "cadgru", "frmCadGrupoEstoque", 1);
     visit(tour, "ctpgcadcen", "frmCadCentroCusto", 1);
-    tour.screen(QStringLiteral("frmCadSubCentro"), [&tour](ScreenDriver& opened) {
+    tour.screen(u"frmCadSubCentro"_s, [&tour](ScreenDriver& opened) {
         // The double click on this grid asks for a column that is not there.
-        opened.type(QStringLiteral("txtcodcli"), QStringLiteral("1"));
+        opened.type(u"txtcodcli"_s, u"1"_s);
         opened.press(Qt::Key_Tab);
-        tour.picture(QStringLiteral("frmCadSubCentro"), opened);
+        tour.picture(u"frmCadSubCentro"_s, opened);
         opened.press(Qt::Key_Escape);
     });
-    Menu::principal().run(QStringLiteral("ctpgcadscen"));
+    Menu::principal().run(u"ctpgcadscen"_s);
 
     visit<frmBuscaConvenios>(tour);
     visit<frmBuscaEspecialidades>(tour);

@@ -10,12 +10,14 @@
 #include <QPainter>
 #include <QProcess>
 
+using namespace Qt::StringLiterals;
+
 namespace {
 
 /// The pictures of a walk, a line each.
 QString listName()
 {
-    return QStringLiteral("tour.txt");
+    return u"tour.txt"_s;
 }
 
 } // namespace
@@ -44,7 +46,7 @@ void Tour::look()
     if (!box || !box->isVisible())
         return;
     if (boxes_.isEmpty()) {
-        Report::fail(QStringLiteral("unexpected box \"%1\"").arg(box->windowTitle()));
+        Report::fail(u"unexpected box \"%1\""_s.arg(box->windowTitle()));
         return;
     }
     const Box expected = boxes_.takeFirst();
@@ -63,19 +65,19 @@ void Tour::answer(QMessageBox& box, const QString& button)
     for (QAbstractButton* one : box.buttons())
         if (one->text().remove(QLatin1Char('&')) == button)
             return one->click();
-    Report::fail(QStringLiteral("the box \"%1\" has no button %2").arg(box.text(), button));
+    Report::fail(u"the box \"%1\" has no button %2"_s.arg(box.text(), button));
 }
 
 QString Tour::numbered(const QString& name)
 {
-    return QStringLiteral("%1_%2").arg(++count_, 2, 10, QLatin1Char('0')).arg(name);
+    return u"%1_%2"_s.arg(++count_, 2, 10, QLatin1Char('0')).arg(name);
 }
 
 void Tour::list(const QString& file)
 {
     QFile list(pictures_.filePath(listName()));
     if (!list.open(QIODevice::Append) || list.write(file.toUtf8() + '\n') < 0)
-        Report::fail(QStringLiteral("%1 cannot be written").arg(list.fileName()));
+        Report::fail(u"%1 cannot be written"_s.arg(list.fileName()));
 }
 
 void Tour::picture(const QString& name, const ScreenDriver& screen)
@@ -86,33 +88,31 @@ void Tour::picture(const QString& name, const ScreenDriver& screen)
 
 void Tour::picture(const QString& name, const QImage& image)
 {
-    const QString file = numbered(name) + QStringLiteral(".png");
+    const QString file = numbered(name) + u".png"_s;
     if (image.isNull() || !image.save(pictures_.filePath(file)))
-        Report::fail(QStringLiteral("the picture %1 cannot be kept").arg(pictures_.filePath(file)));
+        Report::fail(u"the picture %1 cannot be kept"_s.arg(pictures_.filePath(file)));
     list(file);
 }
 
 void Tour::document(const QString& name, const QString& path)
 {
     const QString file = numbered(name);
-    const QString copy = file + QStringLiteral(".pdf");
+    const QString copy = file + u".pdf"_s;
     if (!QFile::copy(path, pictures_.filePath(copy)))
-        Report::fail(QStringLiteral("there is no document %1").arg(path));
+        Report::fail(u"there is no document %1"_s.arg(path));
     list(copy);
-    if (QProcess::execute(QStringLiteral("pdftoppm"),
-                          {QStringLiteral("-png"), QStringLiteral("-r"), QStringLiteral("100"), path,
-                           pictures_.filePath(file)}) != 0)
-        Report::fail(QStringLiteral("the pages of %1 cannot be drawn").arg(path));
-    const QStringList pages = pictures_.entryList({file + QStringLiteral("-*.png")});
+    if (QProcess::execute(u"pdftoppm"_s, {u"-png"_s, u"-r"_s, u"100"_s, path, pictures_.filePath(file)}) != 0)
+        Report::fail(u"the pages of %1 cannot be drawn"_s.arg(path));
+    const QStringList pages = pictures_.entryList({file + u"-*.png"_s});
     for (const QString& page : pages)
         list(page);
 
     // A second reader has to find as many pages.
     QProcess reader;
-    reader.start(QStringLiteral("mutool"), {QStringLiteral("info"), path});
+    reader.start(u"mutool"_s, {u"info"_s, path});
     reader.waitForFinished();
     if (!reader.readAllStandardOutput().contains("Pages: " + QByteArray::number(pages.size()) + '\n'))
-        Report::fail(QStringLiteral("the readers do not agree on the pages of %1").arg(path));
+        Report::fail(u"the readers do not agree on the pages of %1"_s.arg(path));
 }
 
 void Tour::pictureWithMenu(const QString& name, const ScreenDriver& screen, QMenu& menu)
@@ -130,7 +130,7 @@ void Tour::resized(const QString& name, ScreenDriver& screen)
     const QSize size = screen.window().size();
     for (const double factor : {0.75, 1.5, 2.0}) {
         screen.window().resize(size * factor);
-        picture(QStringLiteral("%1_%2").arg(name).arg(qRound(100 * factor)), screen);
+        picture(u"%1_%2"_s.arg(name).arg(qRound(100 * factor)), screen);
     }
     screen.window().resize(size);
     settle();

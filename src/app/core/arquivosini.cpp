@@ -4,14 +4,15 @@
 #include "platform/system/files.h"
 #include "platform/values/codepage.h"
 
+using namespace Qt::StringLiterals;
+
 namespace ArquivosINI {
 
 namespace {
 
 QString LeChave(const QString& chave, const QString& arquivo)
 {
-    return Criptografa::Decifrar(
-        Files::profileValue(QStringLiteral("CONFIG"), chave, QStringLiteral("DefaultUser"), arquivo));
+    return Criptografa::Decifrar(Files::profileValue(u"CONFIG"_s, chave, u"DefaultUser"_s, arquivo));
 }
 
 /// The text between its outer blanks; other white space is part of a value.
@@ -28,29 +29,29 @@ QString aparado(QStringView texto)
 
 QString Caminho()
 {
-    return Files::inProgramFolder(QStringLiteral("\\tremosilva.ini"));
+    return Files::inProgramFolder(u"\\tremosilva.ini"_s);
 }
 
 Configuracao Le(const QString& arquivo)
 {
     Configuracao valores;
-    valores.idlic = LeChave(QStringLiteral("idlic"), arquivo);
-    valores.conexao = LeChave(QStringLiteral("conexao"), arquivo);
-    valores.senha = LeChave(QStringLiteral("senha"), arquivo);
-    valores.banco = LeChave(QStringLiteral("banco"), arquivo);
-    valores.userbco = LeChave(QStringLiteral("userbco"), arquivo);
+    valores.idlic = LeChave(u"idlic"_s, arquivo);
+    valores.conexao = LeChave(u"conexao"_s, arquivo);
+    valores.senha = LeChave(u"senha"_s, arquivo);
+    valores.banco = LeChave(u"banco"_s, arquivo);
+    valores.userbco = LeChave(u"userbco"_s, arquivo);
     return valores;
 }
 
 void Grava(const Configuracao& valores)
 {
-    const QString linha = QStringLiteral("%1=%2\r\n");
-    QString texto = QStringLiteral("[CONFIG]\r\n");
-    texto += linha.arg(QStringLiteral("conexao"), Criptografa::Cifrar(aparado(valores.conexao)));
-    texto += linha.arg(QStringLiteral("senha"), Criptografa::Cifrar(aparado(valores.senha)));
-    texto += linha.arg(QStringLiteral("banco"), Criptografa::Cifrar(aparado(valores.banco)));
-    texto += linha.arg(QStringLiteral("userbco"), Criptografa::Cifrar(aparado(valores.userbco)));
-    texto += linha.arg(QStringLiteral("idlic"), Criptografa::Cifrar(aparado(valores.idlic)));
+    const QString linha = u"%1=%2\r\n"_s;
+    QString texto = u"[CONFIG]\r\n"_s;
+    texto += linha.arg(u"conexao"_s, Criptografa::Cifrar(aparado(valores.conexao)));
+    texto += linha.arg(u"senha"_s, Criptografa::Cifrar(aparado(valores.senha)));
+    texto += linha.arg(u"banco"_s, Criptografa::Cifrar(aparado(valores.banco)));
+    texto += linha.arg(u"userbco"_s, Criptografa::Cifrar(aparado(valores.userbco)));
+    texto += linha.arg(u"idlic"_s, Criptografa::Cifrar(aparado(valores.idlic)));
     Files::write(Caminho(), CodePage::encode(texto));
 }
 

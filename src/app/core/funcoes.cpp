@@ -4,6 +4,8 @@
 #include "app/core/variaveis.h"
 #include "platform/data/recordset.h"
 
+using namespace Qt::StringLiterals;
+
 using namespace Variaveis;
 
 namespace Funcoes {
@@ -15,7 +17,7 @@ QString PerfilValor(const QString& usuario, const QString& campo)
     rs.Open("select * from perfilusuario where nmusuario = " + aspas(usuario) +
                 " and campo = " + aspas(campo),
             Conexao, 0, 1);
-    QString valor = QStringLiteral("1");
+    QString valor = u"1"_s;
     for (; !rs.Eof(); rs.MoveNext())
         valor = rs.Fields("valor").text();
     rs.Close();

@@ -3,6 +3,8 @@
 #include <QString>
 #include <QtGlobal>
 
+using namespace Qt::StringLiterals;
+
 /// The values of an installation. Each has a default that an environment variable takes the place of.
 namespace Instalacao {
 
@@ -14,7 +16,7 @@ inline QString valor(const char* variable, const char* standard)
 /// The program's name and version, as the main window's caption shows them.
 inline QString nomePrograma()
 {
-    return QStringLiteral("Tremosilva 1.0");
+    return u"Tremosilva 1.0"_s;
 }
 
 /// The vendor's name, the title of a message about its own services.

@@ -1,9 +1,11 @@
 #include "app/core/menu.h"
 
 #include "platform/forms/dialogs.h"
-#include "platform/system/error.h"
+#include "platform/values/error.h"
 
 #include <algorithm>
+
+using namespace Qt::StringLiterals;
 
 namespace {
 
@@ -115,6 +117,5 @@ void Menu::run(const QString& name)
 
 void Menu::notYet(const QString& caption)
 {
-    MsgBox(QStringLiteral("\"%1\" ainda não está disponível nesta versão.").arg(caption),
-           QStringLiteral("Atenção"), Icon::Information);
+    MsgBox(u"\"%1\" ainda não está disponível nesta versão."_s.arg(caption), u"Atenção"_s, Icon::Information);
 }

@@ -6,6 +6,8 @@
 
 #include <QCoreApplication>
 
+using namespace Qt::StringLiterals;
+
 namespace Rotirnas {
 
 void EnviaTeclas(const QString& teclas, bool espera)
@@ -26,7 +28,7 @@ void MascaraData(int& tecla, QLineEdit& caixa)
     }
     const int posicao = caixa.hasSelectedText() ? caixa.selectionStart() : caixa.cursorPosition();
     if (posicao == 2 || posicao == 5)
-        caixa.insert(QStringLiteral("/"));
+        caixa.insert(u"/"_s);
 }
 
 QString CalculaIdade(const QString& nascimento)

@@ -5,6 +5,8 @@
 #include "platform/system/clock.h"
 #include "platform/values/date.h"
 
+using namespace Qt::StringLiterals;
+
 using namespace Variaveis;
 
 QString aspas(const QString& texto)
@@ -14,7 +16,7 @@ QString aspas(const QString& texto)
 
 QString aspas(const QStringList& textos)
 {
-    return aspas(textos.join(QStringLiteral("','")));
+    return aspas(textos.join(u"','"_s));
 }
 
 void AbreConexao()
@@ -61,5 +63,5 @@ QString carimbo()
 
 QString carimboRegistro()
 {
-    return Usuario + QStringLiteral(" - ") + generalDate(Clock::now());
+    return Usuario + u" - "_s + generalDate(Clock::now());
 }

@@ -2,10 +2,12 @@
 
 #include "documents/pdf/lines.h"
 #include "platform/system/clock.h"
-#include "platform/system/error.h"
 #include "platform/values/codepage.h"
+#include "platform/values/error.h"
 #include "platform/values/format.h"
 #include "platform/values/number.h"
+
+using namespace Qt::StringLiterals;
 
 namespace {
 
@@ -42,7 +44,7 @@ void PDFAssembly::PDFPutInfo()
     PDFWriteLine(object_, "<<");
     entry("/Producer", information.producer);
     entry("/Author", information.author);
-    entry("/CreationDate", QStringLiteral("D:") + Format(Clock::now(), u"yyyymmddhhnnss"));
+    entry("/CreationDate", u"D:"_s + Format(Clock::now(), u"yyyymmddhhnnss"));
     entry("/Creator", information.creator);
     entry("/Keywords", information.keywords);
     entry("/Subject", information.subject);

@@ -1,7 +1,7 @@
 #include "documents/pdf/assembly.h"
 #include "documents/pdf/lines.h"
-#include "platform/system/error.h"
 #include "platform/values/codepage.h"
+#include "platform/values/error.h"
 
 void PDFAssembly::PDFPutBookmarks()
 {

@@ -2,14 +2,16 @@
 
 #include "documents/pdf/lines.h"
 #include "documents/pdf/messages.h"
-#include "platform/system/error.h"
+#include "platform/values/error.h"
 #include "platform/values/number.h"
 
 #include <cmath>
 
+using namespace Qt::StringLiterals;
+
 PDFRgb PDFHtmlToRgb(const QString& html)
 {
-    const QString digits = (QStringLiteral("000000") + html).right(6);
+    const QString digits = (u"000000"_s + html).right(6);
     const auto pair = [&](qsizetype place) { return double(digits.mid(place, 2).toUInt(nullptr, 16)); };
     return {pair(0), pair(2), pair(4)};
 }
@@ -34,8 +36,8 @@ PDFRgb PDFColor(const QVariant& colour)
         return PDFLongToRgb(colour.value<double>());
     if (colour.toString().startsWith(u'#'))
         return PDFHtmlToRgb(colour.toString());
-    PDFMessages::badArgument(QStringLiteral("Couleur HTMl - "), QStringLiteral("Code couleur HTMl invalide "),
-                             colour.toString(), QStringLiteral("La couleur utilisée sera le noir."));
+    PDFMessages::badArgument(u"Couleur HTMl - "_s, u"Code couleur HTMl invalide "_s, colour.toString(),
+                             u"La couleur utilisée sera le noir."_s);
     return {};
 }
 

@@ -1,11 +1,13 @@
 #include "documents/pdf/fontmetrics.h"
 
-#include "platform/system/error.h"
 #include "platform/system/files.h"
+#include "platform/values/error.h"
 #include "platform/values/number.h"
 
 #include <algorithm>
 #include <cmath>
+
+using namespace Qt::StringLiterals;
 
 namespace {
 
@@ -62,7 +64,7 @@ const PDFFontMetrics::Widths& PDFFontMetrics::widths(const QString& font)
 {
     auto place = widths_.constFind(font);
     if (place == widths_.constEnd())
-        place = widths_.insert(font, readWidths(folder_ + u'/' + font + QStringLiteral(".afm")));
+        place = widths_.insert(font, readWidths(folder_ + u'/' + font + u".afm"_s));
     return *place;
 }
 
@@ -73,7 +75,7 @@ PDFFontMetrics::Widths PDFFontMetrics::readWidths(const QString& path)
     const auto nextLine = [&] {
         place = place < 0 ? 0 : content.indexOf('\n', place) + 1;
         if (place == 0 || place == content.size())
-            throw RuntimeError(62, QStringLiteral("Entrada após o fim do arquivo: %1").arg(path));
+            throw RuntimeError(62, u"Entrada após o fim do arquivo: %1"_s.arg(path));
         const qsizetype end = content.indexOf('\n', place);
         return content.sliced(place, (end < 0 ? content.size() : end) - place);
     };

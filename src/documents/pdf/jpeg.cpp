@@ -1,12 +1,14 @@
 #include "documents/pdf/jpeg.h"
 
 #include "documents/pdf/messages.h"
-#include "platform/system/error.h"
 #include "platform/system/files.h"
+#include "platform/values/error.h"
+
+using namespace Qt::StringLiterals;
 
 namespace {
 
-const QString NoJpeg = QStringLiteral("Fichier image non JPEG.");
+const QString NoJpeg = u"Fichier image non JPEG."_s;
 
 /// The bytes of the file, counted from 1.
 class Bytes
@@ -39,9 +41,7 @@ QString badResolution(int unit)
 {
     if (unit <= 2) // none, inch, centimetre
         return {};
-    return QStringLiteral(
-               "Erreur de résolution d'image , l'Opcode est %1\nLes Opcodes valides sont  0, 1, 2.")
-        .arg(unit);
+    return u"Erreur de résolution d'image , l'Opcode est %1\nLes Opcodes valides sont  0, 1, 2."_s.arg(unit);
 }
 
 void readFrame(const Bytes& bytes, qsizetype position, PDFJpeg& picture)
@@ -76,7 +76,7 @@ std::optional<PDFJpeg> PDFScanJpeg(QByteArrayView file, QString& complaint)
     if (bytes.size() < Smallest)
         return std::nullopt;
     if (bytes.PDFHexPair(1) != "FFD8" || bytes.PDFHexPair(bytes.size() - 1) != "FFD9") {
-        complaint = QStringLiteral("Marqueur de début JPEG ou marqueur de fin JPEG non valide.");
+        complaint = u"Marqueur de début JPEG ou marqueur de fin JPEG non valide."_s;
         return std::nullopt;
     }
 

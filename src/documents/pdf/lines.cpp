@@ -1,12 +1,14 @@
 #include "documents/pdf/lines.h"
 
-#include "platform/system/error.h"
+#include "platform/values/error.h"
 #include "platform/values/format.h"
 
 #include <algorithm>
 #include <array>
 #include <charconv>
 #include <cmath>
+
+using namespace Qt::StringLiterals;
 
 namespace {
 
@@ -23,7 +25,7 @@ double unitsOf(const PDFNumber& number)
 /// By the general mask, which settles halves on the decimal digits and takes any size.
 QByteArray byMask(const PDFNumber& number)
 {
-    const QString mask = QStringLiteral("###0.") + QString(number.decimals, u'0');
+    const QString mask = u"###0."_s + QString(number.decimals, u'0');
     return Format(number.value, mask).replace(u',', u'.').toLatin1();
 }
 

@@ -1,8 +1,8 @@
 #include "documents/pdf/linktable.h"
 
 #include "documents/pdf/lines.h"
-#include "platform/system/error.h"
 #include "platform/values/codepage.h"
+#include "platform/values/error.h"
 #include "platform/values/number.h"
 
 void PDFLinkTable::add(int page, const PDFLinkArea& area)

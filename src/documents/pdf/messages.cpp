@@ -2,17 +2,19 @@
 
 #include "platform/forms/dialogs.h"
 
+using namespace Qt::StringLiterals;
+
 namespace PDFMessages {
 
 void badArgument(const QString& title, const QString& what, const QString& value, const QString& fallback)
 {
-    MsgBox(what + value + QStringLiteral(".\n") + fallback, title + Writer, Icon::Critical);
+    MsgBox(what + value + u".\n"_s + fallback, title + Writer, Icon::Critical);
 }
 
 void badImage(const QString& reason)
 {
-    MsgBox(QStringLiteral("Impossible d'inclure l'image dans le fichier PDF.\n") + reason,
-           QStringLiteral("Fichier Image - ") + Writer, Icon::Critical);
+    MsgBox(u"Impossible d'inclure l'image dans le fichier PDF.\n"_s + reason, u"Fichier Image - "_s + Writer,
+           Icon::Critical);
 }
 
 } // namespace PDFMessages

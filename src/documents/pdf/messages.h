@@ -2,10 +2,12 @@
 
 #include <QString>
 
+using namespace Qt::StringLiterals;
+
 /// What the writer says of itself, in French; every title ends with the writer's name.
 namespace PDFMessages {
 
-inline const QString Writer = QStringLiteral("Vespadoc 4.0");
+inline const QString Writer = u"Vespadoc 4.0"_s;
 
 /// A bad argument that something else stands in for: "<what><value>.", a line break, `fallback`, under the
 /// title "<title>Vespadoc 4.0" and with the critical icon.

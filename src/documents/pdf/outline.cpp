@@ -1,6 +1,6 @@
 #include "documents/pdf/outline.h"
 
-#include "platform/system/error.h"
+#include "platform/values/error.h"
 
 namespace {
 

@@ -4,6 +4,8 @@
 
 #include <algorithm>
 
+using namespace Qt::StringLiterals;
+
 namespace ADODB {
 
 namespace {
@@ -15,7 +17,7 @@ QByteArray quoted(QByteArray name)
 
 [[noreturn]] void notUpdatable(const QString& reason)
 {
-    throw Error(Error::NotUpdatable, QStringLiteral("O resultado não pode ser alterado: %1.").arg(reason));
+    throw Error(Error::NotUpdatable, u"O resultado não pode ser alterado: %1."_s.arg(reason));
 }
 
 bool sameName(const QByteArray& a, const QByteArray& b)
@@ -35,19 +37,18 @@ BaseTable::BaseTable(const std::vector<Column>& columns, const std::vector<QByte
 {
     const Column* first = firstColumn(columns);
     if (!first)
-        notUpdatable(QStringLiteral("não vem de uma tabela"));
+        notUpdatable(u"não vem de uma tabela"_s);
     for (std::size_t i = 0; i < columns.size(); ++i) {
         const Column& column = columns[i];
         if (column.baseName.isEmpty())
             continue;
         if (column.tableAlias != first->tableAlias || column.catalog != first->catalog)
-            notUpdatable(QStringLiteral("vem de mais de uma tabela"));
+            notUpdatable(u"vem de mais de uma tabela"_s);
         own_.push_back(qsizetype(i));
     }
     key_ = keyColumns(columns, first->tableAlias, key);
     if (key_.empty())
-        notUpdatable(
-            QStringLiteral("a chave primária de %1 não faz parte dele").arg(QString::fromUtf8(first->table)));
+        notUpdatable(u"a chave primária de %1 não faz parte dele"_s.arg(QString::fromUtf8(first->table)));
     name_ = quoted(first->catalog) + "." + quoted(first->table);
 }
 
@@ -77,7 +78,7 @@ void BaseTable::checkWritable(qsizetype column) const
 {
     const Column& wanted = columns_[std::size_t(column)];
     if (wanted.baseName.isEmpty())
-        notUpdatable(QStringLiteral("\"%1\" é uma expressão").arg(QString::fromUtf8(wanted.name)));
+        notUpdatable(u"\"%1\" é uma expressão"_s.arg(QString::fromUtf8(wanted.name)));
 }
 
 ParameterisedStatement BaseTable::insertion(const Changes& changes) const

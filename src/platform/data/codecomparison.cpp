@@ -4,6 +4,8 @@
 
 #include <QRegularExpression>
 
+using namespace Qt::StringLiterals;
+
 namespace ADODB {
 
 namespace {
@@ -121,7 +123,7 @@ private:
         static const QSet<QString> begins = words("where on and or xor");
         static const QSet<QString> ends =
             words("and or xor where group order limit inner left right cross natural join straight_join for");
-        static const QRegularExpression wholeNumber(QStringLiteral("^(?:0|[1-9][0-9]{0,14})$"));
+        static const QRegularExpression wholeNumber(u"^(?:0|[1-9][0-9]{0,14})$"_s);
         qsizetype offset = -1;
         const QString left = codeAt(offset, -1);
         const Token& before = token(offset);
@@ -179,11 +181,11 @@ private:
 
 QString codeNamesQuery()
 {
-    return QStringLiteral(
-        "select lower(column_name) as nome from information_schema.columns where table_schema = database()"
-        " group by lower(column_name) having min(data_type in ('tinyint', 'smallint', 'mediumint', 'int', "
-        "'bigint')"
-        " and instr(column_type, 'zerofill') = 0) = 1");
+    return u"select lower(column_name) as nome from information_schema.columns where table_schema = "
+           u"database()"
+           " group by lower(column_name) having min(data_type in ('tinyint', 'smallint', 'mediumint', 'int', "
+           "'bigint')"
+           " and instr(column_type, 'zerofill') = 0) = 1"_s;
 }
 
 QString comparedByEquality(const QString& sql, const CodeNames& codes)

@@ -1,11 +1,13 @@
 #include "platform/data/column.h"
 
-#include "platform/system/error.h"
 #include "platform/values/date.h"
+#include "platform/values/error.h"
 #include "platform/values/format.h"
 #include "platform/values/number.h"
 
 #include <QRegularExpression>
+
+using namespace Qt::StringLiterals;
 
 namespace ADODB {
 
@@ -51,7 +53,7 @@ QString utf8(QByteArrayView cell)
 /// Digits with at most one point among them and a sign in front.
 bool isPlainNumber(const QString& text)
 {
-    static const QRegularExpression form(QStringLiteral("^[+-]?(\\d+\\.?\\d*|\\.\\d+)$"));
+    static const QRegularExpression form(u"^[+-]?(\\d+\\.?\\d*|\\.\\d+)$"_s);
     return form.match(text).hasMatch();
 }
 

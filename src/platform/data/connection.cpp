@@ -4,6 +4,8 @@
 
 #include <QElapsedTimer>
 
+using namespace Qt::StringLiterals;
+
 namespace ADODB {
 
 namespace {
@@ -42,12 +44,12 @@ Connection::~Connection()
 void Connection::Open()
 {
     if (session_)
-        throw Error(Error::ObjectOpen, QStringLiteral("A conexão já está aberta."));
+        throw Error(Error::ObjectOpen, u"A conexão já está aberta."_s);
     session_ = std::make_shared<Odbc::Session>(connectionString_);
     try {
         // SET NAMES by its parts: the connector refuses the statement of that name.
-        run(QStringLiteral("set character_set_client = utf8mb4, character_set_results = utf8mb4, "
-                           "character_set_connection = utf8mb4"));
+        run(u"set character_set_client = utf8mb4, character_set_results = utf8mb4, "
+            "character_set_connection = utf8mb4"_s);
     } catch (...) {
         Close();
         throw;
@@ -72,14 +74,14 @@ qint64 Connection::Execute(const QString& sql)
 void Connection::BeginTrans()
 {
     if (session()->inTransaction())
-        throw Error(Error::NotAllowedHere, QStringLiteral("Já existe uma transação aberta nesta conexão."));
+        throw Error(Error::NotAllowedHere, u"Já existe uma transação aberta nesta conexão."_s);
     guarded([&] { session_->begin(); });
 }
 
 void Connection::CommitTrans()
 {
     if (!session()->inTransaction())
-        throw Error(Error::NotAllowedHere, QStringLiteral("Não há transação aberta nesta conexão."));
+        throw Error(Error::NotAllowedHere, u"Não há transação aberta nesta conexão."_s);
     guarded([&] { session_->commit(); });
 }
 
@@ -147,7 +149,7 @@ std::unique_ptr<Odbc::Statement> Connection::send(const QString& sql, const QStr
 const std::shared_ptr<Odbc::Session>& Connection::session() const
 {
     if (!session_)
-        throw Error(Error::ObjectClosed, QStringLiteral("Operação não permitida: a conexão está fechada."));
+        throw Error(Error::ObjectClosed, u"Operação não permitida: a conexão está fechada."_s);
     return session_;
 }
 
@@ -164,13 +166,13 @@ const std::vector<QByteArray>& Connection::primaryKey(const QByteArray& catalog,
 void Command::setCommandType(int type)
 {
     if (type != 1)
-        throw Error(Error::InvalidArgument, QStringLiteral("Tipo de comando inválido: %1").arg(type));
+        throw Error(Error::InvalidArgument, u"Tipo de comando inválido: %1"_s.arg(type));
 }
 
 qint64 Command::Execute() const
 {
     if (!connection_)
-        throw Error(Error::ObjectClosed, QStringLiteral("O comando não tem conexão."));
+        throw Error(Error::ObjectClosed, u"O comando não tem conexão."_s);
     return connection_->Execute(text_);
 }
 

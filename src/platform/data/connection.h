@@ -2,7 +2,7 @@
 
 #include "platform/data/codecomparison.h"
 #include "platform/data/error.h"
-#include "platform/data/odbc.h"
+#include "platform/data/odbc/odbc.h"
 
 #include <functional>
 #include <map>

@@ -8,13 +8,15 @@
 #include <cmath>
 #include <compare>
 
+using namespace Qt::StringLiterals;
+
 namespace ADODB {
 
 namespace {
 
 [[noreturn]] void invalid(const QString& text)
 {
-    throw Error(Error::InvalidArgument, QStringLiteral("Critério inválido: %1").arg(text));
+    throw Error(Error::InvalidArgument, u"Critério inválido: %1"_s.arg(text));
 }
 
 std::optional<double> wireNumber(const QString& text)
@@ -55,8 +57,8 @@ qsizetype columnPlace(const std::vector<Column>& columns, QStringView name)
 Criteria::Criteria(const QString& text, const std::vector<Column>& columns)
 {
     // One condition and what stands behind it. A doubled quote is a quote within the value.
-    static const QRegularExpression form(QStringLiteral("^\\s*(\\w+)\\s*(<>|<=|>=|=|<|>|\\blike\\b)\\s*('(?:["
-                                                        "^']|'')*'|[^\\s']+)\\s*(?:$|\\band\\b(?=.))"),
+    static const QRegularExpression form(u"^\\s*(\\w+)\\s*(<>|<=|>=|=|<|>|\\blike\\b)\\s*('(?:["
+                                         "^']|'')*'|[^\\s']+)\\s*(?:$|\\band\\b(?=.))"_s,
                                          QRegularExpression::CaseInsensitiveOption |
                                              QRegularExpression::UseUnicodePropertiesOption |
                                              QRegularExpression::DotMatchesEverythingOption);
@@ -75,14 +77,13 @@ Criteria::Condition Criteria::condition(const QString& name, const QString& op, 
                                         const std::vector<Column>& columns)
 {
     static const std::map<QString, Operator> operators{
-        {QStringLiteral("="), Operator::Equal},   {QStringLiteral("<>"), Operator::NotEqual},
-        {QStringLiteral("<"), Operator::Less},    {QStringLiteral("<="), Operator::LessOrEqual},
-        {QStringLiteral(">"), Operator::Greater}, {QStringLiteral(">="), Operator::GreaterOrEqual},
-        {QStringLiteral("like"), Operator::Like},
+        {u"="_s, Operator::Equal},        {u"<>"_s, Operator::NotEqual}, {u"<"_s, Operator::Less},
+        {u"<="_s, Operator::LessOrEqual}, {u">"_s, Operator::Greater},   {u">="_s, Operator::GreaterOrEqual},
+        {u"like"_s, Operator::Like},
     };
     const qsizetype place = columnPlace(columns, name);
     if (place < 0)
-        throw Error(Error::UnknownField, QStringLiteral("O campo \"%1\" não existe no resultado.").arg(name));
+        throw Error(Error::UnknownField, u"O campo \"%1\" não existe no resultado."_s.arg(name));
     Condition result{columns[std::size_t(place)], place, operators.at(op), {}, {}, {}};
     const ColumnKind kind = result.column.kind;
     if (!value.startsWith(u'\'')) {
@@ -91,7 +92,7 @@ Criteria::Condition Criteria::condition(const QString& name, const QString& op, 
             invalid(value);
         return result;
     }
-    const QString text = value.mid(1, value.size() - 2).replace(QStringLiteral("''"), QStringLiteral("'"));
+    const QString text = value.mid(1, value.size() - 2).replace(u"''"_s, u"'"_s);
     result.text = text.toCaseFolded();
     if (isDate(kind))
         result.date = readDate(text);
@@ -144,15 +145,14 @@ std::optional<QByteArray> Criteria::Condition::wholeNumber() const
 ParameterisedStatement Criteria::Condition::serverCondition() const
 {
     static const std::map<Operator, QString> signs{
-        {Operator::Equal, QStringLiteral("=")},   {Operator::NotEqual, QStringLiteral("<>")},
-        {Operator::Less, QStringLiteral("<")},    {Operator::LessOrEqual, QStringLiteral("<=")},
-        {Operator::Greater, QStringLiteral(">")}, {Operator::GreaterOrEqual, QStringLiteral(">=")},
-        {Operator::Like, QStringLiteral("=")},
+        {Operator::Equal, u"="_s},        {Operator::NotEqual, u"<>"_s}, {Operator::Less, u"<"_s},
+        {Operator::LessOrEqual, u"<="_s}, {Operator::Greater, u">"_s},   {Operator::GreaterOrEqual, u">="_s},
+        {Operator::Like, u"="_s},
     };
     const QString name = quotedName(column.baseName);
     if (const auto whole = wholeNumber())
-        return whole->isEmpty() ? ParameterisedStatement{QStringLiteral("false"), {}}
-                                : ParameterisedStatement{name + QStringLiteral(" = ?"), {*whole}};
+        return whole->isEmpty() ? ParameterisedStatement{u"false"_s, {}}
+                                : ParameterisedStatement{name + u" = ?"_s, {*whole}};
     const bool isEquality = op == Operator::Equal || op == Operator::Like;
     const bool isExact = column.kind == ColumnKind::Integer || column.kind == ColumnKind::Decimal;
     if (number && std::isfinite(*number) && (isExact || (column.kind == ColumnKind::Text && isEquality))) {
@@ -161,8 +161,7 @@ ParameterisedStatement Criteria::Condition::serverCondition() const
         if (digits.toDouble() != *number)
             return {};
         // Of a text the server takes the number that it begins with.
-        return {QStringLiteral("%1 %2 ?").arg(isExact ? name : name + QStringLiteral(" + 0"), signs.at(op)),
-                {digits}};
+        return {u"%1 %2 ?"_s.arg(isExact ? name : name + u" + 0"_s, signs.at(op)), {digits}};
     }
     if (number || date || column.kind != ColumnKind::Text || !isEquality)
         return {};
@@ -170,11 +169,10 @@ ParameterisedStatement Criteria::Condition::serverCondition() const
     for (const QChar special : {u'!', u'_'})
         pattern.replace(special, QString(u'!') + special);
     if (op == Operator::Equal)
-        pattern.replace(u'%', QStringLiteral("!%"));
+        pattern.replace(u'%', u"!%"_s);
     // Under this collation letters of any case are the same, whatever the column's own says.
-    return {
-        QStringLiteral("convert(%1 using utf8mb4) collate utf8mb4_unicode_ci like ? escape '!'").arg(name),
-        {pattern.toUtf8()}};
+    return {u"convert(%1 using utf8mb4) collate utf8mb4_unicode_ci like ? escape '!'"_s.arg(name),
+            {pattern.toUtf8()}};
 }
 
 ParameterisedStatement Criteria::serverCondition() const
@@ -184,7 +182,7 @@ ParameterisedStatement Criteria::serverCondition() const
         const ParameterisedStatement term = condition.serverCondition();
         if (term.sql.isEmpty())
             continue;
-        result.sql += (result.sql.isEmpty() ? QString() : QStringLiteral(" and ")) + term.sql;
+        result.sql += (result.sql.isEmpty() ? QString() : u" and "_s) + term.sql;
         result.parameters.insert(result.parameters.end(), term.parameters.begin(), term.parameters.end());
     }
     return result;

@@ -1,6 +1,6 @@
 #pragma once
 
-#include "platform/system/error.h"
+#include "platform/values/error.h"
 
 namespace ADODB {
 

@@ -2,7 +2,9 @@
 
 #include "platform/data/criteria.h"
 #include "platform/data/error.h"
-#include "platform/data/pagedrows.h"
+#include "platform/data/paging/pagedrows.h"
+
+using namespace Qt::StringLiterals;
 
 namespace ADODB {
 
@@ -39,7 +41,7 @@ Recordset::~Recordset()
 void Recordset::Open(const QString& sql, Connection& connection, int cursor, int lock)
 {
     if (State() != 0)
-        throw Error(Error::ObjectOpen, QStringLiteral("O resultado já está aberto."));
+        throw Error(Error::ObjectOpen, u"O resultado já está aberto."_s);
     Close();
     sql_ = sql;
     connection_ = &connection;
@@ -58,7 +60,7 @@ void Recordset::Open(const QString& sql, Connection& connection, int cursor, int
 void Recordset::Open(const Command& command, int cursor, int lock)
 {
     if (!command.activeConnection())
-        throw Error(Error::ObjectClosed, QStringLiteral("O comando não tem conexão."));
+        throw Error(Error::ObjectClosed, u"O comando não tem conexão."_s);
     Open(command.commandText(), *command.activeConnection(), cursor, lock);
 }
 
@@ -288,7 +290,7 @@ void Recordset::setAbsolutePosition(qsizetype position)
     requireRows();
     requireNoEdit();
     if (position < 1 || position > RecordCount())
-        throw Error(Error::InvalidArgument, QStringLiteral("Posição inválida: %1").arg(position));
+        throw Error(Error::InvalidArgument, u"Posição inválida: %1"_s.arg(position));
     if (!atFront())
         MoveFirst();
     position_ = 0; // near the front no row in front is let go
@@ -318,15 +320,14 @@ Field Recordset::Fields(QAnyStringView name)
             return Field(*this, place);
         }
     }
-    throw Error(Error::UnknownField,
-                QStringLiteral("O campo \"%1\" não existe no resultado.").arg(name.toString()));
+    throw Error(Error::UnknownField, u"O campo \"%1\" não existe no resultado."_s.arg(name.toString()));
 }
 
 Field Recordset::Fields(qsizetype column)
 {
     requireOpen();
     if (column < 0 || column >= qsizetype(columns_.size()))
-        throw Error(Error::UnknownField, QStringLiteral("O campo %1 não existe no resultado.").arg(column));
+        throw Error(Error::UnknownField, u"O campo %1 não existe no resultado."_s.arg(column));
     return Field(*this, column);
 }
 
@@ -360,29 +361,27 @@ void Recordset::removeListener(RecordsetListener* listener)
 void Recordset::requireOpen() const
 {
     if (State() == 0)
-        throw Error(Error::ObjectClosed, QStringLiteral("Operação não permitida: o resultado está fechado."));
+        throw Error(Error::ObjectClosed, u"Operação não permitida: o resultado está fechado."_s);
 }
 
 void Recordset::requireRows() const
 {
     requireOpen();
     if (forwardOnly_)
-        throw Error(Error::NotAllowedHere,
-                    QStringLiteral("Operação não permitida num resultado só de avanço."));
+        throw Error(Error::NotAllowedHere, u"Operação não permitida num resultado só de avanço."_s);
 }
 
 void Recordset::requireRow() const
 {
     requireOpen();
     if (!adding_ && !onRow())
-        throw Error(Error::NoCurrentRow,
-                    QStringLiteral("Não há registro atual: início ou fim do resultado."));
+        throw Error(Error::NoCurrentRow, u"Não há registro atual: início ou fim do resultado."_s);
 }
 
 void Recordset::requireNoEdit() const
 {
     if (editing())
-        throw Error(Error::NotAllowedHere, QStringLiteral("Há alterações não salvas no registro atual."));
+        throw Error(Error::NotAllowedHere, u"Há alterações não salvas no registro atual."_s);
 }
 
 } // namespace ADODB

@@ -1,6 +1,8 @@
 #include "platform/data/error.h"
-#include "platform/data/pagedrows.h"
+#include "platform/data/paging/pagedrows.h"
 #include "platform/data/recordset.h"
+
+using namespace Qt::StringLiterals;
 
 namespace ADODB {
 
@@ -9,8 +11,7 @@ namespace {
 void requireFound(const Odbc::Statement& statement)
 {
     if (statement.affectedRows() == 0)
-        throw Error(Error::RowGone,
-                    QStringLiteral("O registro não existe mais: foi excluído por outra estação."));
+        throw Error(Error::RowGone, u"O registro não existe mais: foi excluído por outra estação."_s);
 }
 
 } // namespace
@@ -19,7 +20,7 @@ void Recordset::requireChangeable()
 {
     requireOpen();
     if (lock_ == ReadOnly)
-        throw Error(Error::NotUpdatable, QStringLiteral("O resultado foi aberto somente para leitura."));
+        throw Error(Error::NotUpdatable, u"O resultado foi aberto somente para leitura."_s);
     if (table_)
         return;
     const Column* first = BaseTable::firstColumn(columns_);
@@ -67,7 +68,7 @@ void Recordset::insertRow()
     connection_->run(insertion.sql, insertion.parameters);
     WireValue number;
     if (table_->isNumbered(changes_)) {
-        const auto answer = connection_->run(QStringLiteral("select last_insert_id()"));
+        const auto answer = connection_->run(u"select last_insert_id()"_s);
         answer->fetchBlock();
         number = answer->cell(0, 0).toByteArray();
     }

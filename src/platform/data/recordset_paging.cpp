@@ -1,6 +1,6 @@
 #include "platform/data/criteria.h"
 #include "platform/data/error.h"
-#include "platform/data/pagedrows.h"
+#include "platform/data/paging/pagedrows.h"
 #include "platform/data/recordset.h"
 
 namespace ADODB {

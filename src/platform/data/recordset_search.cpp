@@ -1,7 +1,9 @@
 #include "platform/data/criteria.h"
 #include "platform/data/error.h"
-#include "platform/data/pagedrows.h"
+#include "platform/data/paging/pagedrows.h"
 #include "platform/data/recordset.h"
+
+using namespace Qt::StringLiterals;
 
 namespace ADODB {
 
@@ -30,7 +32,7 @@ void Recordset::setBookmark(qsizetype mark)
         return;
     const qsizetype position = paged_ ? rowsHeld() : positionOf(mark);
     if (position == rowsHeld() || visible_[std::size_t(position)] != mark)
-        throw Error(Error::InvalidArgument, QStringLiteral("Marca inválida: %1").arg(mark));
+        throw Error(Error::InvalidArgument, u"Marca inválida: %1"_s.arg(mark));
     moveTo(position);
 }
 

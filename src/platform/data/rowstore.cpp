@@ -1,6 +1,6 @@
 #include "platform/data/rowstore.h"
 
-#include "platform/data/odbc.h"
+#include "platform/data/odbc/odbc.h"
 
 namespace ADODB {
 

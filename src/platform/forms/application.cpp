@@ -1,12 +1,14 @@
 #include "platform/forms/application.h"
 
 #include "platform/forms/dialogs.h"
-#include "platform/system/error.h"
+#include "platform/values/error.h"
 
 #include <QLocale>
 #include <clocale>
 #include <cstdio>
 #include <cstdlib>
+
+using namespace Qt::StringLiterals;
 
 namespace {
 
@@ -24,9 +26,9 @@ QString textOf(const std::exception& error)
     const auto* runtime = dynamic_cast<const RuntimeError*>(&error);
     if (!runtime)
         return QString::fromLocal8Bit(error.what());
-    QString text = QStringLiteral("Erro %1\n%2").arg(runtime->number()).arg(runtime->description());
+    QString text = u"Erro %1\n%2"_s.arg(runtime->number()).arg(runtime->description());
     if (!runtime->detail().isEmpty())
-        text += QStringLiteral("\n\n") + runtime->detail();
+        text += u"\n\n"_s + runtime->detail();
     return text;
 }
 

@@ -13,6 +13,8 @@
 #include <QMessageBox>
 #include <QPushButton>
 
+using namespace Qt::StringLiterals;
+
 namespace {
 
 class WindowDialogs : public Dialogs
@@ -27,27 +29,27 @@ public:
 /// The theme's picture of an icon, drawn for the screen's resolution; null for no icon.
 QPixmap picture(Icon icon)
 {
-    static const QHash<Icon, QString> names = {{Icon::Information, QStringLiteral("information")},
-                                               {Icon::Question, QStringLiteral("question")},
-                                               {Icon::Exclamation, QStringLiteral("exclamation")},
-                                               {Icon::Critical, QStringLiteral("critical")}};
+    static const QHash<Icon, QString> names = {{Icon::Information, u"information"_s},
+                                               {Icon::Question, u"question"_s},
+                                               {Icon::Exclamation, u"exclamation"_s},
+                                               {Icon::Critical, u"critical"_s}};
     if (!names.contains(icon))
         return {};
-    return QIcon(QStringLiteral(":/theme/%1.svg").arg(names.value(icon))).pixmap(40);
+    return QIcon(u":/theme/%1.svg"_s.arg(names.value(icon))).pixmap(40);
 }
 
 /// Room for the text: a long line is broken between words, or behind a comma where a word is longer than the
 /// room.
 void fitText(QMessageBox& window, QString text)
 {
-    auto* label = window.findChild<QLabel*>(QStringLiteral("qt_msgbox_label"));
+    auto* label = window.findChild<QLabel*>(u"qt_msgbox_label"_s);
     const QFontMetrics metrics(label->font());
     const int widest = metrics.averageCharWidth() * 90;
     int width = metrics.averageCharWidth() * 34;
     for (const QString& line : text.split(QLatin1Char('\n')))
         width = qMax(width, metrics.horizontalAdvance(line) + metrics.averageCharWidth() * 4);
     if (width > widest)
-        text.replace(QLatin1Char(','), QStringLiteral(",\u200b"));
+        text.replace(QLatin1Char(','), u",\u200b"_s);
     label->setText(text);
     label->setWordWrap(true);
     label->setFixedWidth(qMin(width, widest));
@@ -89,12 +91,12 @@ Answer WindowDialogs::message(const MessageBox& box)
     window.setIconPixmap(picture(box.icon));
     fitText(window, box.text);
     if (box.buttons == Buttons::Ok) {
-        window.addButton(QStringLiteral("OK"), QMessageBox::AcceptRole);
+        window.addButton(u"OK"_s, QMessageBox::AcceptRole);
         window.exec();
         return Answer::Ok;
     }
-    QPushButton* yes = window.addButton(QStringLiteral("&Sim"), QMessageBox::YesRole);
-    QPushButton* no = window.addButton(QStringLiteral("&Não"), QMessageBox::NoRole);
+    QPushButton* yes = window.addButton(u"&Sim"_s, QMessageBox::YesRole);
+    QPushButton* no = window.addButton(u"&Não"_s, QMessageBox::NoRole);
     window.setDefaultButton(box.standard == Answer::Yes ? yes : no);
     window.setEscapeButton(no);
     window.exec();
@@ -110,8 +112,8 @@ std::optional<QString> WindowDialogs::input(const QString& prompt, const QString
     window.setWindowTitle(title);
     window.setLabelText(prompt);
     window.setTextValue(proposal);
-    window.setOkButtonText(QStringLiteral("OK"));
-    window.setCancelButtonText(QStringLiteral("Cancelar"));
+    window.setOkButtonText(u"OK"_s);
+    window.setCancelButtonText(u"Cancelar"_s);
     window.setMinimumWidth(window.fontMetrics().averageCharWidth() * 60);
     if (window.exec() != QDialog::Accepted)
         return std::nullopt;
@@ -124,9 +126,8 @@ std::optional<QString> WindowDialogs::file(const FileDialog& dialog)
     const QStringList pieces = dialog.filter.split(QLatin1Char('|'));
     QStringList filters;
     for (qsizetype i = 0; i + 1 < pieces.size(); i += 2)
-        filters << QStringLiteral("%1 (%2)").arg(
-            pieces[i].section(QStringLiteral(" ("), 0, 0),
-            QString(pieces[i + 1]).replace(QLatin1Char(';'), QLatin1Char(' ')));
+        filters << u"%1 (%2)"_s.arg(pieces[i].section(u" ("_s, 0, 0),
+                                    QString(pieces[i + 1]).replace(QLatin1Char(';'), QLatin1Char(' ')));
 
     QFileDialog window(QApplication::activeWindow(), dialog.title);
     window.setStyleSheet(Theme::openingLengths());

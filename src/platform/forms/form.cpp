@@ -2,7 +2,7 @@
 
 #include "platform/forms/dialogs.h"
 #include "platform/forms/formkeyboard.h"
-#include "platform/system/error.h"
+#include "platform/values/error.h"
 
 #include <QAbstractItemView>
 #include <QApplication>
@@ -13,6 +13,8 @@
 #include <QScopeGuard>
 #include <QScreen>
 #include <QWindow>
+
+using namespace Qt::StringLiterals;
 
 namespace {
 /// The form that was active last. Coming back to it from another program is no activation.
@@ -84,7 +86,7 @@ void Form::placeOnScreen()
 void Form::ShowModal()
 {
     if (modalLoop_)
-        throw RuntimeError(400, QStringLiteral("A tela já está aberta: %1").arg(windowTitle()));
+        throw RuntimeError(400, u"A tela já está aberta: %1"_s.arg(windowTitle()));
     const QPointer<QWidget> owner = QApplication::activeWindow();
     setWindowModality(Qt::ApplicationModal);
     setWindowFlag(Qt::Dialog);

@@ -1,7 +1,7 @@
 #include "platform/forms/formkeyboard.h"
 
 #include "platform/forms/form.h"
-#include "platform/system/error.h"
+#include "platform/values/error.h"
 
 #include <QApplication>
 #include <QClipboard>
@@ -11,6 +11,8 @@
 #include <QScopedValueRollback>
 #include <memory>
 #include <utility>
+
+using namespace Qt::StringLiterals;
 
 namespace {
 
@@ -184,12 +186,10 @@ bool FormKeyboard::composed(QWidget* control, QInputMethodEvent* event)
 void SendKeys(const QString& keys)
 {
     static const QHash<QString, int> names = {
-        {QStringLiteral("TAB"), Qt::Key_Tab},     {QStringLiteral("ENTER"), Qt::Key_Return},
-        {QStringLiteral("ESC"), Qt::Key_Escape},  {QStringLiteral("HOME"), Qt::Key_Home},
-        {QStringLiteral("END"), Qt::Key_End},     {QStringLiteral("UP"), Qt::Key_Up},
-        {QStringLiteral("DOWN"), Qt::Key_Down},   {QStringLiteral("LEFT"), Qt::Key_Left},
-        {QStringLiteral("RIGHT"), Qt::Key_Right}, {QStringLiteral("BS"), Qt::Key_Backspace},
-        {QStringLiteral("DEL"), Qt::Key_Delete}};
+        {u"TAB"_s, Qt::Key_Tab},      {u"ENTER"_s, Qt::Key_Return}, {u"ESC"_s, Qt::Key_Escape},
+        {u"HOME"_s, Qt::Key_Home},    {u"END"_s, Qt::Key_End},      {u"UP"_s, Qt::Key_Up},
+        {u"DOWN"_s, Qt::Key_Down},    {u"LEFT"_s, Qt::Key_Left},    {u"RIGHT"_s, Qt::Key_Right},
+        {u"BS"_s, Qt::Key_Backspace}, {u"DEL"_s, Qt::Key_Delete}};
 
     for (qsizetype i = 0; i < keys.size(); ++i) {
         int key = 0;
@@ -205,8 +205,8 @@ void SendKeys(const QString& keys)
             else if (names.contains(name))
                 key = names.value(name);
             else
-                throw RuntimeError(5, QStringLiteral("Tecla desconhecida: {%1}").arg(name));
-            text = key == Qt::Key_Tab ? QStringLiteral("\t") : QString();
+                throw RuntimeError(5, u"Tecla desconhecida: {%1}"_s.arg(name));
+            text = key == Qt::Key_Tab ? u"\t"_s : QString();
             i = close;
         }
         QWidget* target = QApplication::focusWidget();

@@ -1,7 +1,7 @@
 #include "platform/forms/listbox.h"
 
 #include "platform/forms/theme.h"
-#include "platform/system/error.h"
+#include "platform/values/error.h"
 
 #include <QPainter>
 #include <QStyledItemDelegate>

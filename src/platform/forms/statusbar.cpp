@@ -1,11 +1,13 @@
 #include "platform/forms/statusbar.h"
 
 #include "platform/system/clock.h"
-#include "platform/system/error.h"
+#include "platform/values/error.h"
 #include "platform/values/format.h"
 
 #include <QHBoxLayout>
 #include <QTimer>
+
+using namespace Qt::StringLiterals;
 
 StatusBar::StatusBar(QWidget* parent) : QFrame(parent)
 {
@@ -18,7 +20,7 @@ void StatusBar::addPanel(Panel kind, int stretch)
 {
     auto* label = new QLabel(this);
     label->setTextFormat(Qt::PlainText);
-    label->setProperty("panel", panels_.isEmpty() ? QStringLiteral("first") : QStringLiteral("next"));
+    label->setProperty("panel", panels_.isEmpty() ? u"first"_s : u"next"_s);
     static_cast<QHBoxLayout*>(layout())->addWidget(label, stretch);
     panels_ << label;
     if (kind == Panel::Date) {

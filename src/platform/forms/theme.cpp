@@ -5,6 +5,8 @@
 #include <QRegularExpression>
 #include <QStyleFactory>
 
+using namespace Qt::StringLiterals;
+
 /// Not in a namespace, which the macro does not bear. Without it the linker leaves a library's resources out.
 static void loadResources()
 {
@@ -157,7 +159,7 @@ QString firstOf(const QStringList& wanted)
 
 QString scaled(const char* rules, double factor)
 {
-    static const QRegularExpression length(QStringLiteral("@(\\d+)([+-]\\d)?"));
+    static const QRegularExpression length(u"@(\\d+)([+-]\\d)?"_s);
     const QString text = QString::fromLatin1(rules);
     QString result;
     qsizetype read = 0;
@@ -165,8 +167,7 @@ QString scaled(const char* rules, double factor)
         const QRegularExpressionMatch found = it.next();
         const int fixed = found.capturedView(2).toInt();
         const int pixels = qMax(0, int(factor * found.capturedView(1).toInt()) + fixed);
-        result +=
-            text.mid(read, found.capturedStart() - read) + QString::number(pixels) + QStringLiteral("px");
+        result += text.mid(read, found.capturedStart() - read) + QString::number(pixels) + u"px"_s;
         read = found.capturedEnd();
     }
     return result + text.mid(read);
@@ -176,8 +177,7 @@ QString scaled(const char* rules, double factor)
 
 QFont font()
 {
-    static const QString family = firstOf({QStringLiteral("Inter"), QStringLiteral("Segoe UI"),
-                                           QStringLiteral("Noto Sans"), QStringLiteral("DejaVu Sans")});
+    static const QString family = firstOf({u"Inter"_s, u"Segoe UI"_s, u"Noto Sans"_s, u"DejaVu Sans"_s});
     QFont result(family);
     result.setPointSizeF(10);
     return result;
@@ -185,8 +185,8 @@ QFont font()
 
 QFont fixedFont()
 {
-    static const QString family = firstOf({QStringLiteral("DejaVu Sans Mono"), QStringLiteral("Consolas"),
-                                           QStringLiteral("Liberation Mono"), QStringLiteral("Courier New")});
+    static const QString family =
+        firstOf({u"DejaVu Sans Mono"_s, u"Consolas"_s, u"Liberation Mono"_s, u"Courier New"_s});
     QFont result(family);
     result.setStyleHint(QFont::Monospace);
     result.setFixedPitch(true);
@@ -197,7 +197,7 @@ QFont fixedFont()
 QString scaledLengths(double factor)
 {
     // A button's text stands in the middle: once the button has its size, a padding could only cut.
-    return QStringLiteral("QPushButton, QPushButton:focus { padding: 0; }") + scaled(lengthRules, factor);
+    return u"QPushButton, QPushButton:focus { padding: 0; }"_s + scaled(lengthRules, factor);
 }
 
 QString openingLengths()
@@ -209,7 +209,7 @@ QString openingLengths()
 void apply(QApplication& application)
 {
     loadResources();
-    application.setStyle(QStyleFactory::create(QStringLiteral("Fusion")));
+    application.setStyle(QStyleFactory::create(u"Fusion"_s));
     application.setPalette(palette());
     application.setFont(font());
     application.setStyleSheet(QString::fromLatin1(styleSheet) + openingLengths());

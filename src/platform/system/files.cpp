@@ -1,13 +1,15 @@
 #include "platform/system/files.h"
 
-#include "platform/system/error.h"
 #include "platform/values/codepage.h"
+#include "platform/values/error.h"
 
 #include <QCoreApplication>
 #include <QDir>
 #include <QFile>
 #include <QFileInfo>
 #include <QSaveFile>
+
+using namespace Qt::StringLiterals;
 
 namespace Files {
 
@@ -67,7 +69,7 @@ QStringList filesOf(const QString& folder)
 {
     const QDir dir(folder);
     if (!dir.exists())
-        throw RuntimeError(76, QStringLiteral("Caminho não encontrado: %1").arg(folder));
+        throw RuntimeError(76, u"Caminho não encontrado: %1"_s.arg(folder));
     return dir.entryList(QDir::Files | QDir::Hidden, QDir::Name | QDir::IgnoreCase);
 }
 
@@ -85,13 +87,13 @@ void removeFile(const QString& path)
 void makeFolder(const QString& path)
 {
     if (!QDir().mkpath(path))
-        Errors::fileAccess(path, QStringLiteral("a pasta não pode ser criada"));
+        Errors::fileAccess(path, u"a pasta não pode ser criada"_s);
 }
 
 QByteArray read(const QString& path)
 {
     if (!exists(path))
-        throw RuntimeError(53, QStringLiteral("Arquivo não encontrado: %1").arg(path));
+        throw RuntimeError(53, u"Arquivo não encontrado: %1"_s.arg(path));
     QFile file(path);
     if (!file.open(QIODevice::ReadOnly))
         Errors::fileAccess(path, file.errorString());

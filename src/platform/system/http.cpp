@@ -1,6 +1,6 @@
 #include "platform/system/http.h"
 
-#include "platform/system/error.h"
+#include "platform/values/error.h"
 
 #include <QEventLoop>
 #include <QNetworkAccessManager>
@@ -8,6 +8,8 @@
 #include <QNetworkRequest>
 #include <QUrl>
 #include <memory>
+
+using namespace Qt::StringLiterals;
 
 namespace Http {
 
@@ -19,25 +21,22 @@ RuntimeError failureOf(const QNetworkReply& reply)
     switch (reply.error()) {
     case QNetworkReply::OperationCanceledError:
     case QNetworkReply::TimeoutError:
-        return {12002, QStringLiteral("O servidor não respondeu a tempo: %1").arg(host)};
+        return {12002, u"O servidor não respondeu a tempo: %1"_s.arg(host)};
     case QNetworkReply::HostNotFoundError:
-        return {12007, QStringLiteral("Servidor não encontrado: %1").arg(host)};
+        return {12007, u"Servidor não encontrado: %1"_s.arg(host)};
     case QNetworkReply::RemoteHostClosedError:
-        return {12030, QStringLiteral("A resposta do servidor foi interrompida: %1").arg(host)};
+        return {12030, u"A resposta do servidor foi interrompida: %1"_s.arg(host)};
     case QNetworkReply::ProtocolFailure:
-        return {12152, QStringLiteral("A resposta do servidor não é válida: %1").arg(host)};
+        return {12152, u"A resposta do servidor não é válida: %1"_s.arg(host)};
     case QNetworkReply::TooManyRedirectsError:
     case QNetworkReply::InsecureRedirectError:
     case QNetworkReply::ProtocolUnknownError:
     case QNetworkReply::ProtocolInvalidOperationError:
-        return {12156,
-                QStringLiteral("O servidor remete a um endereço que não pode ser aberto: %1").arg(host)};
+        return {12156, u"O servidor remete a um endereço que não pode ser aberto: %1"_s.arg(host)};
     case QNetworkReply::SslHandshakeFailedError:
-        return {
-            12175,
-            QStringLiteral("A conexão segura com o servidor falhou: %1 (%2)").arg(host, reply.errorString())};
+        return {12175, u"A conexão segura com o servidor falhou: %1 (%2)"_s.arg(host, reply.errorString())};
     default:
-        return {12029, QStringLiteral("Sem conexão com o servidor: %1 (%2)").arg(host, reply.errorString())};
+        return {12029, u"Sem conexão com o servidor: %1 (%2)"_s.arg(host, reply.errorString())};
     }
 }
 
@@ -55,7 +54,7 @@ QNetworkRequest requestFor(const QString& url, std::chrono::milliseconds timeout
     const QUrl address(url, QUrl::StrictMode);
     if (!address.isValid() || address.host().isEmpty() ||
         (address.scheme() != QLatin1String("http") && address.scheme() != QLatin1String("https")))
-        throw RuntimeError(12005, QStringLiteral("Endereço inválido: %1").arg(url));
+        throw RuntimeError(12005, u"Endereço inválido: %1"_s.arg(url));
 
     QNetworkRequest request(address);
     request.setTransferTimeout(static_cast<int>(timeout.count()));
@@ -89,8 +88,7 @@ Answer answerTo(const QNetworkRequest& request)
     const Response response{status, reply->readAll()};
     const QByteArray length = reply->rawHeader("Content-Length");
     if (!length.isEmpty() && length.toLongLong() != response.body.size())
-        throw RuntimeError(
-            12030, QStringLiteral("A resposta do servidor foi interrompida: %1").arg(reply->url().host()));
+        throw RuntimeError(12030, u"A resposta do servidor foi interrompida: %1"_s.arg(reply->url().host()));
     return {response, !length.isEmpty()};
 }
 
@@ -105,8 +103,7 @@ Response download(const QString& url, std::chrono::milliseconds timeout, const Q
 {
     const Answer answer = answerTo(requestFor(url, timeout, userAgent));
     if (answer.response.status == 200 && !answer.hasLength)
-        throw RuntimeError(12152,
-                           QStringLiteral("O servidor não informou o tamanho do arquivo: %1").arg(url));
+        throw RuntimeError(12152, u"O servidor não informou o tamanho do arquivo: %1"_s.arg(url));
     return answer.response;
 }
 

@@ -1,6 +1,6 @@
 #include "platform/system/outputfile.h"
 
-#include "platform/system/error.h"
+#include "platform/values/error.h"
 
 bool OutputFile::create(const QString& path)
 {

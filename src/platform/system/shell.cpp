@@ -1,11 +1,13 @@
 #include "platform/system/shell.h"
 
-#include "platform/system/error.h"
+#include "platform/values/error.h"
 
 #include <QDesktopServices>
 #include <QFileInfo>
 #include <QProcess>
 #include <QUrl>
+
+using namespace Qt::StringLiterals;
 
 namespace Shell {
 
@@ -28,11 +30,11 @@ void open(const QString& target)
     }
     const QFileInfo file(target);
     if (!file.exists())
-        throw RuntimeError(53, QStringLiteral("Arquivo não encontrado: %1").arg(target));
+        throw RuntimeError(53, u"Arquivo não encontrado: %1"_s.arg(target));
     if (!file.isExecutable() || file.isDir())
         QDesktopServices::openUrl(QUrl::fromLocalFile(file.absoluteFilePath()));
     else if (!QProcess::startDetached(file.absoluteFilePath(), {}, file.absolutePath()))
-        Errors::fileAccess(target, QStringLiteral("o programa não pode ser iniciado"));
+        Errors::fileAccess(target, u"o programa não pode ser iniciado"_s);
 }
 
 void setHandler(std::function<void(const QString&)> newHandler)

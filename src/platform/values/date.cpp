@@ -1,11 +1,13 @@
 #include "platform/values/date.h"
 
-#include "platform/system/error.h"
+#include "platform/values/error.h"
 #include "platform/values/format.h"
 
 #include <QList>
 #include <algorithm>
 #include <array>
+
+using namespace Qt::StringLiterals;
 
 namespace {
 
@@ -109,10 +111,9 @@ int weekday(QDate date)
 
 QString weekdayName(int weekday)
 {
-    static const std::array<QString, 7> Names{QStringLiteral("domingo"),      QStringLiteral("segunda-feira"),
-                                              QStringLiteral("terça-feira"),  QStringLiteral("quarta-feira"),
-                                              QStringLiteral("quinta-feira"), QStringLiteral("sexta-feira"),
-                                              QStringLiteral("sábado")};
+    static const std::array<QString, 7> Names{u"domingo"_s,      u"segunda-feira"_s, u"terça-feira"_s,
+                                              u"quarta-feira"_s, u"quinta-feira"_s,  u"sexta-feira"_s,
+                                              u"sábado"_s};
     if (weekday < 1 || weekday > 7)
         Errors::subscriptOutOfRange();
     return Names[static_cast<size_t>(weekday - 1)];
@@ -120,11 +121,9 @@ QString weekdayName(int weekday)
 
 QString monthName(int month)
 {
-    static const std::array<QString, 12> Names{
-        QStringLiteral("janeiro"), QStringLiteral("fevereiro"), QStringLiteral("março"),
-        QStringLiteral("abril"),   QStringLiteral("maio"),      QStringLiteral("junho"),
-        QStringLiteral("julho"),   QStringLiteral("agosto"),    QStringLiteral("setembro"),
-        QStringLiteral("outubro"), QStringLiteral("novembro"),  QStringLiteral("dezembro")};
+    static const std::array<QString, 12> Names{u"janeiro"_s,  u"fevereiro"_s, u"março"_s,    u"abril"_s,
+                                               u"maio"_s,     u"junho"_s,     u"julho"_s,    u"agosto"_s,
+                                               u"setembro"_s, u"outubro"_s,   u"novembro"_s, u"dezembro"_s};
     if (month < 1 || month > 12)
         Errors::subscriptOutOfRange();
     return Names[static_cast<size_t>(month - 1)];

@@ -1,6 +1,6 @@
 #include "platform/values/decimal.h"
 
-#include "platform/system/error.h"
+#include "platform/values/error.h"
 
 #include <array>
 #include <charconv>

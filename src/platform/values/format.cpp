@@ -6,6 +6,8 @@
 
 #include <vector>
 
+using namespace Qt::StringLiterals;
+
 namespace {
 
 /// A number mask taken apart.
@@ -252,5 +254,5 @@ QString Format(const QString& text, QStringView mask)
 QString Currency(double value)
 {
     const QString amount = Format(value, u"#,##0.00");
-    return amount.startsWith(u'-') ? QStringLiteral("-R$ ") + amount.mid(1) : QStringLiteral("R$ ") + amount;
+    return amount.startsWith(u'-') ? u"-R$ "_s + amount.mid(1) : u"R$ "_s + amount;
 }

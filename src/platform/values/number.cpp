@@ -1,7 +1,7 @@
 #include "platform/values/number.h"
 
-#include "platform/system/error.h"
 #include "platform/values/decimal.h"
+#include "platform/values/error.h"
 
 #include <QList>
 #include <algorithm>

@@ -1,6 +1,6 @@
-#include "lookups/jsonvalue.h"
+#include "lookups/json/jsonvalue.h"
 
-#include "platform/system/error.h"
+#include "platform/values/error.h"
 
 #include <array>
 #include <charconv>

@@ -1,6 +1,6 @@
 #pragma once
 
-#include "lookups/jsonvalue.h"
+#include "lookups/json/jsonvalue.h"
 
 #include <QString>
 #include <QStringView>

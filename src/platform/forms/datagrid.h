@@ -1,6 +1,6 @@
 #pragma once
 
-#include "platform/data/recordsetmodel.h"
+#include "platform/forms/recordsetmodel.h"
 
 #include <QTableView>
 

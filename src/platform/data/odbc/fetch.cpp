@@ -1,8 +1,10 @@
 #include "platform/data/error.h"
-#include "platform/data/odbc.h"
-#include "platform/data/odbccall.h"
+#include "platform/data/odbc/call.h"
+#include "platform/data/odbc/odbc.h"
 
 #include <algorithm>
+
+using namespace Qt::StringLiterals;
 
 namespace Odbc {
 
@@ -65,7 +67,7 @@ void Statement::layOutBlock()
 qsizetype Statement::fetchBlock()
 {
     if (!handle_)
-        throw Error(Error::ObjectClosed, QStringLiteral("A conexão deste resultado foi fechada."));
+        throw Error(Error::ObjectClosed, u"A conexão deste resultado foi fechada."_s);
     if (atEnd_)
         return 0;
     const bool isFirst = slots_.empty();

@@ -1,4 +1,4 @@
-#include "lookups/jsontexts.h"
+#include "lookups/json/jsontexts.h"
 
 #include <algorithm>
 

@@ -1,4 +1,4 @@
-#include "platform/data/pagedrows.h"
+#include "platform/data/paging/pagedrows.h"
 
 #include "platform/data/criteria.h"
 

@@ -1,7 +1,7 @@
 #pragma once
 
-#include "platform/data/odbc.h"
-#include "platform/data/pagequery.h"
+#include "platform/data/odbc/odbc.h"
+#include "platform/data/paging/pagequery.h"
 #include "platform/data/rowstore.h"
 
 #include <deque>

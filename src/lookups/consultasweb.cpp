@@ -1,15 +1,17 @@
-#include "lookups/buscas.h"
+#include "lookups/consultasweb.h"
 
 #include "app/core/instalacao.h"
 #include "platform/forms/dialogs.h"
-#include "platform/system/error.h"
 #include "platform/system/http.h"
+#include "platform/values/error.h"
 
 #include <QHash>
 #include <QStringList>
 #include <QXmlStreamReader>
 #include <algorithm>
 #include <array>
+
+using namespace Qt::StringLiterals;
 
 namespace Funcoes {
 
@@ -38,25 +40,23 @@ QString enderecoDoXml(const QByteArray& xml)
         }
         const QString texto = leitor.readElementText(QXmlStreamReader::IncludeChildElements);
         if (texto.isEmpty() && !leitor.hasError())
-            throw RuntimeError(91, QStringLiteral("Elemento sem conteúdo: %1").arg(nome));
-        campos[nome == u"localidade" ? QStringLiteral("cidade") : nome] = texto.toUpper();
+            throw RuntimeError(91, u"Elemento sem conteúdo: %1"_s.arg(nome));
+        campos[nome == u"localidade" ? u"cidade"_s : nome] = texto.toUpper();
     }
     // What stands behind the root element may break the document as well.
     while (!leitor.atEnd())
         leitor.readNext();
     if (leitor.hasError())
-        throw RuntimeError(91, QStringLiteral("A resposta não é um documento XML"));
+        throw RuntimeError(91, u"A resposta não é um documento XML"_s);
 
-    const QString endereco =
-        campos[QStringLiteral("tipo_logradouro")] + QLatin1Char(' ') + campos[QStringLiteral("logradouro")];
-    return QStringList{endereco, campos[QStringLiteral("bairro")], campos[QStringLiteral("cidade")],
-                       campos[QStringLiteral("uf")], campos[QStringLiteral("ibge")]}
+    const QString endereco = campos[u"tipo_logradouro"_s] + QLatin1Char(' ') + campos[u"logradouro"_s];
+    return QStringList{endereco, campos[u"bairro"_s], campos[u"cidade"_s], campos[u"uf"_s], campos[u"ibge"_s]}
         .join(u'|');
 }
 
 Http::Response respostaDoCep(const QString& cep, QLatin1String forma, std::chrono::milliseconds espera)
 {
-    return Http::get(QStringLiteral("%1/ws/%2/%3/").arg(Instalacao::servicoCep(), cep, forma), espera);
+    return Http::get(u"%1/ws/%2/%3/"_s.arg(Instalacao::servicoCep(), cep, forma), espera);
 }
 
 } // namespace
@@ -66,12 +66,12 @@ QString BuscaCep(const QString& cep, std::chrono::milliseconds espera)
     try {
         const Http::Response resposta = respostaDoCep(cep, QLatin1String("xml"), espera);
         if (resposta.status != 200)
-            throw RuntimeError(resposta.status, QStringLiteral("O serviço respondeu com um erro"));
+            throw RuntimeError(resposta.status, u"O serviço respondeu com um erro"_s);
         return enderecoDoXml(resposta.body);
     } catch (const RuntimeError& erro) {
         MsgBox(QString::number(erro.number()) + QLatin1Char(' ') + erro.description() +
-                   QStringLiteral("\nCONEXÃO COM A INTERNET E/OU WEBSERVICE FALHOU!"),
-               QStringLiteral("Atenção"));
+                   u"\nCONEXÃO COM A INTERNET E/OU WEBSERVICE FALHOU!"_s,
+               u"Atenção"_s);
         return {};
     }
 }
@@ -85,7 +85,7 @@ QString BuscaCnpj(const QString& cnpj, std::chrono::milliseconds espera)
 {
     const Http::Response resposta =
         Http::get(Instalacao::servicoCnpj() + QLatin1String("/v1/cnpj/") + cnpj, espera);
-    return resposta.status == 404 ? QStringLiteral("404 Error") : QString::fromUtf8(resposta.body);
+    return resposta.status == 404 ? u"404 Error"_s : QString::fromUtf8(resposta.body);
 }
 
 QString ValorJson(const QString& resposta, const QString& campo)
@@ -94,7 +94,7 @@ QString ValorJson(const QString& resposta, const QString& campo)
     const qsizetype inicio = resposta.indexOf(campo) + campo.size() + 4;
     const qsizetype fim = resposta.indexOf(u'"', inicio);
     if (fim < 0)
-        throw RuntimeError(5, QStringLiteral("Chamada de procedimento ou argumento inválido"));
+        throw RuntimeError(5, u"Chamada de procedimento ou argumento inválido"_s);
     return resposta.mid(inicio, fim - inicio);
 }
 

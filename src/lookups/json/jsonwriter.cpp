@@ -1,11 +1,13 @@
-#include "lookups/jsonwriter.h"
+#include "lookups/json/jsonwriter.h"
 
-#include "lookups/jsonbag.h"
-#include "lookups/jsonerror.h"
-#include "lookups/jsonnumber.h"
+#include "lookups/json/jsonbag.h"
+#include "lookups/json/jsonerror.h"
+#include "lookups/json/jsonnumber.h"
 
 #include <algorithm>
 #include <array>
+
+using namespace Qt::StringLiterals;
 
 namespace {
 
@@ -104,8 +106,7 @@ void JsonWriter::value(QStringView name, const JsonValue& value, int level)
     case JsonValue::Kind::Bag:
         return items(value.bag(), level);
     case JsonValue::Kind::Other:
-        JsonError::fail(
-            51, QStringLiteral("%1, unknown/unsupported type = %2").arg(name).arg(value.other().typeId()));
+        JsonError::fail(51, u"%1, unknown/unsupported type = %2"_s.arg(name).arg(value.other().typeId()));
     }
 }
 
@@ -114,7 +115,7 @@ void JsonWriter::number(QStringView name, double value)
     std::array<char, JsonNumber::longest> digits;
     const std::size_t count = JsonNumber::write(value, digits.data());
     if (count == 0)
-        JsonError::fail(51, QStringLiteral("%1, value %2 failed to serialize").arg(name).arg(value));
+        JsonError::fail(51, u"%1, value %2 failed to serialize"_s.arg(name).arg(value));
     put(QByteArrayView(digits.data(), qsizetype(count)));
 }
 

@@ -1,4 +1,4 @@
-#include "platform/data/datagrid.h"
+#include "platform/forms/datagrid.h"
 
 #include "platform/data/adodc.h"
 

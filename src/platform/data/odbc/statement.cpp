@@ -1,5 +1,5 @@
-#include "platform/data/odbc.h"
-#include "platform/data/odbccall.h"
+#include "platform/data/odbc/call.h"
+#include "platform/data/odbc/odbc.h"
 
 #include <algorithm>
 

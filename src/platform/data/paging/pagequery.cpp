@@ -1,9 +1,11 @@
-#include "platform/data/pagequery.h"
+#include "platform/data/paging/pagequery.h"
 
 #include "platform/data/criteria.h"
 
 #include <QRegularExpression>
 #include <algorithm>
+
+using namespace Qt::StringLiterals;
 
 namespace ADODB {
 
@@ -17,7 +19,7 @@ void append(ParameterisedStatement& statement, const ParameterisedStatement& mor
 
 ParameterisedStatement joined(const std::vector<ParameterisedStatement>& terms, const QString& word)
 {
-    ParameterisedStatement result{QStringLiteral("("), {}};
+    ParameterisedStatement result{u"("_s, {}};
     for (std::size_t i = 0; i < terms.size(); ++i) {
         if (i > 0)
             result.sql += word;
@@ -107,7 +109,7 @@ bool PageQuery::isInOrder(const QStringList& indexColumns) const
 
 bool PageQuery::isFixed(const QString& column) const
 {
-    const QRegularExpression comparison(QStringLiteral("\\b%1\\s*=").arg(QRegularExpression::escape(column)),
+    const QRegularExpression comparison(u"\\b%1\\s*="_s.arg(QRegularExpression::escape(column)),
                                         QRegularExpression::CaseInsensitiveOption);
     return withoutTexts(conditions_).contains(comparison);
 }
@@ -132,33 +134,30 @@ ParameterisedStatement PageQuery::page(Direction direction, const std::optional<
                                        const ParameterisedStatement& filter) const
 {
     const bool isByIndex = from && filter.sql.isEmpty() && !index_.isEmpty();
-    const QString table = isByIndex ? table_ + QStringLiteral(" force index (%1)").arg(index_) : table_;
-    ParameterisedStatement statement = restricted(
-        QStringLiteral("*"), table, from ? behind(direction, *from) : ParameterisedStatement(), filter);
+    const QString table = isByIndex ? table_ + u" force index (%1)"_s.arg(index_) : table_;
+    ParameterisedStatement statement =
+        restricted(u"*"_s, table, from ? behind(direction, *from) : ParameterisedStatement(), filter);
     QStringList order;
     for (const Order& column : order_)
-        order << column.name + (column.descending == (direction == Direction::Forward)
-                                    ? QStringLiteral(" desc")
-                                    : QString());
-    statement.sql +=
-        QStringLiteral(" order by ") + order.join(u',') + QStringLiteral(" limit ") + QString::number(limit);
+        order << column.name +
+                     (column.descending == (direction == Direction::Forward) ? u" desc"_s : QString());
+    statement.sql += u" order by "_s + order.join(u',') + u" limit "_s + QString::number(limit);
     return statement;
 }
 
 ParameterisedStatement PageQuery::rowWithKey(const std::vector<WireValue>& key) const
 {
-    return restricted(QStringLiteral("*"), table_, {}, isKey(key));
+    return restricted(u"*"_s, table_, {}, isKey(key));
 }
 
 ParameterisedStatement PageQuery::count(const Keys& without) const
 {
-    return restricted(QStringLiteral("count(*)"), table_, {}, isNone(without));
+    return restricted(u"count(*)"_s, table_, {}, isNone(without));
 }
 
 ParameterisedStatement PageQuery::countBefore(const Place& place, const Keys& without) const
 {
-    return restricted(QStringLiteral("count(*)"), table_, behind(Direction::Backward, place),
-                      isNone(without));
+    return restricted(u"count(*)"_s, table_, behind(Direction::Backward, place), isNone(without));
 }
 
 ParameterisedStatement PageQuery::isKey(const std::vector<WireValue>& key) const
@@ -167,9 +166,9 @@ ParameterisedStatement PageQuery::isKey(const std::vector<WireValue>& key) const
     for (std::size_t i = 0; i < key_.size(); ++i) {
         const auto column = std::find_if(order_.begin(), order_.end(),
                                          [&](const Order& order) { return order.column == key_[i]; });
-        terms.push_back({column->name + QStringLiteral(" = ?"), {key[i]}});
+        terms.push_back({column->name + u" = ?"_s, {key[i]}});
     }
-    return joined(terms, QStringLiteral(" and "));
+    return joined(terms, u" and "_s);
 }
 
 ParameterisedStatement PageQuery::isNone(const Keys& keys) const
@@ -179,10 +178,10 @@ ParameterisedStatement PageQuery::isNone(const Keys& keys) const
     std::vector<ParameterisedStatement> terms;
     for (const std::vector<WireValue>& key : keys) {
         ParameterisedStatement term = isKey(key);
-        term.sql.prepend(QStringLiteral("not "));
+        term.sql.prepend(u"not "_s);
         terms.push_back(std::move(term));
     }
-    return joined(terms, QStringLiteral(" and "));
+    return joined(terms, u" and "_s);
 }
 
 ParameterisedStatement PageQuery::restricted(const QString& what, const QString& table,
@@ -195,10 +194,10 @@ ParameterisedStatement PageQuery::restricted(const QString& what, const QString&
     for (const ParameterisedStatement& term : {seek, filter})
         if (!term.sql.isEmpty())
             terms.push_back(term);
-    ParameterisedStatement result{QStringLiteral("select %1 from %2").arg(what, table), {}};
+    ParameterisedStatement result{u"select %1 from %2"_s.arg(what, table), {}};
     if (!terms.empty()) {
-        result.sql += QStringLiteral(" where ");
-        append(result, joined(terms, QStringLiteral(" and ")));
+        result.sql += u" where "_s;
+        append(result, joined(terms, u" and "_s));
     }
     return result;
 }
@@ -215,22 +214,22 @@ ParameterisedStatement PageQuery::behind(Direction direction, const Place& place
         const bool isUpwards = column.descending == (direction == Direction::Backward);
         ParameterisedStatement further;
         if (value && isUpwards)
-            further = {column.name + QStringLiteral(" > ?"), {value}};
+            further = {column.name + u" > ?"_s, {value}};
         else if (value && column.nullable)
-            further = {QStringLiteral("(%1 < ? or %1 is null)").arg(column.name), {value}};
+            further = {u"(%1 < ? or %1 is null)"_s.arg(column.name), {value}};
         else if (value)
-            further = {column.name + QStringLiteral(" < ?"), {value}};
+            further = {column.name + u" < ?"_s, {value}};
         else if (isUpwards)
-            further = {column.name + QStringLiteral(" is not null"), {}};
+            further = {column.name + u" is not null"_s, {}};
         if (!further.sql.isEmpty()) {
             std::vector<ParameterisedStatement> term = equal;
             term.push_back(further);
-            terms.push_back(joined(term, QStringLiteral(" and ")));
+            terms.push_back(joined(term, u" and "_s));
         }
-        equal.push_back(value ? ParameterisedStatement{column.name + QStringLiteral(" = ?"), {value}}
-                              : ParameterisedStatement{column.name + QStringLiteral(" is null"), {}});
+        equal.push_back(value ? ParameterisedStatement{column.name + u" = ?"_s, {value}}
+                              : ParameterisedStatement{column.name + u" is null"_s, {}});
     }
-    return joined(terms, QStringLiteral(" or "));
+    return joined(terms, u" or "_s);
 }
 
 } // namespace ADODB

@@ -1,11 +1,13 @@
 #pragma once
 
-#include "lookups/jsonitems.h"
-#include "lookups/jsonvalue.h"
+#include "lookups/json/jsonitems.h"
+#include "lookups/json/jsonvalue.h"
 
 #include <QString>
 #include <QStringList>
 #include <memory>
+
+using namespace Qt::StringLiterals;
 
 /// What an item is called by: nothing (null), an index, or a name. It views the name's text, which must
 /// outlive it.
@@ -110,7 +112,7 @@ public:
     /// Leaves an object without items.
     void Clear();
 
-    static QStringList Version() { return {QStringLiteral("1.7")}; }
+    static QStringList Version() { return {u"1.7"_s}; }
 
 private:
     friend class JsonReader;

@@ -1,6 +1,8 @@
-#include "platform/data/plainselect.h"
+#include "platform/data/paging/plainselect.h"
 
 #include <QRegularExpression>
+
+using namespace Qt::StringLiterals;
 
 namespace ADODB {
 
@@ -41,16 +43,15 @@ QString withoutTexts(QString sql)
 
 std::optional<PlainSelect> plainSelect(const QString& sql)
 {
-    static const QRegularExpression form(QStringLiteral("^\\s*select\\s+\\*\\s+from\\s+(\\w+)(?:\\s+where\\s+"
-                                                        "(.+?))?(?:\\s+order\\s+by\\s+([\\w\\s,]+))?\\s*$"),
+    static const QRegularExpression form(u"^\\s*select\\s+\\*\\s+from\\s+(\\w+)(?:\\s+where\\s+"
+                                         "(.+?))?(?:\\s+order\\s+by\\s+([\\w\\s,]+))?\\s*$"_s,
                                          QRegularExpression::CaseInsensitiveOption |
                                              QRegularExpression::DotMatchesEverythingOption);
     static const QRegularExpression foreign(
-        QStringLiteral(
-            "[?;#`]|--|/\\*|\\b(select|where|group|having|window|order|limit|offset|fetch|procedure|"
-            "into|for|lock|union|except|intersect)\\b"),
+        u"[?;#`]|--|/\\*|\\b(select|where|group|having|window|order|limit|offset|fetch|procedure|"
+        "into|for|lock|union|except|intersect)\\b"_s,
         QRegularExpression::CaseInsensitiveOption);
-    static const QRegularExpression orderForm(QStringLiteral("^\\s*(\\w+)(?:\\s+(asc|desc))?\\s*$"),
+    static const QRegularExpression orderForm(u"^\\s*(\\w+)(?:\\s+(asc|desc))?\\s*$"_s,
                                               QRegularExpression::CaseInsensitiveOption);
     const QRegularExpressionMatch match = form.match(withoutTexts(sql));
     if (!match.hasMatch() || match.captured(2).contains(foreign) || !bracketsMatch(match.captured(2)))

@@ -1,4 +1,4 @@
-#include "lookups/jsonitems.h"
+#include "lookups/json/jsonitems.h"
 
 namespace {
 

@@ -1,10 +1,12 @@
 #pragma once
 
 #include "platform/data/basetable.h"
-#include "platform/data/plainselect.h"
+#include "platform/data/paging/plainselect.h"
 
 #include <QStringList>
 #include <set>
+
+using namespace Qt::StringLiterals;
 
 namespace ADODB {
 
@@ -33,10 +35,10 @@ public:
     static std::optional<PageQuery> make(const PlainSelect& select, const std::vector<Column>& columns,
                                          const std::vector<QByteArray>& primaryKey);
     /// The statement that has the result's columns and none of its rows.
-    static QString columnsOnly(const QString& sql) { return sql + QStringLiteral(" limit 0"); }
+    static QString columnsOnly(const QString& sql) { return sql + u" limit 0"_s; }
 
     /// Asks for the table's indexes.
-    QString indexes() const { return QStringLiteral("show index from ") + table_; }
+    QString indexes() const { return u"show index from "_s + table_; }
     /// Takes the answer, and has pages read by an index that holds the rows in the result's order behind
     /// columns that the conditions fix, if there is one. Left alone, the server looks for the page among all
     /// the rows that meet the conditions.

@@ -1,7 +1,7 @@
 #pragma once
 
-#include "lookups/jsonitems.h"
-#include "lookups/jsonscanner.h"
+#include "lookups/json/jsonitems.h"
+#include "lookups/json/jsonscanner.h"
 
 #include <QStringView>
 #include <array>

@@ -1,8 +1,10 @@
-#include "platform/data/recordsetmodel.h"
+#include "platform/forms/recordsetmodel.h"
 
 #include "platform/data/criteria.h"
 #include "platform/data/error.h"
 #include "platform/values/format.h"
+
+using namespace Qt::StringLiterals;
 
 RecordsetModel::RecordsetModel(QObject* parent) : QAbstractTableModel(parent) {}
 
@@ -107,7 +109,7 @@ void RecordsetModel::rowsReset()
     endResetModel();
     if (!unknown.isNull())
         throw ADODB::Error(ADODB::Error::UnknownField,
-                           QStringLiteral("O campo \"%1\" da grade não existe no resultado.").arg(unknown));
+                           u"O campo \"%1\" da grade não existe no resultado."_s.arg(unknown));
     Q_EMIT currentChanged();
 }
 

@@ -1,13 +1,15 @@
 #pragma once
 
-#include "platform/system/error.h"
+#include "platform/values/error.h"
+
+using namespace Qt::StringLiterals;
 
 namespace JsonError {
 
 /// Throws the RuntimeError with JsonBag as its source.
 [[noreturn]] inline void fail(int number, const QString& description)
 {
-    throw RuntimeError(number, description, QStringLiteral("JsonBag"));
+    throw RuntimeError(number, description, u"JsonBag"_s);
 }
 
 [[noreturn]] inline void fail(int number, const char* description)

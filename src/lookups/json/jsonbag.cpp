@@ -1,8 +1,8 @@
-#include "lookups/jsonbag.h"
+#include "lookups/json/jsonbag.h"
 
-#include "lookups/jsonerror.h"
-#include "lookups/jsonreader.h"
-#include "lookups/jsonwriter.h"
+#include "lookups/json/jsonerror.h"
+#include "lookups/json/jsonreader.h"
+#include "lookups/json/jsonwriter.h"
 
 namespace {
 

@@ -1,7 +1,7 @@
 #pragma once
 
-#include "lookups/jsontexts.h"
-#include "lookups/jsonvalue.h"
+#include "lookups/json/jsontexts.h"
+#include "lookups/json/jsonvalue.h"
 
 #include <QHash>
 #include <QString>

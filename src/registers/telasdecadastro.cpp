@@ -1,4 +1,4 @@
-#include "registers/cadastrossimples.h"
+#include "registers/telasdecadastro.h"
 
 #include "app/core/sql.h"
 #include "app/core/variaveis.h"
@@ -7,35 +7,35 @@
 #include "platform/values/number.h"
 #include "ui_cadastrosimples.h"
 
+using namespace Qt::StringLiterals;
+
 using namespace Variaveis;
 
 namespace {
 
-const QString erroDeNome = QStringLiteral("--- ERRO --- NOME NÃO INFORMADO!");
-const QString titulo = QStringLiteral("ATENÇÃO");
+const QString erroDeNome = u"--- ERRO --- NOME NÃO INFORMADO!"_s;
+const QString titulo = u"ATENÇÃO"_s;
 
 std::vector<GridColumn> colunas(const QString& codigo, const QString& nome, const QString& rotulo,
                                 const QString& carimbo)
 {
-    return {{codigo, QStringLiteral("CÓDIGO"), 12},
-            {nome, rotulo, 53},
-            {carimbo, QStringLiteral("ÚLTIMA ALTERAÇÃO"), 35}};
+    return {{codigo, u"CÓDIGO"_s, 12}, {nome, rotulo, 53}, {carimbo, u"ÚLTIMA ALTERAÇÃO"_s, 35}};
 }
 
 } // namespace
 
 frmCadConvenios::frmCadConvenios()
     : CadastroSimples(
-          {.titulo = QStringLiteral("Convênios - Cadastro"),
-           .rotuloNome = QStringLiteral("CONVÊNIO"),
-           .codigo = QStringLiteral("idconv"),
-           .nome = QStringLiteral("nmconv"),
+          {.titulo = u"Convênios - Cadastro"_s,
+           .rotuloNome = u"CONVÊNIO"_s,
+           .codigo = u"idconv"_s,
+           .nome = u"nmconv"_s,
            .consulta =
                [] { return "select * from convenios where idlic = " + aspas(idlic) + " order by nmconv"; },
-           .colunas = {{QStringLiteral("idconv"), QStringLiteral("CÓDIGO"), 12},
-                       {QStringLiteral("nmconv"), QStringLiteral("CONVÊNIO"), 41},
-                       {QStringLiteral("pdesc"), QStringLiteral("% DESC."), 12, QStringLiteral("#,##0.00")},
-                       {QStringLiteral("evup"), QStringLiteral("ÚLTIMA ALTERAÇÃO"), 35}}})
+           .colunas = {{u"idconv"_s, u"CÓDIGO"_s, 12},
+                       {u"nmconv"_s, u"CONVÊNIO"_s, 41},
+                       {u"pdesc"_s, u"% DESC."_s, 12, u"#,##0.00"_s},
+                       {u"evup"_s, u"ÚLTIMA ALTERAÇÃO"_s, 35}}})
 {
     ui->Label3->show();
     ui->txtPDesc->show();
@@ -49,7 +49,7 @@ bool frmCadConvenios::recusa()
         return true;
     }
     if (toNumber(ui->txtPDesc->text()) < 0) {
-        MsgBox(QStringLiteral("--- ERRO --- PERCENTUAL DE DESCONTO NÃO PODE SER MENOR QUE ZERO!"), titulo);
+        MsgBox(u"--- ERRO --- PERCENTUAL DE DESCONTO NÃO PODE SER MENOR QUE ZERO!"_s, titulo);
         return true;
     }
     return false;
@@ -78,34 +78,33 @@ bool frmCadConvenios::achaParaEditar()
 }
 
 frmCadEspecialidade::frmCadEspecialidade()
-    : CadastroSimples({.titulo = QStringLiteral("Especialidades - Cadastro"),
-                       .rotuloNome = QStringLiteral("ESPECIALIDADE"),
-                       .codigo = QStringLiteral("idesp"),
-                       .nome = QStringLiteral("nmesp"),
+    : CadastroSimples({.titulo = u"Especialidades - Cadastro"_s,
+                       .rotuloNome = u"ESPECIALIDADE"_s,
+                       .codigo = u"idesp"_s,
+                       .nome = u"nmesp"_s,
                        .consulta =
                            [] {
                                return "select * from especialidades where idlic = " + aspas(idlic) +
                                       " order by nmesp";
                            },
-                       .colunas = colunas(QStringLiteral("idesp"), QStringLiteral("nmesp"),
-                                          QStringLiteral("ESPECIALIDADE"), QStringLiteral("evup"))})
+                       .colunas = colunas(u"idesp"_s, u"nmesp"_s, u"ESPECIALIDADE"_s, u"evup"_s)})
 {
 }
 
 frmCadProcedimentos::frmCadProcedimentos()
-    : CadastroSimples(
-          {.titulo = QStringLiteral("Procedimentos - Cadastro"),
-           .rotuloNome = QStringLiteral("NOME"),
-           .codigo = QStringLiteral("idproc"),
-           .nome = QStringLiteral("nmproc"),
-           .consulta =
-               [] {
-                   return "select * from procedimentos where idlic = " + aspas(idlic) + " order by nmproc";
-               },
-           .colunas = {{QStringLiteral("idproc"), QStringLiteral("CÓDIGO"), 12},
-                       {QStringLiteral("nmproc"), QStringLiteral("NOME"), 44},
-                       {QStringLiteral("ondeatd"), QStringLiteral("LOCAL"), 12, {}, Qt::AlignHCenter},
-                       {QStringLiteral("evup"), QStringLiteral("ÚLTIMA ALTERAÇÃO"), 32}}})
+    : CadastroSimples({.titulo = u"Procedimentos - Cadastro"_s,
+                       .rotuloNome = u"NOME"_s,
+                       .codigo = u"idproc"_s,
+                       .nome = u"nmproc"_s,
+                       .consulta =
+                           [] {
+                               return "select * from procedimentos where idlic = " + aspas(idlic) +
+                                      " order by nmproc";
+                           },
+                       .colunas = {{u"idproc"_s, u"CÓDIGO"_s, 12},
+                                   {u"nmproc"_s, u"NOME"_s, 44},
+                                   {u"ondeatd"_s, u"LOCAL"_s, 12, {}, Qt::AlignHCenter},
+                                   {u"evup"_s, u"ÚLTIMA ALTERAÇÃO"_s, 32}}})
 {
     ui->Label4->show();
     ui->cboCH->show();
@@ -148,16 +147,15 @@ void CadastroPorComando::grava()
 
 frmCadGrupoEstoque::frmCadGrupoEstoque()
     : CadastroPorComando(
-          {.titulo = QStringLiteral("Cadastro Grupo de Insumos"),
-           .rotuloNome = QStringLiteral("NOME"),
-           .codigo = QStringLiteral("cdgrupo"),
-           .nome = QStringLiteral("dsgrupo"),
+          {.titulo = u"Cadastro Grupo de Insumos"_s,
+           .rotuloNome = u"NOME"_s,
+           .codigo = u"cdgrupo"_s,
+           .nome = u"dsgrupo"_s,
            .consulta =
                [] {
                    return "select * from grupoestoque where idlic = " + aspas(idlic) + "   order by dsgrupo";
                },
-           .colunas = colunas(QStringLiteral("cdgrupo"), QStringLiteral("dsgrupo"), QStringLiteral("NOME"),
-                              QStringLiteral("evup"))},
+           .colunas = colunas(u"cdgrupo"_s, u"dsgrupo"_s, u"NOME"_s, u"evup"_s)},
           [](const QString& nome) {
               return "insert into grupoestoque (idlic,dsgrupo,evcad,evup) values (" + aspas(idlic) + "," +
                      aspas(nome) + "," + aspas(carimbo()) + "," + aspas(carimbo()) + ")";
@@ -171,14 +169,13 @@ frmCadGrupoEstoque::frmCadGrupoEstoque()
 
 frmCadCentroCusto::frmCadCentroCusto()
     : CadastroPorComando(
-          {.titulo = QStringLiteral("Centro de Custos - Cadastro"),
-           .rotuloNome = QStringLiteral("NOME"),
-           .codigo = QStringLiteral("cdcen"),
-           .nome = QStringLiteral("nmcen"),
+          {.titulo = u"Centro de Custos - Cadastro"_s,
+           .rotuloNome = u"NOME"_s,
+           .codigo = u"cdcen"_s,
+           .nome = u"nmcen"_s,
            .consulta =
                [] { return "select * from centrocusto where idlic = " + aspas(idlic) + " order by nmcen"; },
-           .colunas = colunas(QStringLiteral("cdcen"), QStringLiteral("nmcen"), QStringLiteral("NOME"),
-                              QStringLiteral("evcad"))},
+           .colunas = colunas(u"cdcen"_s, u"nmcen"_s, u"NOME"_s, u"evcad"_s)},
           [](const QString& nome) {
               return "insert into centrocusto (idlic,nmcen,evcad) values (" + aspas(idlic) + "," +
                      aspas(nome) + "," + aspas(carimbo()) + ")";
@@ -192,18 +189,17 @@ frmCadCentroCusto::frmCadCentroCusto()
 
 frmCadSubCentro::frmCadSubCentro()
     : CadastroPorComando(
-          {.titulo = QStringLiteral("SubCentro de Custos - Cadastro"),
-           .rotuloNome = QStringLiteral("NOME"),
-           .codigo = QStringLiteral("cdscen"),
-           .nome = QStringLiteral("nmscen"),
+          {.titulo = u"SubCentro de Custos - Cadastro"_s,
+           .rotuloNome = u"NOME"_s,
+           .codigo = u"cdscen"_s,
+           .nome = u"nmscen"_s,
            .consulta =
                [] {
                    return "select * from subcentrocusto where idlic = " + aspas(idlic) + " order by nmscen";
                },
-           .colunas = colunas(QStringLiteral("cdscen"), QStringLiteral("nmscen"), QStringLiteral("NOME"),
-                              QStringLiteral("evcad")),
+           .colunas = colunas(u"cdscen"_s, u"nmscen"_s, u"NOME"_s, u"evcad"_s),
            // Not a column of this table: the click is an error.
-           .codigoDoClique = QStringLiteral("cdcen")},
+           .codigoDoClique = u"cdcen"_s},
           [](const QString& nome) {
               return "insert into subcentrocusto (idlic,nmscen,evcad) values (" + aspas(idlic) + "," +
                      aspas(nome) + "," + aspas(carimbo()) + ")";

@@ -1,7 +1,7 @@
-#include "lookups/jsonscanner.h"
+#include "lookups/json/jsonscanner.h"
 
-#include "lookups/jsonerror.h"
-#include "lookups/jsonnumber.h"
+#include "lookups/json/jsonerror.h"
+#include "lookups/json/jsonnumber.h"
 
 #include <algorithm>
 

@@ -1,7 +1,7 @@
-#include "lookups/jsonreader.h"
+#include "lookups/json/jsonreader.h"
 
-#include "lookups/jsonbag.h"
-#include "platform/system/error.h"
+#include "lookups/json/jsonbag.h"
+#include "platform/values/error.h"
 
 #include <algorithm>
 

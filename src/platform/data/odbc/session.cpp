@@ -1,6 +1,6 @@
 #include "platform/data/error.h"
-#include "platform/data/odbc.h"
-#include "platform/data/odbccall.h"
+#include "platform/data/odbc/call.h"
+#include "platform/data/odbc/odbc.h"
 
 namespace Odbc {
 

@@ -1,4 +1,4 @@
-#include "lookups/jsonnumber.h"
+#include "lookups/json/jsonnumber.h"
 
 #include <QVarLengthArray>
 #include <algorithm>
