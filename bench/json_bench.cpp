@@ -2,6 +2,9 @@
 /// what was read) and writing. Bytes are those of the document as UTF-8, which the two others read and write;
 /// JsonBag's texts are UTF-16, and its rows "Utf8" convert from and to UTF-8 in the measured time.
 ///
+/// What changes bags is measured as a ratio: of the time for ten times as many items to the time for so many,
+/// which is about ten where the time for one item does not grow with their number.
+///
 /// Document 0 has patients that are alike, as a web service lists them; in document 1 each object has a
 /// choice and order of names of its own.
 #include "lookups/json/jsonbag.h"
@@ -10,6 +13,8 @@
 #include <QJsonDocument>
 #include <algorithm>
 #include <benchmark/benchmark.h>
+#include <ctime>
+#include <functional>
 #include <nlohmann/json.hpp>
 #include <random>
 
@@ -141,6 +146,51 @@ void WriteNlohmann(benchmark::State& state)
     counted(state);
 }
 
+/// Measures the processor's time for the work on `few` items and on ten times as many.
+void measureRatio(benchmark::State& state, const std::function<void(int count)>& work)
+{
+    constexpr int few = 8'000;
+    const auto timeFor = [&](int count) {
+        const std::clock_t start = std::clock();
+        work(count);
+        return double(std::clock() - start);
+    };
+    double forFew = 0;
+    double forMany = 0;
+    for (auto _ : state) {
+        forFew += timeFor(few);
+        forMany += timeFor(10 * few);
+    }
+    state.counters["ratio"] = forMany / forFew;
+}
+
+void ReadOneNameManyTimes(benchmark::State& state)
+{
+    measureRatio(state, [](int count) {
+        JsonBag bag;
+        bag.setJSON(u"{"_s + u"\"a\":1,"_s.repeated(count) + u"\"b\":2}"_s);
+        benchmark::DoNotOptimize(bag.Count());
+    });
+}
+
+/// From the front, each item being looked at first.
+void RemoveByIndex(benchmark::State& state)
+{
+    const bool array = state.range(0) == 1;
+    measureRatio(state, [array](int count) {
+        JsonBag bag;
+        bag.setIsArray(array);
+        for (int i = 0; i < count; ++i)
+            bag.setItem(array ? JsonKey() : JsonKey(QString::number(i)), i);
+        while (bag.Count() > 0) {
+            benchmark::DoNotOptimize(bag.Item(1).number());
+            bag.Remove(1);
+        }
+    });
+}
+
+BENCHMARK(ReadOneNameManyTimes)->Unit(benchmark::kMillisecond);
+BENCHMARK(RemoveByIndex)->ArgName("array")->Arg(0)->Arg(1)->Unit(benchmark::kMillisecond);
 BENCHMARK(ReadJsonBag)->Arg(0)->Arg(1)->Unit(benchmark::kMillisecond);
 BENCHMARK(ReadJsonBagUtf8)->Arg(0)->Arg(1)->Unit(benchmark::kMillisecond);
 BENCHMARK(ReadQt)->Arg(0)->Arg(1)->Unit(benchmark::kMillisecond);

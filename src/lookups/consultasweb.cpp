@@ -94,7 +94,7 @@ QString ValorJson(const QString& resposta, const QString& campo)
     const qsizetype inicio = resposta.indexOf(campo) + campo.size() + 4;
     const qsizetype fim = resposta.indexOf(u'"', inicio);
     if (fim < 0)
-        throw RuntimeError(5, u"Chamada de procedimento ou argumento inválido"_s);
+        Errors::invalidArgument();
     return resposta.mid(inicio, fim - inicio);
 }
 

@@ -3,12 +3,11 @@
 #include <QString>
 #include <chrono>
 
-/// Look-ups at the two web services, whose hosts are installation values. They wait for the answer; the
-/// windows are painted meanwhile but take no input.
+/// Look-ups at the two web services, whose hosts are installation values. They wait for the whole answer as
+/// long as they are told; the windows are painted meanwhile but take no input.
 namespace Funcoes {
 
-inline constexpr std::chrono::milliseconds esperaCep = std::chrono::seconds(5);
-inline constexpr std::chrono::milliseconds esperaCnpj = std::chrono::seconds(30);
+inline constexpr std::chrono::milliseconds esperaDaConsulta = std::chrono::seconds(5);
 
 /// The address of a postal code of 8 digits, as "<address>|<district>|<town>|<state>|<municipality code>" in
 /// upper case. The address is kind of street, blank, street; where the service does not tell the kind it
@@ -20,15 +19,15 @@ inline constexpr std::chrono::milliseconds esperaCnpj = std::chrono::seconds(30)
 /// A failure shows the box "Atenção" with its number and description, and gives "". The numbers are those of
 /// Http::get, the status of an answer that is not 200, and 91 for an answer that is no XML document or holds
 /// one of these elements without a content.
-QString BuscaCep(const QString& cep, std::chrono::milliseconds espera = esperaCep);
+QString BuscaCep(const QString& cep, std::chrono::milliseconds espera = esperaDaConsulta);
 
 /// The postal service's answer to /ws/<cep>/json/, whatever its status. Throws RuntimeError as Http::get
 /// does.
-QString BuscaCepJson(const QString& cep, std::chrono::milliseconds espera = esperaCep);
+QString BuscaCepJson(const QString& cep, std::chrono::milliseconds espera = esperaDaConsulta);
 
 /// The company service's answer to /v1/cnpj/<cnpj>, the number as it is given; "404 Error" where it does not
 /// know the company. An answer of any other status counts as one. Throws RuntimeError as Http::get does.
-QString BuscaCnpj(const QString& cnpj, std::chrono::milliseconds espera = esperaCnpj);
+QString BuscaCnpj(const QString& cnpj, std::chrono::milliseconds espera = esperaDaConsulta);
 
 /// The text of a field in an answer such as {"nome": "X", "uf": "SP"}: what lies from the fourth character
 /// behind the first occurrence of the name up to the next quotation mark. The text is not parsed: the name

@@ -6,6 +6,7 @@
 #include "platform/values/format.h"
 
 #include <QRandomGenerator>
+#include <gmock/gmock.h>
 
 using namespace Qt::StringLiterals;
 
@@ -391,6 +392,13 @@ TEST_F(PDFContent, NamesAndWidthsOfFonts)
     EXPECT_DOUBLE_EQ(width(u"Àãü"_s, helvetica, 1000), 370);
     EXPECT_EQ(errorOf([&] { width({}, u"TimesRoman"_s, 9); }), 53);
     EXPECT_EQ(errorOf([&] { width(QString(QChar(0)), helvetica, 9); }), 9);
+
+    PDFPrinter fontless;
+    QDir(path(QString())).mkdir(u"empty"_s);
+    fontless.PDFLoadAfm(path(u"empty"_s));
+    EXPECT_THAT([&] { fontless.PDFGetStringWidth(u"A"_s, helvetica, 9); },
+                testing::ThrowsMessage<RuntimeError>(
+                    testing::HasSubstr(path(u"empty/Helvetica.afm"_s).toStdString())));
 
     pdf.PDFLoadAfm(oneFont());
     EXPECT_DOUBLE_EQ(width(u"Ana"_s, helvetica, 10), 18);

@@ -1,5 +1,6 @@
 #include "platform/system/files.h"
 #include "platform/system/http.h"
+#include "platform/system/outputfile.h"
 #include "platform/system/shell.h"
 #include "support/errorof.h"
 #include "support/oneanswer.h"
@@ -9,9 +10,13 @@
 #include <QFile>
 #include <QProcess>
 #include <QSslKey>
+#include <QTcpServer>
+#include <QTcpSocket>
 #include <QTemporaryDir>
 #include <QThread>
+#include <csignal>
 #include <gtest/gtest.h>
+#include <sys/resource.h>
 
 using namespace Qt::StringLiterals;
 
@@ -26,6 +31,45 @@ protected:
     ~ProgramFolder() override { Files::setProgramFolder({}); }
 
     QTemporaryDir folder;
+};
+
+/// A disk on which no file takes more than so many bytes, as long as the object lives.
+class FullDisk
+{
+public:
+    explicit FullDisk(rlim_t bytes)
+    {
+        std::signal(SIGXFSZ, SIG_IGN);
+        getrlimit(RLIMIT_FSIZE, &before_);
+        const rlimit limit{bytes, before_.rlim_max};
+        setrlimit(RLIMIT_FSIZE, &limit);
+    }
+    ~FullDisk() { setrlimit(RLIMIT_FSIZE, &before_); }
+
+private:
+    rlimit before_;
+};
+
+/// A web server in the test's own thread, which works while Http waits. It keeps its connections.
+class Server : public QTcpServer
+{
+public:
+    using Answer = std::function<void(QTcpSocket& socket, const QByteArray& path)>;
+
+    explicit Server(const Answer& answer)
+    {
+        listen(QHostAddress::LocalHost);
+        connect(this, &QTcpServer::newConnection, this, [this, answer] {
+            ++connections;
+            QTcpSocket* socket = nextPendingConnection();
+            connect(socket, &QTcpSocket::disconnected, socket, &QObject::deleteLater);
+            connect(socket, &QTcpSocket::readyRead, this,
+                    [socket, answer] { answer(*socket, socket->readAll().split(' ').value(1)); });
+        });
+    }
+    QString at(const QString& path) const { return u"http://127.0.0.1:%1/%2"_s.arg(serverPort()).arg(path); }
+
+    int connections = 0;
 };
 
 /// A certificate for this machine, signed by itself, with its key.
@@ -72,6 +116,25 @@ TEST_F(ProgramFolder, FailuresOfFilesAreErrors)
     QFile::setPermissions(missing, QFile::ReadOwner);
     Files::removeFile(missing);
     EXPECT_FALSE(Files::exists(missing)) << "write-protected files go too";
+}
+
+TEST_F(ProgramFolder, AFullDiskIsToldAndLeavesNothingHalf)
+{
+    const QString file = Files::inProgramFolder(u"\\tremosilva.ini"_s);
+    const QString document = Files::inProgramFolder(u"\\x.pdf"_s);
+    Files::write(file, "as it was");
+    {
+        const FullDisk disk(20);
+        EXPECT_EQ(errorOf([&] { Files::write(file, QByteArray(100, 'x')); }), 75);
+        EXPECT_EQ(errorOf([&] { Files::write(file, QByteArray(100'000, 'x')); }), 75);
+        OutputFile output;
+        EXPECT_TRUE(output.create(document));
+        output.writeLine("fifteen letters");
+        EXPECT_EQ(errorOf([&] { output.writeLine("and more"); }), 75);
+        EXPECT_EQ(errorOf([&] { output.writeLine(""); }), 75);
+    }
+    EXPECT_EQ(Files::read(file), "as it was");
+    EXPECT_EQ(QDir(folder.path()).entryList(QDir::Files), QStringList{u"tremosilva.ini"_s});
 }
 
 TEST_F(ProgramFolder, ProfileValues)
@@ -123,6 +186,46 @@ TEST(HttpGet, AnswersOfAnyStatusComeBackWhole)
     OneAnswer moved("HTTP/1.1 302 Found\r\nContent-Length: 0\r\nLocation: " + here.host().toLatin1() +
                     "/b\r\n\r\n");
     EXPECT_EQ(Http::get(moved.host() + u"/a"_s, 5s).body, "found");
+}
+
+TEST(HttpGet, ARedirectionAndItsAnswerOnOneConnection)
+{
+    Server server([](QTcpSocket& socket, const QByteArray& path) {
+        const int hops = path.mid(1).toInt();
+        if (hops == 0)
+            socket.write(OneAnswer::http("200 OK", "the whole content"));
+        else
+            socket.write(
+                OneAnswer::http("302 Found\r\nLocation: " + QByteArray::number(hops - 1), "moved away"));
+    });
+    for (int i = 1; i <= 200; ++i) {
+        auto* const read = i % 2 ? Http::get : Http::download;
+        ASSERT_EQ(errorOf([&] { EXPECT_EQ(read(server.at(u"1"_s), 5s, {}).body, "the whole content"); }), 0)
+            << i;
+        ASSERT_EQ(server.connections, i);
+    }
+    EXPECT_EQ(Http::get(server.at(u"10"_s), 5s).body, "the whole content");
+    EXPECT_EQ(errorOf([&] { Http::get(server.at(u"11"_s), 5s); }), 12156);
+}
+
+TEST(HttpGet, AnAnswerThatDripsOrHasNoEndIsLeft)
+{
+    QTimer drip;
+    Server server([&](QTcpSocket& socket, const QByteArray&) {
+        socket.write("HTTP/1.1 200 OK\r\nContent-Length: 20\r\n\r\n");
+        QObject::connect(&drip, &QTimer::timeout, &socket, [&socket] { socket.write("x"); });
+        drip.start(20ms);
+    });
+    EXPECT_EQ(errorOf([&] { Http::get(server.at({}), 200ms); }), 12002);
+    EXPECT_EQ(Http::download(server.at({}), 200ms).body.size(), 20);
+
+    constexpr int Most = 1'000'000;
+    Server great([&](QTcpSocket& socket, const QByteArray& path) {
+        socket.write(OneAnswer::http("200 OK", QByteArray(Most + path.mid(1).toInt(), 'x')));
+    });
+    EXPECT_EQ(Http::get(great.at(u"0"_s), 5s).body.size(), Most);
+    EXPECT_EQ(errorOf([&] { Http::get(great.at(u"1"_s), 5s); }), 12152);
+    EXPECT_EQ(Http::download(great.at(u"1"_s), 5s).body.size(), Most + 1);
 }
 
 TEST(HttpDownload, AFileIsKnownToBeWhole)

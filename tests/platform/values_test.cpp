@@ -160,6 +160,28 @@ TEST(Number, writesPlainNumbers)
         EXPECT_EQ(plainNumber(row[0].toDouble()), row[1]);
 }
 
+TEST(Number, isKeptInSinglePrecision)
+{
+    EXPECT_EQ(double(toSingle(33.3333)), 33.33330154418945);
+    for (const QStringList& row : textTable(
+             u"3.3333=3.3333|860.585=860.585|49210480=4.921048E+07|-12.5=-12.5|0=0|-0.0=0|0.0001=0.0001|"
+             u"1234567.4=1234567|9999999=9999999|10000000=1E+07|123456789=1.234568E+08|"
+             u"33.33333333=33.33333|0.33333333=0.3333333|0.033333333=3.333333E-02|1e-7=0.0000001|"
+             u"1.5e-38=1.5E-38|-2e30=-2E+30"))
+        EXPECT_EQ(plainSingle(toSingle(row[0].toDouble())), row[1]);
+    EXPECT_EQ(errorOf([] { toSingle(3.5e38); }), 6);
+    EXPECT_EQ(errorOf([] { toSingle(NotANumber); }), 6);
+}
+
+TEST(Number, isNotDividedByZero)
+{
+    EXPECT_EQ(divide(10, 4), 2.5);
+    EXPECT_EQ(divide(0, -4), 0);
+    for (const double dividend : {1.0, 0.0})
+        EXPECT_EQ(errorOf([&] { divide(dividend, 0); }), 11);
+    EXPECT_EQ(errorOf([] { divide(1e300, 1e-300); }), 6);
+}
+
 TEST(Date, readsWhatAWorkstationWrites)
 {
     const char16_t* rows =
@@ -198,6 +220,46 @@ TEST(Date, keepsTheDayWhoseMidnightSummerTimeSkipped)
     EXPECT_EQ(Format(u"04/11/2018"_s, u"yyyy/mm/dd"), u"2018/11/04");
     EXPECT_EQ(generalDate(first), u"04/11/2018");
     EXPECT_EQ(generalDate(toDate(u"8:05")), u"08:05:00");
+}
+
+TEST(Date, isCountedOnByTheCalendar)
+{
+    // Days, months, hours or minutes later; "!" where the calendar ends.
+    const char16_t* rows =
+        u"28/02/2024=1 d=29/02/2024|01/03/2023=-1 d=28/02/2023|03/11/2018=1 d=04/11/2018|"
+        u"30/12/9999=1 d=31/12/9999|31/12/9999=1 d=!|01/01/0100=-1 d=!|01/01/2024=2147483647 d=!|"
+        u"31/01/2024=1 m=29/02/2024|31/01/2023=1 m=28/02/2023|31/08/2024=1 m=30/09/2024|31/01/2024=2 "
+        u"m=31/03/2024|"
+        u"15/12/2024=114 m=15/06/2034|31/03/2024=-1 m=29/02/2024|01/12/9999=1 m=!|01/01/0100=-1 m=!|"
+        u"31/12/2024 20:00=12 h=01/01/2025 08:00:00|03/11/2018 20:00=12 h=04/11/2018 08:00:00|"
+        u"03/11/2018 20:00=4 h=04/11/2018|17/02/2018 20:00=12 h=18/02/2018 08:00:00|"
+        u"01/03/2024 01:30:15=-2 h=29/02/2024 23:30:15|31/12/9999 23:00=1 h=!|01/01/0100 00:59=-1 h=!|"
+        u"31/12/2024 23:45=30 n=01/01/2025 00:15:00|03/11/2018 23:45=60 n=04/11/2018 00:45:00|"
+        u"31/12/9999 23:59=1 n=!|01/01/0100=-1 n=!";
+    for (const QStringList& row : textTable(rows)) {
+        const QDateTime from = toDate(row[0]);
+        const int count = row[1].section(u' ', 0, 0).toInt();
+        QDateTime to;
+        const int error = errorOf([&] {
+            switch (row[1].back().unicode()) {
+            case u'd':
+                to = QDateTime(addDays(from.date(), count), {});
+                break;
+            case u'm':
+                to = QDateTime(addMonths(from.date(), count), {});
+                break;
+            case u'h':
+                to = addHours(from, count);
+                break;
+            default:
+                to = addMinutes(from, count);
+            }
+        });
+        EXPECT_EQ(error, row[2] == u"!" ? 5 : 0) << row.join(u' ').toStdString();
+        EXPECT_EQ(generalDate(to), error ? QString() : row[2]) << row.join(u' ').toStdString();
+    }
+    EXPECT_EQ(errorOf([] { addMonths(QDate(), 1); }), 13);
+    EXPECT_EQ(errorOf([] { addHours(QDateTime(), 1); }), 13);
 }
 
 TEST(Date, writesTheDefaultForm)

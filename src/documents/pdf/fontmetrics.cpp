@@ -30,10 +30,10 @@ void PDFFontMetrics::setFolder(const QString& folder)
 
 void PDFFontMetrics::load(const QString& folder)
 {
-    const QString path = Files::ownPath(folder);
+    lookedInto_ = Files::ownPath(folder);
     QStringList found;
-    for (const QString& file : Files::filesOf(path))
-        if ((path + u'/' + file).toLower().contains(QLatin1String(".afm")))
+    for (const QString& file : Files::filesOf(lookedInto_))
+        if ((lookedInto_ + u'/' + file).toLower().contains(QLatin1String(".afm")))
             found += file.chopped(std::min<qsizetype>(4, file.size()));
     if (found.isEmpty())
         return;
@@ -64,7 +64,8 @@ const PDFFontMetrics::Widths& PDFFontMetrics::widths(const QString& font)
 {
     auto place = widths_.constFind(font);
     if (place == widths_.constEnd())
-        place = widths_.insert(font, readWidths(folder_ + u'/' + font + u".afm"_s));
+        place =
+            widths_.insert(font, readWidths((hasFolder() ? folder_ : lookedInto_) + u'/' + font + u".afm"_s));
     return *place;
 }
 

@@ -15,8 +15,9 @@ public:
     void setFolder(const QString& folder);
     bool hasFolder() const { return !folder_.isEmpty(); }
 
-    /// Takes the folder's .afm files, in order of their names, and the folder if it has any. Throws
-    /// RuntimeError 76 where it does not exist.
+    /// Takes the folder's .afm files, in order of their names, and the folder if it has any. Without any
+    /// folder, the one that was looked into is where metrics are missed. Throws RuntimeError 76 where it does
+    /// not exist.
     void load(const QString& folder);
 
     const QStringList& names() const { return names_; }
@@ -36,6 +37,7 @@ private:
     static Widths readWidths(const QString& path);
 
     QString folder_;
+    QString lookedInto_;
     QStringList names_;
     QHash<QString, Widths> widths_;
 };

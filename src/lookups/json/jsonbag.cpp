@@ -124,8 +124,9 @@ QStringList JsonBag::NewEnum() const
     if (isArray_)
         JsonError::fail(5, "Arrays must be iterated using index values");
     QStringList names;
-    for (std::size_t position = 0; position < items_.count(); ++position)
-        names << items_.nameAt(position);
+    if (const JsonNames* const all = items_.names())
+        for (std::size_t place = 0; place < all->size(); ++place)
+            names << all->at(place);
     return names;
 }
 

@@ -10,12 +10,12 @@ constexpr std::size_t usualNames = 8;
 
 std::optional<std::size_t> JsonNames::find(QStringView name) const
 {
-    if (!index_.isEmpty()) {
+    if (hasIndex_) {
         const auto found = index_.constFind(QString::fromRawData(name.data(), name.size()));
         return found == index_.constEnd() ? std::nullopt : std::optional(*found);
     }
     for (std::size_t place = names_.size(); place-- > 0;)
-        if (names_[place] == name && (gaps_.empty() || !gaps_[place]))
+        if (names_[place] == name && places_.isTaken(place))
             return place;
     return std::nullopt;
 }
@@ -25,9 +25,8 @@ void JsonNames::append(const QString& name)
     if (names_.empty())
         names_.reserve(usualNames);
     names_.push_back(name);
-    if (!gaps_.empty())
-        gaps_.push_back(false);
-    if (!index_.isEmpty())
+    places_.append();
+    if (hasIndex_)
         index_.insert(name, names_.size() - 1);
     else if (names_.size() > fewNames)
         buildIndex();
@@ -35,40 +34,30 @@ void JsonNames::append(const QString& name)
 
 void JsonNames::buildIndex()
 {
+    hasIndex_ = true;
     index_.reserve(qsizetype(names_.size()));
     for (std::size_t place = 0; place < names_.size(); ++place)
-        if (gaps_.empty() || !gaps_[place])
+        if (places_.isTaken(place))
             index_.insert(names_[place], place);
 }
 
 void JsonNames::giveUp(std::size_t place)
 {
-    gaps_.resize(names_.size());
-    gaps_[place] = true;
-    ++givenUp_;
-    if (!index_.isEmpty())
+    places_.giveUp(place, names_.size());
+    if (hasIndex_)
         index_.remove(names_[place]);
 }
 
 void JsonNames::settle(std::vector<JsonValue>& values)
 {
-    if (givenUp_ == 0)
+    if (places_.givenUp() == 0)
         return;
-    std::size_t kept = 0;
-    for (std::size_t place = 0; place < names_.size(); ++place)
-        if (!gaps_[place]) {
-            if (kept != place) {
-                names_[kept] = std::move(names_[place]);
-                values[kept] = std::move(values[place]);
-            }
-            ++kept;
-        }
-    names_.resize(kept);
-    values.resize(kept);
-    gaps_.clear();
-    givenUp_ = 0;
+    places_.closeUp(names_);
+    places_.closeUp(values);
+    places_.close();
     index_.clear();
-    if (kept > fewNames)
+    hasIndex_ = false;
+    if (names_.size() > fewNames)
         buildIndex();
 }
 
@@ -104,6 +93,13 @@ const JsonValue* JsonItems::find(QStringView name) const
     return place ? &values_[*place] : nullptr;
 }
 
+void JsonItems::append(JsonValue value)
+{
+    values_.push_back(std::move(value));
+    if (places_)
+        places_->append();
+}
+
 void JsonItems::put(const QString& name, JsonValue value)
 {
     if (const auto place = names_ ? names_->find(name) : std::nullopt) {
@@ -117,15 +113,6 @@ void JsonItems::put(const QString& name, JsonValue value)
     values_.push_back(std::move(value));
 }
 
-void JsonItems::removeAt(std::size_t position)
-{
-    settle();
-    if (names_)
-        giveUp(position);
-    else
-        values_.erase(values_.begin() + qsizetype(position));
-}
-
 void JsonItems::remove(QStringView name)
 {
     if (const auto place = names_ ? names_->find(name) : std::nullopt)
@@ -137,12 +124,14 @@ void JsonItems::assign(std::vector<JsonValue> values, std::shared_ptr<JsonNames>
 {
     values_ = std::move(values);
     names_ = std::move(names);
+    places_.reset();
     texts_ = std::move(texts);
 }
 
 std::vector<JsonValue> JsonItems::take()
 {
     names_.reset();
+    places_.reset();
     texts_.reset();
     return std::exchange(values_, {});
 }
@@ -158,16 +147,24 @@ JsonNames& JsonItems::ownNames()
 
 void JsonItems::giveUp(std::size_t place)
 {
-    constexpr std::size_t bearable = 16;
-    JsonNames& names = ownNames();
-    names.giveUp(place);
     values_[place] = {};
-    if (names.givenUp() > names.size() / 2 + bearable)
-        names.settle(values_);
+    if (names_) {
+        ownNames().giveUp(place);
+    } else {
+        if (!places_)
+            places_ = std::make_unique<JsonPlaces>();
+        places_->giveUp(place, values_.size());
+    }
+    if (places()->isSparse(values_.size()))
+        settle();
 }
 
 void JsonItems::settle() const
 {
-    if (names_)
+    if (names_) {
         names_->settle(values_); // no one shares names with gaps
+    } else if (places_) {
+        places_->closeUp(values_);
+        places_.reset();
+    }
 }

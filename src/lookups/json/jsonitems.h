@@ -1,5 +1,6 @@
 #pragma once
 
+#include "lookups/json/jsonplaces.h"
 #include "lookups/json/jsontexts.h"
 #include "lookups/json/jsonvalue.h"
 
@@ -10,15 +11,14 @@
 #include <optional>
 #include <vector>
 
-/// The names of an object by their places, in the order of insertion. A name that was removed or that moved
-/// to the end leaves its place behind as given up, until settle() closes the gaps: so a name is found, moved
-/// and removed in the same time in a large object as in a small one.
+/// The names of an object by their places, in the order of insertion. A name is found, moved to the end and
+/// removed in the same time in a large object as in a small one.
 class JsonNames
 {
 public:
     /// All places, those given up included.
     std::size_t size() const { return names_.size(); }
-    std::size_t givenUp() const { return givenUp_; }
+    const JsonPlaces& places() const { return places_; }
     const QString& at(std::size_t place) const { return names_[place]; }
 
     std::optional<std::size_t> find(QStringView name) const;
@@ -36,31 +36,31 @@ private:
     void buildIndex();
 
     std::vector<QString> names_;
-    std::vector<bool> gaps_;            ///< empty until the first place is given up
-    QHash<QString, std::size_t> index_; ///< empty while there are few names
-    std::size_t givenUp_ = 0;
+    JsonPlaces places_;
+    QHash<QString, std::size_t> index_; ///< of the names at places that are taken
+    bool hasIndex_ = false;             ///< not while there are few names
 };
 
 /// The ordered values of an array, or of an object with their names. Positions are from 0.
 class JsonItems
 {
 public:
-    std::size_t count() const { return values_.size() - (names_ ? names_->givenUp() : 0); }
+    std::size_t count() const { return values_.size() - (places() ? places()->givenUp() : 0); }
 
     /// The value at a position below count(), and its name in an object.
-    const JsonValue& at(std::size_t position) const { return values()[position]; }
-    const QString& nameAt(std::size_t position) const { return names()->at(position); }
+    const JsonValue& at(std::size_t position) const { return values_[placeOf(position)]; }
+    const QString& nameAt(std::size_t position) const { return names_->at(placeOf(position)); }
     /// All values in order, and their names at the same places: null for an array.
     const std::vector<JsonValue>& values() const;
     const JsonNames* names() const;
     /// Null where no item has the name.
     const JsonValue* find(QStringView name) const;
 
-    void append(JsonValue value) { values_.push_back(std::move(value)); }
-    void replace(std::size_t position, JsonValue value) { values_[position] = std::move(value); }
+    void append(JsonValue value);
+    void replace(std::size_t position, JsonValue value) { values_[placeOf(position)] = std::move(value); }
     /// Adds the item at the end; one of the same name goes.
     void put(const QString& name, JsonValue value);
-    void removeAt(std::size_t position);
+    void removeAt(std::size_t position) { giveUp(placeOf(position)); }
     void remove(QStringView name);
 
     /// Takes over values, with their names if they are an object's, and holds on to what keeps their texts.
@@ -70,6 +70,9 @@ public:
     std::vector<JsonValue> take();
 
 private:
+    /// Null where no place is given up.
+    const JsonPlaces* places() const { return names_ ? &names_->places() : places_.get(); }
+    std::size_t placeOf(std::size_t position) const { return places() ? places()->at(position) : position; }
     JsonNames& ownNames();
     void giveUp(std::size_t place);
     void settle() const;
@@ -77,5 +80,6 @@ private:
     mutable std::vector<JsonValue> values_;
     /// Shared by the objects of a document that have the same names, and then without gaps.
     mutable std::shared_ptr<JsonNames> names_;
+    mutable std::unique_ptr<JsonPlaces> places_; ///< of an array that has gaps
     std::shared_ptr<const JsonTexts> texts_;
 };

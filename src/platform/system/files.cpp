@@ -104,7 +104,9 @@ void write(const QString& path, const QByteArray& content)
 {
     QSaveFile file(path);
     file.setDirectWriteFallback(true); // a file that may be written in a folder that may not
-    if (!file.open(QIODevice::WriteOnly) || file.write(content) != content.size() || !file.commit())
+    // What is still in the buffer goes to the disk first: commit() would not tell that it does not fit.
+    if (!file.open(QIODevice::WriteOnly) || file.write(content) != content.size() || !file.flush() ||
+        !file.commit())
         Errors::fileAccess(path, file.errorString());
 }
 

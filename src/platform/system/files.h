@@ -36,8 +36,8 @@ void makeFolder(const QString& path);
 /// Throws RuntimeError 53 where the file does not exist, 75 where it cannot be read.
 QByteArray read(const QString& path);
 
-/// Replaces the file whole: a reader sees the old content or the new, where the folder allows it. Throws
-/// RuntimeError 75.
+/// Replaces the file whole, where the folder allows it: a reader sees the old content or the new, and the old
+/// one stays where the disk has no room for the new one. Throws RuntimeError 75.
 void write(const QString& path, const QByteArray& content);
 
 /// Lets those who may read the file run it as a program, where the system keeps that with the file. Throws

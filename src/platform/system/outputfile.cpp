@@ -17,6 +17,9 @@ void OutputFile::writeLine(const QByteArray& line)
         Errors::fileAccess(file_.fileName(), file_.errorString());
     line_.truncate(0);
     line_.append(line).append("\r\n");
-    if (file_.write(line_) != line_.size())
-        Errors::fileAccess(file_.fileName(), file_.errorString());
+    if (file_.write(line_) != line_.size()) {
+        const QString reason = file_.errorString();
+        file_.remove();
+        Errors::fileAccess(file_.fileName(), reason);
+    }
 }

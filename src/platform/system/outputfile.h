@@ -5,7 +5,8 @@
 #include <QString>
 
 /// A file that is written from its start, a line at a time; every line is with the system before the call
-/// returns. Lines end in CR LF. What is written stays when the object goes.
+/// returns. Lines end in CR LF. What is written stays when the object goes, but a line that cannot be
+/// written, as on a full disk, takes the file with it: none is left that is spoilt.
 class OutputFile
 {
 public:

@@ -6,6 +6,7 @@
 #include <QList>
 #include <algorithm>
 #include <array>
+#include <chrono>
 
 using namespace Qt::StringLiterals;
 
@@ -71,6 +72,27 @@ std::optional<QTime> readTime(QStringView text)
     return QTime(*hour, *minute, *second);
 }
 
+QDate known(QDate date)
+{
+    if (!date.isValid())
+        Errors::typeMismatch({});
+    return date;
+}
+
+QDate inRange(QDate date)
+{
+    if (!date.isValid() || date < QDate(100, 1, 1) || date > QDate(9999, 12, 31))
+        Errors::invalidArgument();
+    return date;
+}
+
+QDateTime later(const QDateTime& moment, std::chrono::seconds seconds)
+{
+    const QDateTime face(known(moment.date()), moment.time(), Qt::UTC); // which has no summer time
+    const QDateTime result = face.addSecs(seconds.count());
+    return QDateTime(inRange(result.date()), result.time());
+}
+
 } // namespace
 
 std::optional<QDateTime> readDate(QStringView text)
@@ -102,11 +124,29 @@ QDateTime toDate(QStringView text)
     return *moment;
 }
 
+QDate addDays(QDate date, qint32 days)
+{
+    return inRange(known(date).addDays(days));
+}
+
+QDate addMonths(QDate date, qint32 months)
+{
+    return inRange(known(date).addMonths(months));
+}
+
+QDateTime addHours(const QDateTime& moment, qint32 hours)
+{
+    return later(moment, std::chrono::hours(hours));
+}
+
+QDateTime addMinutes(const QDateTime& moment, qint32 minutes)
+{
+    return later(moment, std::chrono::minutes(minutes));
+}
+
 int weekday(QDate date)
 {
-    if (!date.isValid())
-        Errors::typeMismatch({});
-    return date.dayOfWeek() % 7 + 1;
+    return known(date).dayOfWeek() % 7 + 1;
 }
 
 QString weekdayName(int weekday)

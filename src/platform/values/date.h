@@ -22,6 +22,17 @@ bool isDate(QStringView text);
 /// Throws RuntimeError 13 where isDate is false.
 QDateTime toDate(QStringView text);
 
+/// So many days or calendar months later, or earlier for a negative number; a month that lacks the day gives
+/// its last one. Throws RuntimeError 13 for an invalid date, 5 where the result lies before 01/01/0100 or
+/// behind 31/12/9999.
+QDate addDays(QDate date, qint32 days);
+QDate addMonths(QDate date, qint32 months);
+
+/// The same with hours and minutes, which are added to date and time as a clock shows them: 12 hours behind
+/// 20:00 it is 08:00, also in the night in which summer time begins or ends.
+QDateTime addHours(const QDateTime& moment, qint32 hours);
+QDateTime addMinutes(const QDateTime& moment, qint32 minutes);
+
 /// 1 for Sunday to 7 for Saturday. Throws RuntimeError 13 for an invalid date.
 int weekday(QDate date);
 

@@ -6,19 +6,18 @@
 #include <charconv>
 #include <cmath>
 
-Decimal Decimal::of(double value)
+Decimal Decimal::of(double value, int significant)
 {
-    constexpr int Significant = 15;
     if (!std::isfinite(value))
         Errors::overflow();
 
     std::array<char, 32> text; // "d.dddddddddddddde-ddd"
     const char* end = std::to_chars(text.data(), text.data() + text.size(), std::fabs(value),
-                                    std::chars_format::scientific, Significant - 1)
+                                    std::chars_format::scientific, significant - 1)
                           .ptr;
-    QByteArray digits(text.data(), Significant + 1);
+    QByteArray digits(text.data(), significant + 1);
     digits.remove(1, 1);
-    const char* power = text.data() + Significant + 2;
+    const char* power = text.data() + significant + 2;
     int exponent = 0;
     std::from_chars(*power == '+' ? power + 1 : power, end, exponent);
 
@@ -27,8 +26,8 @@ Decimal Decimal::of(double value)
     const int front = exponent + 1;
     if (front <= 0)
         result.fraction = QByteArray(-front, '0') + digits;
-    else if (front >= Significant)
-        result.whole = digits + QByteArray(front - Significant, '0');
+    else if (front >= significant)
+        result.whole = digits + QByteArray(front - significant, '0');
     else {
         result.whole = digits.left(front);
         result.fraction = digits.mid(front);

@@ -12,9 +12,9 @@ struct Decimal
     /// ASCII digits behind the decimal mark, without trailing zeros.
     QByteArray fraction;
 
-    /// The value on 15 significant digits, which a double always holds. Throws RuntimeError 6 if it is not
+    /// The value on so many significant digits; a double always holds 15. Throws RuntimeError 6 if it is not
     /// finite.
-    static Decimal of(double value);
+    static Decimal of(double value, int significant = 15);
 
     /// Half away from zero to so many digits behind the mark. What becomes zero loses its sign.
     void round(qsizetype places);

@@ -12,6 +12,11 @@ RuntimeError::RuntimeError(int number, const QString& description, const QString
 
 namespace Errors {
 
+void invalidArgument()
+{
+    throw RuntimeError(5, u"Chamada de procedimento ou argumento inválido"_s);
+}
+
 void overflow()
 {
     throw RuntimeError(6, u"Estouro"_s);
@@ -20,6 +25,11 @@ void overflow()
 void subscriptOutOfRange()
 {
     throw RuntimeError(9, u"Subscrito fora do intervalo"_s);
+}
+
+void divisionByZero()
+{
+    throw RuntimeError(11, u"Divisão por zero"_s);
 }
 
 void typeMismatch(const QString& text)

@@ -112,6 +112,23 @@ double toNumber(QStringView text)
     return *value;
 }
 
+double divide(double dividend, double divisor)
+{
+    if (divisor == 0)
+        Errors::divisionByZero();
+    const double quotient = dividend / divisor;
+    if (!std::isfinite(quotient))
+        Errors::overflow();
+    return quotient;
+}
+
+float toSingle(double value)
+{
+    if (!(std::fabs(value) <= std::numeric_limits<float>::max()))
+        Errors::overflow();
+    return static_cast<float>(value);
+}
+
 qint16 toInt16(double value)
 {
     return nearest<qint16>(value);
@@ -167,4 +184,19 @@ double leadingNumber(QStringView text)
 QString plainNumber(double value)
 {
     return QString::fromLatin1(Decimal::of(value).text());
+}
+
+QString plainSingle(float value)
+{
+    constexpr int Significant = 7;
+    const Decimal digits = Decimal::of(value, Significant);
+    if (digits.whole.size() <= Significant && digits.fraction.size() <= Significant)
+        return QString::fromLatin1(digits.text());
+
+    QByteArray text = QByteArray::number(value, 'E', Significant - 1);
+    const qsizetype exponent = text.indexOf('E');
+    qsizetype last = exponent;
+    while (text[last - 1] == '0' || text[last - 1] == '.')
+        --last;
+    return QString::fromLatin1(text.remove(last, exponent - last));
 }

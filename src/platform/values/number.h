@@ -17,6 +17,14 @@ bool isNumeric(QStringView text);
 /// The number in the text. Throws RuntimeError 13 where isNumeric is false.
 double toNumber(QStringView text);
 
+/// The quotient. Throws RuntimeError 11 where the divisor is zero, whatever the dividend, 6 where the
+/// quotient is not finite.
+double divide(double dividend, double divisor);
+
+/// The nearest single-precision number. As a double it is what its binary digits are and not what was typed:
+/// toSingle(33.3333) is 33.33330154418945. Throws RuntimeError 6 beyond the type's range.
+float toSingle(double value);
+
 /// The nearest whole number, a half going to the even neighbour: 0.5 -> 0, 1.5 -> 2, 2.5 -> 2, -1.5 -> -2.
 /// Throws RuntimeError 6 outside the type's range and for a number that is not finite.
 qint16 toInt16(double value);
@@ -34,3 +42,8 @@ double leadingNumber(QStringView text);
 /// The number on 15 significant digits with a point as decimal mark and no exponent, for a place that wants
 /// no mask: 1234.5 -> "1234.5", 0.1 + 0.2 -> "0.3". Throws RuntimeError 6 for a number that is not finite.
 QString plainNumber(double value);
+
+/// The same for a single-precision number, on its seven significant digits, and also with a point: 860.585f
+/// -> "860.585". With an exponent from 10 million on and where more than seven digits would stand behind the
+/// point: 49210480 -> "4.921048E+07", 1 / 30 -> "3.333333E-02".
+QString plainSingle(float value);
