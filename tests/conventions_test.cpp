@@ -59,8 +59,9 @@ const QList<Room>& rooms()
         const QStringList platform =
             values + QStringList{u"platform/system/"_s, u"platform/data/"_s, u"platform/forms/"_s};
         const QStringList core = platform + QStringList{u"app/core/"_s};
-        const QStringList registers = core + QStringList{u"layout/"_s, u"documents/"_s, u"lookups/"_s,
-                                                         u"lookups/json/"_s, u"registers/"_s};
+        const QStringList printing = core + QStringList{u"documents/"_s};
+        const QStringList registers = core + QStringList{u"layout/"_s, u"lookups/"_s, u"lookups/json/"_s};
+        const QStringList all = registers + QStringList{u"documents/"_s, u"printing/"_s, u"registers/"_s};
         const QStringList screens = {u"agenda/"_s, u"contracts/"_s, u"purchasing/"_s, u"payables/"_s};
         QList<Room> rooms = {{u"platform/values/"_s, {}},
                              {u"platform/system/"_s, values},
@@ -71,10 +72,11 @@ const QList<Room>& rooms()
                              {u"documents/"_s, core},
                              {u"lookups/json/"_s, values},
                              {u"lookups/"_s, core + QStringList{u"lookups/json/"_s}},
+                             {u"printing/"_s, printing},
                              {u"registers/"_s, registers},
-                             {u"app/"_s, registers + screens}};
+                             {u"app/"_s, all + screens}};
         for (const QString& folder : screens)
-            rooms.append({folder, registers});
+            rooms.append({folder, all});
         return rooms;
     }();
     return list;
@@ -138,6 +140,10 @@ TEST(Conventions, EachRuleIsAbleToFail)
         {u"agenda/a.h"_s, u"#include \"contracts/frmOs_MNT.h\""_s, true},
         {u"registers/a.h"_s, u"#include \"app/frmprincipal.h\""_s, true},
         {u"agenda/a.h"_s, u"#include \"registers/busca.h\""_s, false},
+        {u"agenda/a.h"_s, u"#include \"printing/impresso.h\""_s, false},
+        {u"printing/a.h"_s, u"#include \"documents/pdfprinter.h\""_s, false},
+        {u"printing/a.h"_s, u"#include \"registers/busca.h\""_s, true},
+        {u"registers/a.h"_s, u"#include \"printing/impresso.h\""_s, true},
         {u"app/frmconfig.cpp"_s, u"#include \"app/core/menu.h\""_s, false},
     };
     for (const auto& row : rows)

@@ -31,19 +31,6 @@ QString linhaDoPagamento(const QString& tipo, const QString& valor, const QStrin
     return QStringList{fixedWidth(tipo, 20), valor.rightJustified(15), obs}.join(barra);
 }
 
-QString comPonto(double valor, QStringView mascara)
-{
-    return Format(valor, mascara).replace(QLatin1Char(','), QLatin1Char('.'));
-}
-
-void gravaLinha(const QString& comando)
-{
-    AbreConexao();
-    Conexao.BeginTrans();
-    Conexao.Execute(comando);
-    Conexao.CommitTrans();
-}
-
 } // namespace
 
 double emCentavos(double valor)
@@ -96,8 +83,8 @@ void Fechamento::grava() const
         grava(procedimento, idatendimento);
     for (const PagamentoRecebido& pagamento : pagamentos)
         grava(pagamento, idatendimento);
-    gravaLinha("update agenda_clinica set status = '2' where idlic = " + aspas(idlic) +
-               " and idagenda = " + aspas(idagenda));
+    ExecutaEmTransacao({"update agenda_clinica set status = '2' where idlic = " + aspas(idlic) +
+                        " and idagenda = " + aspas(idagenda)});
 }
 
 void Fechamento::grava(const ProcedimentoCobrado& procedimento, const QString& idatendimento) const
@@ -106,20 +93,21 @@ void Fechamento::grava(const ProcedimentoCobrado& procedimento, const QString& i
     const QString idlan = idlic.trimmed() + QLatin1Char('0') + Format(data, u"ddmmyy") + hr + idpac +
                           procedimento.idproc + idprof;
     // The quantity without the points of its groups, which would be decimal points to the server.
-    gravaLinha(
-        "insert into atendimentos "
-        "(idlan,idlic,ondeatd,idprof,idproc,dt,hr,qtde,valor,cf,idatendimento,idconv,evcad,idpac) "
-        "values (" +
-        aspas({idlan, idlic, u"0"_s, idprof, procedimento.idproc, Format(data, u"yyyy/mm/dd"), hr,
-               plainNumber(toNumber(procedimento.qtde)), comPonto(procedimento.valor, u"#########0.00##"),
-               u"N"_s, idatendimento, procedimento.idconv, carimbo(), idpac}) +
-        ")");
+    ExecutaEmTransacao(
+        {"insert into atendimentos "
+         "(idlan,idlic,ondeatd,idprof,idproc,dt,hr,qtde,valor,cf,idatendimento,idconv,evcad,idpac) "
+         "values (" +
+         aspas({idlan, idlic, u"0"_s, idprof, procedimento.idproc, emColuna(data), hr,
+                plainNumber(toNumber(procedimento.qtde)),
+                comPonto(Format(procedimento.valor, u"#########0.00##")), u"N"_s, idatendimento,
+                procedimento.idconv, carimbo(), idpac}) +
+         ")"});
 }
 
 void Fechamento::grava(const PagamentoRecebido& pagamento, const QString& idatendimento) const
 {
-    gravaLinha("insert into atendimento_finan (idlic,idatend,mp,obs,valor,cf,evcad) values (" +
-               aspas({idlic, idatendimento, pagamento.tipo.trimmed(), pagamento.obs.trimmed(),
-                      comPonto(pagamento.valor, u"###########0.00##"), u"N"_s, carimbo()}) +
-               ")");
+    ExecutaEmTransacao({"insert into atendimento_finan (idlic,idatend,mp,obs,valor,cf,evcad) values (" +
+                        aspas({idlic, idatendimento, pagamento.tipo.trimmed(), pagamento.obs.trimmed(),
+                               comPonto(Format(pagamento.valor, u"###########0.00##")), u"N"_s, carimbo()}) +
+                        ")"});
 }

@@ -1,10 +1,11 @@
 #include "agenda/frmcli_agenda.h"
 
-#include "agenda/codigos.h"
 #include "agenda/frmcli_agenda_pesquisa.h"
 #include "agenda/impressaoagenda.h"
 #include "agenda/linhaagenda.h"
+#include "agenda/painelagendamento.h"
 #include "agenda/sinaisagenda.h"
+#include "app/core/itens.h"
 #include "app/core/menu.h"
 #include "app/core/sql.h"
 #include "app/core/variaveis.h"
@@ -14,9 +15,10 @@
 #include "platform/values/date.h"
 #include "platform/values/error.h"
 #include "platform/values/format.h"
-#include "platform/values/number.h"
+#include "registers/escolha.h"
 #include "ui_frmcli_agenda.h"
 
+#include <QLayout>
 #include <QScreen>
 #include <QSignalBlocker>
 
@@ -31,11 +33,6 @@ QString hojePorExtenso()
     const QDate hoje = Clock::today();
     return u"HOJE: %1, %2 de %3 de %4"_s.arg(weekdayName(weekday(hoje)), QString::number(hoje.day()),
                                              monthName(hoje.month()), QString::number(hoje.year()));
-}
-
-QString emColuna(QDate dia)
-{
-    return Format(dia, u"yyyy/mm/dd");
 }
 
 } // namespace
@@ -58,7 +55,6 @@ frmCli_Agenda::frmCli_Agenda() : ui(std::make_unique<Ui::frmCli_Agenda>())
                                {u"NMPROC"_s, u"PROCEDIMENTO"_s, 30}});
     ui->DataGrid1->setDataSource(&Adodc1);
     wire();
-    wirePainel();
 }
 
 frmCli_Agenda::~frmCli_Agenda() = default;
@@ -79,6 +75,19 @@ void frmCli_Agenda::wire()
     onClick(ui->Command1, &frmCli_Agenda::Command1_Click);
     onClick(ui->Command6, &frmCli_Agenda::Command6_Click);
     onDblClick(ui->DataGrid1, &frmCli_Agenda::DataGrid1_DblClick);
+    onClick(ui->List1, &frmCli_Agenda::List1_Click);
+    onDblClick(ui->List1, &frmCli_Agenda::List1_DblClick);
+    onKeyPress(ui->List1, [this](int& tecla) {
+        if (tecla != ' ')
+            return;
+        tecla = 0;
+        List1_DblClick();
+    });
+    onLostFocus(ui->frmAgendamento->txtIdPac(), &frmCli_Agenda::txtIdPac_LostFocus);
+    onLostFocus(ui->frmAgendamento->txtIdConv(), &frmCli_Agenda::txtIdConv_LostFocus);
+    connect(ui->frmAgendamento, &PainelAgendamento::abrindo, this, &frmCli_Agenda::painelAbrindo);
+    connect(ui->frmAgendamento, &PainelAgendamento::alterado, this, &frmCli_Agenda::MontaAgenda);
+    connect(ui->frmAgendamento, &PainelAgendamento::deixado, this, &frmCli_Agenda::painelDeixado);
     onKey(Qt::Key_F2, &frmCli_Agenda::F2);
     onKey(Qt::Key_F3, &frmCli_Agenda::F3);
 }
@@ -122,7 +131,7 @@ void frmCli_Agenda::Form_Escape()
 void frmCli_Agenda::F2()
 {
     if (ui->frmAgendamento->isVisible())
-        buscaPaciente();
+        ui->frmAgendamento->buscaPaciente();
     else
         Command1_Click();
 }
@@ -130,22 +139,14 @@ void frmCli_Agenda::F2()
 void frmCli_Agenda::F3()
 {
     if (ui->frmAgendamento->isVisible())
-        buscaConvenio();
+        ui->frmAgendamento->buscaConvenio();
     else
         Command6_Click();
 }
 
-void frmCli_Agenda::tomaProfissional()
-{
-    const QString item = ui->cboPro->currentText();
-    idpro_ = codigoDoItem(item, 4);
-    valor_ = readNumber(codigoDoItem(item, 3)).value_or(0);
-    idesp_ = codigoDoItem(item, 2).toLongLong();
-}
-
 void frmCli_Agenda::cboPro_Click()
 {
-    tomaProfissional();
+    idpro_ = codigoDoItem(ui->cboPro->currentText(), 4);
     ui->Calendar1->setValue(Clock::today());
     MontaAgenda();
 }
@@ -172,15 +173,11 @@ void frmCli_Agenda::Command1_Click()
 {
     if (!ui->Command1->isEnabled())
         return;
-    RetornoCodigo = idpro_;
-    RetornoNome = ui->cboPro->currentText();
-    Form::of<frmCli_Agenda_Pesquisa>().ShowModal();
-    if (const auto dia = readDate(RetornoCodigo)) {
-        ui->Calendar1->setValue(dia->date());
-        MontaAgenda();
-    }
-    RetornoCodigo.clear();
-    RetornoNome.clear();
+    const auto escolha = escolhe<frmCli_Agenda_Pesquisa>({idpro_, ui->cboPro->currentText()});
+    if (!escolha || !isDate(escolha->codigo))
+        return;
+    ui->Calendar1->setValue(toDate(escolha->codigo).date());
+    MontaAgenda();
 }
 
 void frmCli_Agenda::Command6_Click()
@@ -216,6 +213,58 @@ void frmCli_Agenda::DataGrid1_DblClick()
     Adodc1.Refresh();
 }
 
+void frmCli_Agenda::List1_Click()
+{
+    if (ui->List1->ListIndex() >= 0)
+        ui->frmAgendamento->tomaHorario(ui->List1->List(ui->List1->ListIndex()));
+}
+
+void frmCli_Agenda::List1_DblClick()
+{
+    if (ui->List1->ListIndex() >= 0)
+        ui->frmAgendamento->abre(ui->List1->List(ui->List1->ListIndex()));
+}
+
+void frmCli_Agenda::txtIdPac_LostFocus()
+{
+    ui->frmAgendamento->txtIdPac_LostFocus();
+}
+
+void frmCli_Agenda::txtIdConv_LostFocus()
+{
+    ui->frmAgendamento->txtIdConv_LostFocus();
+}
+
+void frmCli_Agenda::painelAbrindo()
+{
+    for (QWidget* doDia : std::initializer_list<QWidget*>{ui->Command1, ui->Command6, ui->cboPro})
+        doDia->setEnabled(false);
+    colocaPainel();
+}
+
+void frmCli_Agenda::painelDeixado()
+{
+    for (QWidget* doDia : std::initializer_list<QWidget*>{ui->Command1, ui->Command6, ui->cboPro, ui->List1})
+        doDia->setEnabled(true);
+    ui->List1->setFocus();
+}
+
+/// Leaves the times and the first letters of the names in sight, so that another line can be picked.
+void frmCli_Agenda::colocaPainel()
+{
+    if (!isVisible()) {
+        // Before the first showing: the layouts have not placed anything yet.
+        ensurePolished();
+        resize(openingSize());
+        layout()->activate();
+        ui->frmAgendamento->resize(ui->frmAgendamento->sizeHint());
+    }
+    const QFontMetrics letra(ui->List1->font());
+    ui->frmAgendamento->move(ui->List1->geometry().topLeft() +
+                             QPoint(letra.averageCharWidth() * 30, letra.height() * 2));
+    ui->frmAgendamento->raise();
+}
+
 void frmCli_Agenda::MontaAgenda()
 {
     const QString hora =
@@ -224,6 +273,7 @@ void frmCli_Agenda::MontaAgenda()
     Repaint();
     ui->List1->Clear();
     const QDate dia = ui->Calendar1->Value();
+    ui->frmAgendamento->recebe(ui->cboPro->currentText(), dia);
     ui->lDia->setText(u"AGENDA DO DIA: "_s + Format(dia, u"dd/mm/yyyy"));
     AbreConexao();
     mostraFeriado(dia);

@@ -3,7 +3,6 @@
 #include "app/core/sql.h"
 #include "app/core/variaveis.h"
 #include "platform/system/clock.h"
-#include "platform/values/format.h"
 #include "platform/values/number.h"
 #include "ui_frmcli_agenda_pesquisa.h"
 
@@ -53,9 +52,8 @@ void frmCli_Agenda_Pesquisa::txtnmpac_Change()
         "select * from agenda_clinica left join profissionais on agenda_clinica.idpro like "
         "profissionais.idpro left join procedimentos on agenda_clinica.idproc like procedimentos.idproc "
         "where agenda_clinica.idlic = " +
-        aspas(idlic) + " and agenda_clinica.dia >= " + aspas(Format(Clock::today(), u"yyyy/mm/dd")) +
-        " and agenda_clinica.nmpac like " + aspas(QLatin1Char('%') + texto + QLatin1Char('%')) +
-        " order by nmpac,dia,hr");
+        aspas(idlic) + " and agenda_clinica.dia >= " + aspas(emColuna(Clock::today())) +
+        " and agenda_clinica.nmpac like " + contem(texto) + " order by nmpac,dia,hr");
     Adodc1.Refresh();
 }
 

@@ -1,14 +1,15 @@
 #include "agenda/frmcli_agendacf.h"
 
-#include "agenda/codigos.h"
+#include "app/core/caixas.h"
+#include "app/core/itens.h"
 #include "app/core/sql.h"
 #include "app/core/variaveis.h"
-#include "platform/data/recordset.h"
 #include "platform/forms/dialogs.h"
 #include "platform/forms/hourglass.h"
 #include "platform/forms/theme.h"
 #include "platform/values/format.h"
 #include "platform/values/number.h"
+#include "registers/escolha.h"
 #include "registers/telasdebusca.h"
 #include "ui_frmcli_agendacf.h"
 
@@ -18,20 +19,19 @@ using namespace Variaveis;
 
 namespace {
 
-bool isVazia(const QLineEdit* caixa)
+/// The box stays as it is where the code is nobody's.
+void mostraNome(QLineEdit* caixa, const std::optional<QString>& nome)
 {
-    return caixa->text().trimmed().isEmpty();
+    if (nome)
+        caixa->setText(*nome);
 }
 
-/// Puts the column of the row found into the box, which stays as it is where none is found.
-void mostraNome(QLineEdit* nome, const QString& coluna, const QString& consulta)
+void toma(const std::optional<Escolha>& escolha, QLineEdit* codigo, QLineEdit* nome)
 {
-    AbreConexao();
-    ADODB::Recordset rs;
-    rs.Open(consulta, Conexao, 0, 1);
-    if (!rs.Eof())
-        nome->setText(rs.Fields(coluna).text());
-    rs.Close();
+    if (!escolha || !isNumeric(escolha->codigo))
+        return;
+    codigo->setText(escolha->codigo.trimmed());
+    nome->setText(escolha->nome.trimmed());
 }
 
 /// Takes the current line out of the list, and out of `linhas` behind it, if the user says so.
@@ -97,7 +97,7 @@ void frmCli_AgendaCF::wire()
 
 void frmCli_AgendaCF::recebe(const AtendimentoAFechar& atendimento)
 {
-    fechamento_ = {.idpac = codigoDigitado(atendimento.idPac),
+    fechamento_ = {.idpac = codigoInteiro(atendimento.idPac),
                    .idprof = codigoDoItem(atendimento.profissional, 4),
                    .idagenda = atendimento.idAgenda,
                    .data = atendimento.data,
@@ -120,28 +120,15 @@ void frmCli_AgendaCF::recebe(const AtendimentoAFechar& atendimento)
 
 void frmCli_AgendaCF::procuraProcedimento()
 {
-    if (!ui->txtIdProc->isEnabled())
-        return;
-    RetornoCodigo = u"0"_s; // the clinic's
-    RetornoNome.clear();
-    Form::of<frmBuscaProcedimentos>().ShowModal();
-    if (!isNumeric(RetornoCodigo))
-        return;
-    ui->txtIdProc->setText(RetornoCodigo.trimmed());
-    ui->txtNmProc->setText(RetornoNome.trimmed());
+    const QString daClinica = u"0"_s;
+    if (ui->txtIdProc->isEnabled())
+        toma(escolhe<frmBuscaProcedimentos>({daClinica, {}}), ui->txtIdProc, ui->txtNmProc);
 }
 
 void frmCli_AgendaCF::procuraConvenio()
 {
-    if (!ui->txtIdConv->isEnabled())
-        return;
-    RetornoCodigo.clear();
-    RetornoNome.clear();
-    Form::of<frmBuscaConvenios>().ShowModal();
-    if (!isNumeric(RetornoCodigo))
-        return;
-    ui->txtIdConv->setText(RetornoCodigo.trimmed());
-    ui->txtNmConv->setText(RetornoNome.trimmed());
+    if (ui->txtIdConv->isEnabled())
+        toma(escolhe<frmBuscaConvenios>(), ui->txtIdConv, ui->txtNmConv);
 }
 
 void frmCli_AgendaCF::txtIdProc_Change()
@@ -152,9 +139,11 @@ void frmCli_AgendaCF::txtIdProc_Change()
 void frmCli_AgendaCF::txtIdProc_LostFocus()
 {
     if (isNumeric(ui->txtIdProc->text()))
-        mostraNome(ui->txtNmProc, u"nmproc"_s,
-                   "select * from procedimentos where idlic = " + aspas(idlic) + " and idproc like " +
-                       codigoDigitado(ui->txtIdProc->text()) + " and ondeatd = '0'");
+        mostraNome(ui->txtNmProc,
+                   nomeDoCodigo("select * from procedimentos where idlic = " + aspas(idlic) +
+                                    " and idproc like " + codigoInteiro(ui->txtIdProc->text()) +
+                                    " and ondeatd = '0'",
+                                u"nmproc"_s));
 }
 
 void frmCli_AgendaCF::txtIdConv_Change()
@@ -165,9 +154,9 @@ void frmCli_AgendaCF::txtIdConv_Change()
 void frmCli_AgendaCF::txtIdConv_LostFocus()
 {
     if (isNumeric(ui->txtIdConv->text()))
-        mostraNome(ui->txtNmConv, u"nmconv"_s,
-                   "select * from convenios where idlic = " + aspas(idlic) + " and idconv like " +
-                       codigoDigitado(ui->txtIdConv->text()));
+        mostraNome(ui->txtNmConv, nomeDoCodigo("select * from convenios where idlic = " + aspas(idlic) +
+                                                   " and idconv like " + codigoInteiro(ui->txtIdConv->text()),
+                                               u"nmconv"_s));
 }
 
 void frmCli_AgendaCF::txtQt_Click()
@@ -203,10 +192,9 @@ void frmCli_AgendaCF::Command2_Click()
 {
     if (recusa())
         return;
-    fechamento_.procedimentos.push_back({ui->txtNmProc->text(), ui->txtQt->text().trimmed(),
-                                         emCentavos(toNumber(ui->txtVR->text())), ui->txtNmConv->text(),
-                                         codigoDigitado(ui->txtIdConv->text()),
-                                         codigoDigitado(ui->txtIdProc->text())});
+    fechamento_.procedimentos.push_back(
+        {ui->txtNmProc->text(), ui->txtQt->text().trimmed(), emCentavos(toNumber(ui->txtVR->text())),
+         ui->txtNmConv->text(), codigoInteiro(ui->txtIdConv->text()), codigoInteiro(ui->txtIdProc->text())});
     ui->List1->AddItem(fechamento_.procedimentos.back().linha());
     for (QLineEdit* caixa : {ui->txtIdProc, ui->txtNmProc, ui->txtQt, ui->txtVR})
         caixa->clear();

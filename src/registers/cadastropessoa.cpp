@@ -1,5 +1,6 @@
 #include "registers/cadastropessoa.h"
 
+#include "app/core/caixas.h"
 #include "app/core/rotirnas.h"
 #include "app/core/sql.h"
 #include "app/core/variaveis.h"
@@ -94,7 +95,7 @@ bool CadastroPessoa::codigoInformado() const
 
 QString CadastroPessoa::condicaoDoCodigo() const
 {
-    return descricao_.codigo + " = " + plainNumber(toNumber(pessoa.txtcodcli->text()));
+    return descricao_.codigo + " = " + codigoDaCaixa(pessoa.txtcodcli);
 }
 
 /// The code box keeps its text: leaving it empty or with an unknown code comes through here.
@@ -131,8 +132,7 @@ void CadastroPessoa::DataGrid1_DblClick()
 void CadastroPessoa::Command3_Click()
 {
     const QString nome = InputBox(u"Nome: "_s, descricao_.tituloPesquisa).value_or(QString());
-    Adodc1.setRecordSource(
-        consulta(" AND " + descricao_.nome + " like " + aspas(QLatin1Char('%') + nome + QLatin1Char('%'))));
+    Adodc1.setRecordSource(consulta(" AND " + descricao_.nome + " like " + contem(nome)));
     Adodc1.Refresh();
     pessoa.DataGrid1->setFocus();
 }
@@ -142,12 +142,10 @@ void CadastroPessoa::pesquisaLigado()
     // Left behind the choice, the code box would empty the screen or load a row over it.
     if (pessoa.txtcodcli->hasFocus())
         pessoa.codigoLigado->setFocus();
-    RetornoCodigo.clear();
-    RetornoNome.clear();
-    descricao_.ligacao.pesquisa();
-    if (!isNumeric(RetornoCodigo))
+    const auto escolha = descricao_.ligacao.pesquisa();
+    if (!escolha || !isNumeric(escolha->codigo))
         return;
-    pessoa.codigoLigado->setText(RetornoCodigo.trimmed());
+    pessoa.codigoLigado->setText(escolha->codigo.trimmed());
     pessoa.codigoLigado->setFocus();
 }
 
@@ -161,15 +159,11 @@ void CadastroPessoa::codigoLigado_LostFocus()
     if (!isNumeric(pessoa.codigoLigado->text()))
         return;
     const DescricaoPessoa::Ligacao& ligacao = descricao_.ligacao;
-    AbreConexao();
-    ADODB::Recordset rs;
-    rs.Open("select * from " + ligacao.tabela + " where idlic = " + aspas(idlic) + " and " + ligacao.codigo +
-                " like " + QString::number(integerPart(pessoa.codigoLigado->text())),
-            Conexao, 0, 1);
-    pessoa.nomeLigado->clear();
-    for (; !rs.Eof(); rs.MoveNext())
-        pessoa.nomeLigado->setText(rs.Fields(ligacao.nome).text());
-    rs.Close();
+    const auto nome =
+        nomeDoCodigo("select * from " + ligacao.tabela + " where idlic = " + aspas(idlic) + " and " +
+                         ligacao.codigo + " like " + codigoInteiro(pessoa.codigoLigado->text()),
+                     ligacao.nome);
+    pessoa.nomeLigado->setText(nome.value_or(QString()));
 }
 
 void CadastroPessoa::txtcodcli_LostFocus()

@@ -4,6 +4,7 @@
 #include "platform/data/adodc.h"
 #include "platform/forms/datagrid.h"
 #include "platform/forms/form.h"
+#include "registers/escolha.h"
 
 #include <QPushButton>
 
@@ -24,7 +25,7 @@ struct DescricaoPessoa
         QString tabela;
         QString codigo; ///< its column, which has the same name in the register's own table
         QString nome;
-        std::function<void()> pesquisa; ///< opens the search dialog
+        std::function<std::optional<Escolha>()> pesquisa; ///< opens the search dialog
     };
     Ligacao ligacao;
 };

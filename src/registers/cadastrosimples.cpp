@@ -1,5 +1,6 @@
 #include "registers/cadastrosimples.h"
 
+#include "app/core/caixas.h"
 #include "app/core/sql.h"
 #include "app/core/variaveis.h"
 #include "platform/forms/dialogs.h"
@@ -58,7 +59,7 @@ bool CadastroSimples::codigoInformado() const
 
 QString CadastroSimples::codigoDigitado() const
 {
-    return plainNumber(toNumber(ui->txtcodcli->text()));
+    return codigoDaCaixa(ui->txtcodcli);
 }
 
 void CadastroSimples::Limpa()

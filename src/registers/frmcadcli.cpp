@@ -22,7 +22,7 @@ frmcadcli::frmcadcli()
                       .ligacao = {.tabela = u"convenios"_s,
                                   .codigo = u"idconv"_s,
                                   .nome = u"nmconv"_s,
-                                  .pesquisa = [] { Form::of<frmBuscaConvenios>().ShowModal(); }}}),
+                                  .pesquisa = [] { return escolhe<frmBuscaConvenios>(); }}}),
       ui(std::make_unique<Ui::frmcadcli>())
 {
     ui->setupUi(this);

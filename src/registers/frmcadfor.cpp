@@ -1,11 +1,11 @@
 #include "registers/frmcadfor.h"
 
+#include "app/core/caixas.h"
 #include "app/core/sql.h"
 #include "app/core/variaveis.h"
 #include "lookups/validadocumento.h"
 #include "platform/forms/dialogs.h"
 #include "platform/forms/hourglass.h"
-#include "platform/values/number.h"
 #include "ui_frmcadfor.h"
 
 using namespace Qt::StringLiterals;
@@ -53,11 +53,6 @@ void frmCadFor::Form_Unload()
     Adodc1.Close();
 }
 
-QString frmCadFor::codigoDigitado() const
-{
-    return plainNumber(toNumber(ui->txtcodcli->text()));
-}
-
 void frmCadFor::Limpa()
 {
     ui->cmdsalva->setEnabled(true);
@@ -79,8 +74,7 @@ void frmCadFor::pesquisa(const QString& pergunta, const QString& coluna)
 {
     const QString texto = InputBox(pergunta, u"Pesquisa fornecedor já cadastrado"_s).value_or(QString());
     Adodc1.setRecordSource("select * from fornecedores where  idlic = " + aspas(idlic) + " and " + coluna +
-                           " like " + aspas(QLatin1Char('%') + texto + QLatin1Char('%')) + " order by " +
-                           coluna);
+                           " like " + contem(texto) + " order by " + coluna);
     Adodc1.Refresh();
 }
 
@@ -108,7 +102,7 @@ void frmCadFor::txtcodcli_LostFocus()
         return Limpa();
     std::optional<Hourglass> ampulheta(std::in_place);
     Adodc1.Refresh();
-    Adodc1.Recordset().Find("cdfor = " + codigoDigitado());
+    Adodc1.Recordset().Find("cdfor = " + codigoDaCaixa(ui->txtcodcli));
     if (Adodc1.Recordset().Eof()) {
         ampulheta.reset();
         MsgBox(u"--- ERRO --- CÓDIGO NÃO ENCONTRADO!"_s, u"ATENÇÃO"_s);
@@ -149,7 +143,7 @@ void frmCadFor::TXTCPF_LostFocus()
 
 void frmCadFor::cmdsalva_Click()
 {
-    if (ui->txtnome->text().trimmed().isEmpty()) {
+    if (isVazia(ui->txtnome)) {
         MsgBox(u"--- ERRO --- NOME NÃO INFORMADO!"_s, u"ATENÇÃO"_s);
         return;
     }
@@ -169,7 +163,7 @@ QString frmCadFor::alteracao() const
            ", nrcasa = " + aspas(ui->txtnr->text()) + ",bairro = " + aspas(ui->txtbairror->text()) +
            ",cidade = " + aspas(ui->txtcidader->text()) + ",uf = " + aspas(ui->txtufr->text()) +
            ",obs = " + aspas(ui->txtmemo->toPlainText()) + " WHERE idlic = " + aspas(idlic) +
-           " and cdfor like " + codigoDigitado();
+           " and cdfor like " + codigoDaCaixa(ui->txtcodcli);
 }
 
 QString frmCadFor::inclusao() const

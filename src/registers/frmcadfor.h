@@ -39,7 +39,6 @@ private:
     void pesquisa(const QString& pergunta, const QString& coluna);
     QString inclusao() const;
     QString alteracao() const;
-    QString codigoDigitado() const;
 
     std::unique_ptr<Ui::frmCadFor> ui;
     Adodc Adodc1;

@@ -1,5 +1,6 @@
 #include "registers/frmcadproduto.h"
 
+#include "app/core/caixas.h"
 #include "app/core/sql.h"
 #include "app/core/variaveis.h"
 #include "platform/forms/dialogs.h"
@@ -8,6 +9,7 @@
 #include "platform/values/date.h"
 #include "platform/values/format.h"
 #include "platform/values/number.h"
+#include "registers/escolha.h"
 #include "registers/telasdebusca.h"
 #include "ui_frmcadproduto.h"
 
@@ -17,14 +19,9 @@ using namespace Variaveis;
 
 namespace {
 
-bool isVazia(const QLineEdit* caixa)
-{
-    return caixa->text().trimmed().isEmpty();
-}
-
 void trocaVirgula(QLineEdit* caixa)
 {
-    caixa->setText(caixa->text().replace(QLatin1Char(','), QLatin1Char('.')));
+    caixa->setText(comPonto(caixa->text()));
 }
 
 } // namespace
@@ -68,8 +65,6 @@ void frmCadProduto::Form_Load()
 
 void frmCadProduto::Form_Unload()
 {
-    if (rs.State() == 1)
-        rs.Close();
     FechaConexao();
     Adodc1.Close();
 }
@@ -94,10 +89,9 @@ void frmCadProduto::cmdretorna_Click()
 void frmCadProduto::Command2_Click()
 {
     ui->txtCdGrupo->setFocus(); // before the choice: leaving the code box may empty the screen
-    RetornoCodigo.clear();
-    Form::of<frmBuscaGrupo>().ShowModal();
-    if (isNumeric(RetornoCodigo))
-        ui->txtCdGrupo->setText(RetornoCodigo);
+    const auto grupo = escolhe<frmBuscaGrupo>();
+    if (grupo && isNumeric(grupo->codigo))
+        ui->txtCdGrupo->setText(grupo->codigo);
 }
 
 /// The user who gives up gets all rows.
@@ -105,7 +99,7 @@ void frmCadProduto::Command3_Click()
 {
     const QString texto = InputBox(u"Produto: "_s, u"Pesquisa produto já cadastrado"_s).value_or(QString());
     Adodc1.setRecordSource("select * from produtos where  idlic = " + aspas(idlic) + " and dspro like " +
-                           aspas(QLatin1Char('%') + texto + QLatin1Char('%')) + " order by dspro");
+                           contem(texto) + " order by dspro");
     Adodc1.Refresh();
     ui->DataGrid1->setFocus();
 }
@@ -123,15 +117,10 @@ void frmCadProduto::txtCdGrupo_Change()
     ui->txtDsGrupo->clear();
     if (!isNumeric(ui->txtCdGrupo->text()))
         return;
-    AbreConexao();
-    if (rs.State() == 1)
-        rs.Close();
-    rs.Open("select * from grupoestoque where idlic = " + aspas(idlic) + " and  cdgrupo like " +
-                QString::number(integerPart(ui->txtCdGrupo->text())),
-            Conexao, 0, 1);
-    if (!rs.Eof())
-        ui->txtDsGrupo->setText(rs.Fields("dsgrupo").text());
-    rs.Close();
+    const auto nome = nomeDoCodigo("select * from grupoestoque where idlic = " + aspas(idlic) +
+                                       " and  cdgrupo like " + codigoInteiro(ui->txtCdGrupo->text()),
+                                   u"dsgrupo"_s);
+    ui->txtDsGrupo->setText(nome.value_or(QString()));
 }
 
 void frmCadProduto::txtFator_LostFocus()

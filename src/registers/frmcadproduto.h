@@ -45,7 +45,6 @@ private:
     void grava(double custo, double minimo);
 
     std::unique_ptr<Ui::frmCadProduto> ui;
-    ADODB::Recordset rs;
     Adodc Adodc1;
     AutoResize Resize{*this};
 };

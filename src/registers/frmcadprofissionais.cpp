@@ -1,5 +1,6 @@
 #include "registers/frmcadprofissionais.h"
 
+#include "app/core/sql.h"
 #include "platform/forms/dialogs.h"
 #include "platform/values/format.h"
 #include "platform/values/number.h"
@@ -29,7 +30,7 @@ frmCadProfissionais::frmCadProfissionais()
                       .ligacao = {.tabela = u"especialidades"_s,
                                   .codigo = u"idesp"_s,
                                   .nome = u"nmesp"_s,
-                                  .pesquisa = [] { Form::of<frmBuscaEspecialidades>().ShowModal(); }}}),
+                                  .pesquisa = [] { return escolhe<frmBuscaEspecialidades>(); }}}),
       ui(std::make_unique<Ui::frmCadProfissionais>())
 {
     ui->setupUi(this);
@@ -78,7 +79,7 @@ void frmCadProfissionais::mostraCampos(ADODB::Recordset& linha)
 void frmCadProfissionais::gravaCampos(ADODB::Recordset& linha)
 {
     linha.Fields("nrcon") = ui->txtNoCon->text();
-    linha.Fields("valor") = Format(toNumber(ui->txtVR->text()), u"##########0.00").replace(u',', u'.');
+    linha.Fields("valor") = comPonto(Format(toNumber(ui->txtVR->text()), u"##########0.00"));
     linha.Fields("ondeatd") = local();
 }
 

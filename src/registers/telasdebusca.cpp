@@ -20,12 +20,6 @@ const QString semPermissao = u"Perfil sem permissão!"_s;
 const QString naoAutorizado = u"Perfil não autorizado!"_s;
 const QString centroNaoAutorizado = u"--- Perfil não autorizado!"_s;
 
-/// Texts that hold what was typed somewhere.
-QString contem(const QString& texto)
-{
-    return aspas(QLatin1Char('%') + texto + QLatin1Char('%'));
-}
-
 template <class Tela>
 std::function<void()> abre()
 {

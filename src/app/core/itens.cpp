@@ -1,6 +1,5 @@
-#include "agenda/codigos.h"
+#include "app/core/itens.h"
 
-#include "platform/values/number.h"
 #include "platform/values/text.h"
 
 namespace {
@@ -9,11 +8,6 @@ constexpr QLatin1Char separador('|');
 constexpr int larguraNome = 45;
 
 } // namespace
-
-QString codigoDigitado(const QString& texto)
-{
-    return isNumeric(texto) ? QString::number(integerPart(texto)) : texto.trimmed();
-}
 
 QString itemComCodigos(const QString& nome, const QStringList& codigos)
 {

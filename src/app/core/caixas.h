@@ -1,0 +1,20 @@
+#pragma once
+
+#include "platform/values/number.h"
+
+#include <QLineEdit>
+
+/// What stands in a box.
+
+/// Nothing but blanks.
+inline bool isVazia(const QLineEdit* caixa)
+{
+    return caixa->text().trimmed().isEmpty();
+}
+
+/// The code as it was typed, for a search among loaded rows or a statement: "12,5" -> "12.5". Throws
+/// RuntimeError 13 where isNumeric is false. Its whole part is codigoInteiro's.
+inline QString codigoDaCaixa(const QLineEdit* caixa)
+{
+    return plainNumber(toNumber(caixa->text()));
+}
