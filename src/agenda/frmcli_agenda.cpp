@@ -153,14 +153,9 @@ void frmCli_Agenda::cboPro_Click()
 
 void frmCli_Agenda::Calendar1_Click()
 {
-    setEnabled(false);
-    {
-        const Hourglass ampulheta;
-        Repaint();
-        MontaAgenda();
-    }
-    setEnabled(true);
-    ui->Calendar1->setFocus(); // a disabled window has lost it
+    const WindowOff desligada(*this);
+    Repaint();
+    MontaAgenda();
 }
 
 void frmCli_Agenda::lHoje_Click()

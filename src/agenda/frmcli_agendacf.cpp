@@ -247,8 +247,7 @@ void frmCli_AgendaCF::Command17_Click()
 {
     permite(true);
     ui->cboMP->setCurrentIndex(-1); // so that the same kind can be chosen again
-    ui->cboMP->setFocus();
-    ui->frmMPP->hide();
+    hideFrame(ui->frmMPP, ui->cboMP);
     Totaliza();
 }
 

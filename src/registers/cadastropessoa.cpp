@@ -8,6 +8,7 @@
 #include "lookups/validadocumento.h"
 #include "platform/forms/dialogs.h"
 #include "platform/forms/hourglass.h"
+#include "platform/forms/textlimit.h"
 #include "platform/system/clock.h"
 #include "platform/values/date.h"
 #include "platform/values/format.h"
@@ -20,6 +21,12 @@ using namespace Variaveis;
 namespace {
 
 const QString atencao = u"ATENÇÃO"_s;
+
+/// A service's answer, which may be longer than the column behind the box.
+void preenche(QLineEdit* caixa, const QString& texto)
+{
+    caixa->setText(TextLimit::of(caixa).admitted({}, texto, {}));
+}
 
 QString hoje()
 {
@@ -217,15 +224,15 @@ void CadastroPessoa::preencheEmpresa()
     const auto valor = [&empresa](const char* campo) {
         return Funcoes::ValorJson(empresa, QString::fromLatin1(campo));
     };
-    pessoa.txtnome->setText(valor("nome"));
+    preenche(pessoa.txtnome, valor("nome"));
     const QString cep = valor("cep"); // 12.345-678
-    pessoa.txtcepr->setText(cep.mid(0, 2) + cep.mid(3, 3) + cep.mid(7, 3));
-    pessoa.txtruar->setText(valor("logradouro"));
-    pessoa.txtNr->setText(valor("numero"));
-    pessoa.txtbairror->setText(valor("bairro"));
-    pessoa.txtcidader->setText(valor("municipio"));
-    pessoa.txtufr->setText(valor("uf"));
-    pessoa.txtemail->setText(valor("email"));
+    preenche(pessoa.txtcepr, cep.mid(0, 2) + cep.mid(3, 3) + cep.mid(7, 3));
+    preenche(pessoa.txtruar, valor("logradouro"));
+    preenche(pessoa.txtNr, valor("numero"));
+    preenche(pessoa.txtbairror, valor("bairro"));
+    preenche(pessoa.txtcidader, valor("municipio"));
+    preenche(pessoa.txtufr, valor("uf"));
+    preenche(pessoa.txtemail, valor("email"));
     const QString endereco = Funcoes::BuscaCepJson(pessoa.txtcepr->text());
     // The first two figures are the state's.
     pessoa.txtCdMun->setText(Funcoes::ValorJson(endereco, u"ibge"_s).mid(2, 10));
@@ -244,7 +251,7 @@ void CadastroPessoa::txtcepr_LostFocus()
     QLineEdit* const caixas[] = {pessoa.txtruar, pessoa.txtbairror, pessoa.txtcidader, pessoa.txtufr,
                                  pessoa.txtCdMun};
     for (qsizetype i = 0; i < qsizetype(std::size(caixas)); ++i)
-        caixas[i]->setText(partes.value(i));
+        preenche(caixas[i], partes.value(i));
 }
 
 bool CadastroPessoa::desisteSemNascimento()

@@ -7,9 +7,9 @@
 --   * A server-numbered code is AUTO_INCREMENT and alone its table's primary key. A key that the program composes
 --     is text. A table that the program gives no key has idreg, so that a row can be changed by its primary key.
 --   * No foreign keys: documents outlive the rows they were copied from, and the screens delete in any order.
---   * Strict mode refuses a text that is too long, so lengths are generous: no box of a screen limits its text,
---     and a refused statement ends the program. A code or date column is text only where a statement can put an
---     empty or odd text into it; such columns say so.
+--   * Strict mode refuses what a column cannot hold, and a refused statement ends the program. Therefore the boxes of
+--     the screens take what is said here of a column, in their property "limit": change both together. A code or
+--     date column is text only where a statement can put an empty or odd text into it; such columns say so.
 --   * Dates are DATE (the server reads yyyy/mm/dd), money has two decimals, quantities and unit values four.
 --   * Stamps (evcad, evup, upev) hold a user's name and a date-time, and are never split.
 

@@ -13,6 +13,8 @@ MonthCalendar::MonthCalendar(QWidget* parent) : QCalendarWidget(parent)
     setVerticalHeaderFormat(QCalendarWidget::NoVerticalHeader);
     setHorizontalHeaderFormat(QCalendarWidget::SingleLetterDayNames); // the short names do not fit
     setGridVisible(false);
+    setDateEditEnabled(false); // digits would be read as a date before they are one
+    setDateRange(QDate(100, 1, 1), QDate(9999, 12, 31));
     setValue(Clock::today());
     connect(this, &QCalendarWidget::selectionChanged, this, [this] {
         told_ = true;

@@ -2,7 +2,8 @@
 
 #include <QCalendarWidget>
 
-/// A month calendar with a chosen day. Turning to another month leaves the chosen day as it is.
+/// A month calendar with a chosen day, which arrow keys and clicks choose; dates are not typed. Turning to
+/// another month leaves the chosen day as it is.
 class MonthCalendar : public QCalendarWidget
 {
     Q_OBJECT

@@ -3,6 +3,8 @@
 #include <QStylePainter>
 #include <QStyledItemDelegate>
 
+using namespace Qt::StringLiterals;
+
 namespace {
 
 QString nameOf(const QString& item)
@@ -13,12 +15,15 @@ QString nameOf(const QString& item)
 class Names : public QStyledItemDelegate
 {
 public:
-    using QStyledItemDelegate::QStyledItemDelegate;
+    explicit Names(CodedCombo* combo) : QStyledItemDelegate(combo), combo_(combo) {}
 
     QString displayText(const QVariant& value, const QLocale&) const override
     {
-        return nameOf(value.toString());
+        return combo_->shown(value.toString());
     }
+
+private:
+    CodedCombo* combo_;
 };
 
 } // namespace
@@ -28,13 +33,25 @@ CodedCombo::CodedCombo(QWidget* parent) : QComboBox(parent)
     setItemDelegate(new Names(this));
 }
 
+QString CodedCombo::shown(const QString& item) const
+{
+    if (codes_ == 0)
+        return nameOf(item);
+    QStringList pieces = item.section(QLatin1Char('|'), 0, -codes_ - 1).split(QLatin1Char('|'));
+    for (QString& piece : pieces)
+        piece = piece.trimmed();
+    pieces.removeAll(QString());
+    pieces.removeDuplicates();
+    return pieces.join(u" - "_s);
+}
+
 void CodedCombo::paintEvent(QPaintEvent*)
 {
     QStylePainter painter(this);
     QStyleOptionComboBox option;
     initStyleOption(&option);
     painter.drawComplexControl(QStyle::CC_ComboBox, option);
-    option.currentText = nameOf(option.currentText);
+    option.currentText = shown(option.currentText);
     painter.drawControl(QStyle::CE_ComboBoxLabel, option);
 }
 

@@ -1,5 +1,6 @@
 #include "platform/forms/dialogs.h"
 
+#include "platform/forms/hourglass.h"
 #include "platform/forms/theme.h"
 
 #include <QApplication>
@@ -56,29 +57,6 @@ void fitText(QMessageBox& window, QString text)
     label->setContentsMargins(0, 4, metrics.averageCharWidth() * 2, 4);
     label->setTextInteractionFlags(Qt::TextSelectableByMouse);
 }
-
-/// The plain pointer for as long as a box waits for its answer.
-class PlainPointer
-{
-public:
-    PlainPointer()
-    {
-        while (const QCursor* cursor = QGuiApplication::overrideCursor()) {
-            covered_ << *cursor;
-            QGuiApplication::restoreOverrideCursor();
-        }
-    }
-    ~PlainPointer()
-    {
-        while (!covered_.isEmpty())
-            QGuiApplication::setOverrideCursor(covered_.takeLast());
-    }
-    PlainPointer(const PlainPointer&) = delete;
-    PlainPointer& operator=(const PlainPointer&) = delete;
-
-private:
-    QList<QCursor> covered_;
-};
 
 Answer WindowDialogs::message(const MessageBox& box)
 {

@@ -13,6 +13,8 @@
 #include <QScopeGuard>
 #include <QScreen>
 #include <QWindow>
+#include <exception>
+#include <utility>
 
 using namespace Qt::StringLiterals;
 
@@ -43,7 +45,7 @@ Form::~Form()
         forget_();
 }
 
-void Form::load()
+void Form::Load()
 {
     if (loaded_)
         return;
@@ -53,7 +55,7 @@ void Form::load()
 
 void Form::Show()
 {
-    load();
+    Load();
     if (!loaded_)
         return;
     const QWidget* owner = QApplication::activeWindow();
@@ -94,6 +96,7 @@ void Form::ShowModal()
     if (!loaded_)
         return;
     countModal();
+    const PlainPointer pointer;
     QEventLoop loop;
     modalLoop_ = &loop;
     loop.exec();
@@ -113,6 +116,9 @@ void Form::Unload()
         lastActive = nullptr;
     Form_Unload();
     hide();
+    hourglass_.reset();
+    if (std::exchange(off_, 0) > 0)
+        setEnabled(true);
     if (modalLoop_)
         modalLoop_->quit();
     if (forget_) {
@@ -125,6 +131,65 @@ void Form::Unload()
 void Form::Repaint()
 {
     repaint(); // the controls on it as well
+}
+
+void Form::turnOff()
+{
+    if (off_++ > 0)
+        return;
+    awaited_ = focusWidget();
+    hourglass_.emplace();
+    setEnabled(false);
+}
+
+void Form::turnOn()
+{
+    if (off_ == 0 || --off_ > 0)
+        return;
+    hourglass_.reset();
+    setEnabled(true);
+    // A control that has been disabled or hidden hands the focus to the next one.
+    QWidget* next = awaited_;
+    while (next && !(next->isEnabled() && next->isVisibleTo(this) &&
+                     (next == awaited_ || next->focusPolicy() & Qt::TabFocus))) {
+        next = next->nextInFocusChain();
+        if (next == awaited_)
+            return;
+    }
+    if (next)
+        next->setFocus();
+}
+
+void Form::focusOn(QWidget* control)
+{
+    if (off_ > 0)
+        awaited_ = control;
+    else
+        control->setFocus();
+}
+
+void Form::hideFrame(QWidget* frame, QWidget* next)
+{
+    focusOn(next);
+    frame->hide();
+}
+
+WindowOff::WindowOff(Form& form) : form_(&form)
+{
+    form.turnOff();
+}
+
+WindowOff::~WindowOff()
+{
+    if (!form_)
+        return;
+    try {
+        form_->turnOn();
+    } catch (...) {
+        QMetaObject::invokeMethod(
+            qApp, [error = std::current_exception()] { std::rethrow_exception(error); },
+            Qt::QueuedConnection);
+    }
 }
 
 void Form::showEvent(QShowEvent* event)
@@ -203,8 +268,22 @@ void Form::lostAndGot(QWidget* from, QWidget* to)
         got();
 }
 
+QString Form::inCase(QString text) const
+{
+    // Letter by letter, so that the text keeps its length.
+    if (upperCase_)
+        for (QChar& letter : text)
+            letter = letter.toUpper();
+    return text;
+}
+
 bool Form::keyPressed(QWidget* control, QKeyEvent* event)
 {
+    if (!isEnabled()) {
+        if (event->key() == Qt::Key_Escape)
+            Form_Escape();
+        return true;
+    }
     if (const auto handler = keys_.value(event->key()); handler && event->modifiers() == Qt::NoModifier) {
         handler();
         return true;

@@ -1,5 +1,7 @@
 #pragma once
 
+#include "platform/forms/hourglass.h"
+
 #include <QAbstractButton>
 #include <QComboBox>
 #include <QEventLoop>
@@ -11,19 +13,19 @@
 #include <QSet>
 #include <QWidget>
 #include <functional>
-
-class ListBox;
+#include <optional>
 
 /// The base of every screen.
 ///
-/// Life: the first showing runs Form_Load; Form_Activate runs each time the window gets the focus from
-/// another window of the program; Unload (or the window's closing) runs Form_Unload, hides the window and
-/// lets ShowModal return. A screen taken from Form::of is deleted at its unloading, so that the next use
+/// Life: Load or the first showing runs Form_Load; Form_Activate runs each time the window gets the focus
+/// from another window of the program; Unload (or the window's closing) runs Form_Unload, hides the window
+/// and lets ShowModal return. A screen taken from Form::of is deleted at its unloading, so that the next use
 /// starts from fresh controls.
 ///
 /// Keyboard: the form sees keys before its controls. Typed and pasted letters become upper case, Enter moves
 /// on as Tab does (it presses a button that has the focus, and breaks the line in a multi-line box), Esc runs
-/// Form_Escape, and the keys given to onKey run their handler.
+/// Form_Escape, and the keys given to onKey run their handler. A disabled form takes Esc alone. What is typed
+/// and pasted keeps to a box's TextLimit. The wheel leaves a combo box without the focus as it is.
 ///
 /// Focus: "got" and "lost" speak of the controls of this form. Another window in front changes nothing:
 /// a control loses the focus when another control of the form has got it. Where the loss opens a box, the
@@ -48,6 +50,8 @@ public:
         return *instance;
     }
 
+    /// For a caller that writes into a screen before it shows it: the showing does not load again.
+    void Load();
     void Show();
     /// Throws RuntimeError 400 for a screen that stands open modally.
     void ShowModal();
@@ -56,6 +60,12 @@ public:
 
     /// Paints the window now, before a slow step.
     void Repaint();
+
+    /// Disables the window under a wait pointer of its own, until as many turnOn or the unloading. For a slow
+    /// step see WindowOff.
+    void turnOff();
+    /// The focus goes back to where it was or was going, or to the control that focusOn asked for meanwhile.
+    void turnOn();
 
     /// The area that the controls stand in, without menu and status bar: the form itself unless a screen says
     /// otherwise.
@@ -144,6 +154,13 @@ protected:
         enter_[control] = bound(handler);
     }
 
+    /// Gives the control the focus; while the window is off, as soon as it is on again, for a disabled
+    /// control takes none.
+    void focusOn(QWidget* control);
+    /// Hides a part of the screen and goes on at a control outside it. Hidden with the focus in it, the part
+    /// would hand it to some neighbour, whose handlers run.
+    void hideFrame(QWidget* frame, QWidget* next);
+
     /// On getting the focus the box selects its whole text.
     void selectOnFocus(QLineEdit* box) { selecting_ << box; }
 
@@ -159,13 +176,14 @@ private:
     {
         return [form = static_cast<F*>(this), handler] { (form->*handler)(); };
     }
-    void load();
     void activate();
     void placeOnScreen();
     void watchMouse(QWidget* widget, QEvent::Type type, std::function<void()> handler);
     void focusMoved(QWidget* to);
     void lostAndGot(QWidget* from, QWidget* to);
     bool keyPressed(QWidget* control, QKeyEvent* event);
+    /// A text as the boxes of this form take it.
+    QString inCase(QString text) const;
 
     std::function<void()> forget_;
     QHash<int, std::function<void()>> keys_;
@@ -178,11 +196,27 @@ private:
     bool swallowPress_ = false; ///< the press that moved the focus has had its answer in a box
     QPointer<QWidget> current_; ///< The control of this form that got the focus last.
     QPointer<QEventLoop> modalLoop_;
+    int off_ = 0;                        ///< how often the window was turned off
+    std::optional<Hourglass> hourglass_; ///< while it is off
+    QPointer<QWidget> awaited_;          ///< what gets the focus when the window is on again
     bool loaded_ = false;
     bool laidOut_ = false;
     bool activating_ = false;
     bool upperCase_ = true;
     bool enterMovesOn_ = true;
+};
+
+/// The window off for as long as the object lives, or until the unloading.
+class WindowOff
+{
+public:
+    explicit WindowOff(Form& form);
+    /// A failure in a handler of the focus that comes back goes to the application.
+    ~WindowOff();
+    Q_DISABLE_COPY_MOVE(WindowOff)
+
+private:
+    QPointer<Form> form_;
 };
 
 /// Chooses the first item of a list. Throws RuntimeError 380 for an empty one.

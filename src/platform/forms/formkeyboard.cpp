@@ -1,6 +1,7 @@
 #include "platform/forms/formkeyboard.h"
 
 #include "platform/forms/form.h"
+#include "platform/forms/textlimit.h"
 #include "platform/values/error.h"
 
 #include <QApplication>
@@ -16,31 +17,49 @@ using namespace Qt::StringLiterals;
 
 namespace {
 
-/// Letter by letter, so that the text keeps its length.
-QString raised(QString text)
+/// A combo box that the wheel has met without its having the focus.
+bool isOnlyUnderTheWheel(const QWidget* control)
 {
-    for (QChar& letter : text)
-        letter = letter.toUpper();
-    return text;
+    return qobject_cast<const QComboBox*>(control) && !control->hasFocus();
 }
 
-bool takesText(const QWidget* control)
+/// The line of a box of one line and of an editable combo box; null for all others.
+QLineEdit* lineOf(QWidget* control)
 {
-    const auto* combo = qobject_cast<const QComboBox*>(control);
-    return qobject_cast<const QLineEdit*>(control) || qobject_cast<const QPlainTextEdit*>(control) ||
-           (combo && combo->isEditable());
+    const auto* combo = qobject_cast<QComboBox*>(control);
+    return combo ? combo->lineEdit() : qobject_cast<QLineEdit*>(control);
+}
+
+bool takesText(QWidget* control)
+{
+    return lineOf(control) || qobject_cast<QPlainTextEdit*>(control);
+}
+
+/// As much of the text as the box has room for in the place of what is selected.
+QString fitting(QWidget* control, const QString& text)
+{
+    const TextLimit limit = TextLimit::of(control);
+    if (limit.isNone())
+        return text;
+    if (const QLineEdit* line = lineOf(control)) {
+        const int start = line->hasSelectedText() ? line->selectionStart() : line->cursorPosition();
+        const qsizetype end = start + line->selectedText().size();
+        return limit.admitted(line->text().left(start), text, line->text().mid(end));
+    }
+    const auto* memo = static_cast<const QPlainTextEdit*>(control);
+    const QString all = memo->toPlainText();
+    const QTextCursor caret = memo->textCursor();
+    return limit.admitted(all.left(caret.selectionStart()), text, all.mid(caret.selectionEnd()));
 }
 
 void insertText(QWidget* control, const QString& text)
 {
-    if (auto* box = qobject_cast<QLineEdit*>(control)) {
-        if (!box->isReadOnly())
-            box->insert(text);
+    if (QLineEdit* line = lineOf(control)) {
+        if (!line->isReadOnly())
+            line->insert(fitting(control, text));
     } else if (auto* memo = qobject_cast<QPlainTextEdit*>(control)) {
         if (!memo->isReadOnly())
-            memo->insertPlainText(text);
-    } else if (auto* combo = qobject_cast<QComboBox*>(control)) {
-        combo->lineEdit()->insert(text);
+            memo->insertPlainText(fitting(control, text));
     }
 }
 
@@ -70,9 +89,20 @@ bool FormKeyboard::eventFilter(QObject* receiver, QEvent* event)
         return false;
 
     switch (event->type()) {
+    case QEvent::Polish:
+        // The wheel alone gives no focus.
+        if (qobject_cast<QComboBox*>(control) && control->focusPolicy() == Qt::WheelFocus)
+            control->setFocusPolicy(Qt::StrongFocus);
+        return false;
     case QEvent::FocusIn:
         form->focusReason_ = static_cast<QFocusEvent*>(event)->reason();
+        TextLimit::watchDeletions(control);
         return false;
+    case QEvent::Wheel:
+        if (!isOnlyUnderTheWheel(control))
+            return false;
+        event->ignore(); // so that it goes on to what lies around
+        return true;
     case QEvent::MouseButtonPress:
         return std::exchange(form->swallowPress_, false);
     case QEvent::KeyPress:
@@ -82,12 +112,12 @@ bool FormKeyboard::eventFilter(QObject* receiver, QEvent* event)
             return false;
         return keyPress(*form, control, static_cast<QKeyEvent*>(event));
     default:
-        return form->upperCase_ && textComesIn(control, event);
+        return textComesIn(*form, control, event);
     }
 }
 
 /// Text on its way into a box by other means than single keys.
-bool FormKeyboard::textComesIn(QWidget* control, QEvent* event)
+bool FormKeyboard::textComesIn(const Form& form, QWidget* control, QEvent* event)
 {
     // The text of a multi-line box and of a combo is taken by an inner part.
     QWidget* box = takesText(control) ? control : control->parentWidget();
@@ -95,38 +125,36 @@ bool FormKeyboard::textComesIn(QWidget* control, QEvent* event)
         return false;
     switch (event->type()) {
     case QEvent::InputMethod:
-        return composed(control, static_cast<QInputMethodEvent*>(event));
+        return composed(form, box, control, static_cast<QInputMethodEvent*>(event));
     case QEvent::MouseButtonRelease:
         // The middle button pastes the selection of the X window system.
         if (static_cast<QMouseEvent*>(event)->button() != Qt::MiddleButton ||
             !QApplication::clipboard()->supportsSelection())
             return false;
-        insertText(box, raised(QApplication::clipboard()->text(QClipboard::Selection)));
+        insertText(box, form.inCase(QApplication::clipboard()->text(QClipboard::Selection)));
         return true;
     case QEvent::DragEnter:
         return true; // what is dragged here would come in as it is
     case QEvent::ContextMenu:
-        return contextMenu(box, static_cast<QContextMenuEvent*>(event));
+        return contextMenu(form, box, static_cast<QContextMenuEvent*>(event));
     default:
         return false;
     }
 }
 
-/// The box's own menu, whose "paste" raises the letters.
-bool FormKeyboard::contextMenu(QWidget* box, QContextMenuEvent* event)
+/// The box's own menu, whose "paste" is this filter's.
+bool FormKeyboard::contextMenu(const Form& form, QWidget* box, QContextMenuEvent* event)
 {
     std::unique_ptr<QMenu> menu;
-    if (auto* line = qobject_cast<QLineEdit*>(box))
+    if (QLineEdit* line = lineOf(box))
         menu.reset(line->createStandardContextMenu());
-    else if (auto* memo = qobject_cast<QPlainTextEdit*>(box))
-        menu.reset(memo->createStandardContextMenu());
-    else if (auto* combo = qobject_cast<QComboBox*>(box))
-        menu.reset(combo->lineEdit()->createStandardContextMenu());
+    else
+        menu.reset(static_cast<QPlainTextEdit*>(box)->createStandardContextMenu());
     for (QAction* action : menu->actions())
         if (action->objectName() == QLatin1String("edit-paste")) {
             action->disconnect();
             connect(action, &QAction::triggered, box,
-                    [box] { insertText(box, raised(QApplication::clipboard()->text())); });
+                    [box, &form] { insertText(box, form.inCase(QApplication::clipboard()->text())); });
         }
     menu->exec(event->globalPos());
     return true;
@@ -138,18 +166,29 @@ bool FormKeyboard::keyPress(Form& form, QWidget* control, QKeyEvent* event)
         return true;
     if (!control->isEnabled())
         return false;
-    if (form.upperCase_ && takesText(control) && event->matches(QKeySequence::Paste)) {
-        insertText(control, raised(QApplication::clipboard()->text()));
+    if (!takesText(control))
+        return character(form, control, event);
+    if (event->matches(QKeySequence::Paste)) {
+        insertText(control, form.inCase(QApplication::clipboard()->text()));
         return true;
     }
+    const bool breaksLine = event->key() == Qt::Key_Return || event->key() == Qt::Key_Enter;
+    if (breaksLine && qobject_cast<QPlainTextEdit*>(control))
+        return fitting(control, u"\n"_s).isEmpty();
+    return character(form, control, event);
+}
 
+/// Hands a typed character to its handler and on to the control as they want it.
+bool FormKeyboard::character(Form& form, QWidget* control, QKeyEvent* event)
+{
+    const bool isBackspace = event->key() == Qt::Key_Backspace;
     QString text = event->text();
-    const bool isCharacter = !text.isEmpty() && (text[0].isPrint() || event->key() == Qt::Key_Backspace);
-    if (!isCharacter || event->modifiers().testFlag(Qt::ControlModifier) ||
-        event->modifiers().testFlag(Qt::AltModifier))
+    const bool isCharacter = !text.isEmpty() && (text[0].isPrint() || text[0].isSurrogate() || isBackspace);
+    // Control and Alt together are a key's third level, such as "@" on some keyboards.
+    const Qt::KeyboardModifiers modifiers = event->modifiers();
+    if (!isCharacter || (modifiers.testFlag(Qt::ControlModifier) && !modifiers.testFlag(Qt::AltModifier)))
         return false;
-    if (form.upperCase_)
-        text = raised(text);
+    text = form.inCase(text);
     if (const auto handler = form.keyPress_.value(control)) {
         int code = text[0].unicode();
         handler(code);
@@ -157,6 +196,8 @@ bool FormKeyboard::keyPress(Form& form, QWidget* control, QKeyEvent* event)
             return true;
         text[0] = QChar(code);
     }
+    if (!isBackspace && takesText(control) && fitting(control, text) != text)
+        return true;
     if (text == event->text())
         return false;
     QKeyEvent changed(event->type(), event->key(), event->modifiers(), text, event->isAutoRepeat(),
@@ -172,9 +213,9 @@ void FormKeyboard::send(QWidget* control, QEvent& changed)
 }
 
 /// Letters that come composed, such as an accent and a vowel.
-bool FormKeyboard::composed(QWidget* control, QInputMethodEvent* event)
+bool FormKeyboard::composed(const Form& form, QWidget* box, QWidget* control, QInputMethodEvent* event)
 {
-    const QString text = raised(event->commitString());
+    const QString text = fitting(box, form.inCase(event->commitString()));
     if (text == event->commitString())
         return false;
     QInputMethodEvent changed(event->preeditString(), event->attributes());

@@ -8,8 +8,9 @@ class QKeyEvent;
 class QWidget;
 class Form;
 
-/// The one event filter over the application's keyboard and pasting: it hands keys to the form before the
-/// form's control gets them, and raises letters.
+/// The one event filter over the application's input: it hands keys to the form before the form's control
+/// gets them, raises letters, keeps to the limits of boxes, and keeps the wheel from boxes that are only
+/// under the pointer.
 class FormKeyboard : public QObject
 {
     Q_OBJECT
@@ -24,9 +25,10 @@ private:
     explicit FormKeyboard(QObject* parent) : QObject(parent) {}
 
     bool keyPress(Form& form, QWidget* control, QKeyEvent* event);
-    bool textComesIn(QWidget* control, QEvent* event);
-    bool contextMenu(QWidget* box, QContextMenuEvent* event);
-    bool composed(QWidget* control, QInputMethodEvent* event);
+    bool character(Form& form, QWidget* control, QKeyEvent* event);
+    bool textComesIn(const Form& form, QWidget* control, QEvent* event);
+    bool contextMenu(const Form& form, QWidget* box, QContextMenuEvent* event);
+    bool composed(const Form& form, QWidget* box, QWidget* control, QInputMethodEvent* event);
     void send(QWidget* control, QEvent& changed);
 
     const QEvent* own_ = nullptr; ///< The event that the filter sends itself.
