@@ -37,7 +37,9 @@ void damage(QByteArray& file, QRandomGenerator& random)
     const auto place = [&] { return random.bounded(int(file.size())); };
     const int header = random.bounded(std::min(int(file.size()), 700));
     const char markers[] = {'\xC0', '\xC2', '\xC4', '\xD8', '\xDA', '\xE0', '\xE1', '\xFF', '\x00'};
-    switch (random.bounded(5)) {
+    const int from = place();
+    const QByteArray piece(random.bounded(40), random.bounded(2) ? '\xFF' : '\x00');
+    switch (random.bounded(4)) {
     case 0:
         file[header] = char(random.bounded(256));
         break;
@@ -45,14 +47,10 @@ void damage(QByteArray& file, QRandomGenerator& random)
         file.replace(header, 2, QByteArray("\xFF") + markers[random.bounded(int(std::size(markers)))]);
         break;
     case 2:
-        file.truncate(place() + 1);
-        break;
-    case 3:
-        file.remove(place(), random.bounded(40));
+        file.truncate(from + 1);
         break;
     default:
-        file.insert(place(), QByteArray(random.bounded(1, 40), random.bounded(2) ? '\xFF' : '\x00'));
-        break;
+        file.replace(from, random.bounded(40), piece);
     }
     if (file.size() > 4 && random.bounded(8) != 0) {
         file.replace(0, 2, "\xFF\xD8");
