@@ -209,26 +209,18 @@ TEST_F(PDFContent, RectanglesEllipsesPolygons)
 TEST_F(PDFContent, CellsBreakTextAtBlanksOrInLongWords)
 {
     // 40 less two margins of 3 leave 34; at 10 "a" and a blank count 6 and 3, rounded as they are summed up.
-    const struct
-    {
-        QString shown;
-        double size;
-        std::string lines;
-    } rows[] = {
-        {u"aaa aaa a"_s, 10, "103.00 633.00 Td (aaa) Tj 103.00 621.00 Td (aaa a) Tj"},
-        {u"aaaaaaaa"_s, 10, "106.00 633.00 Td (aaaaa) Tj 103.00 621.00 Td (aaa) Tj"},
-        {u"aaa aaa a"_s, 5, "103.00 634.50 Td (aaa aaa a) Tj"},
-        {{}, 10, "103.00 633.00 Td () Tj"},
-        {u"a\r\n"_s, 10, "103.00 633.00 Td (a\r) Tj"},
-        // A character wider than the cell stands alone.
-        {u"aa"_s, 100, "106.00 606.00 Td (a) Tj 106.00 594.00 Td (a) Tj 103.00 582.00 Td () Tj"},
-    };
-    for (const auto& [shown, size, lines] : rows) {
+    // A character wider than the cell stands alone.
+    for (const QStringList& row :
+         textTable(u"aaa aaa a=10=103.00 633.00 Td (aaa) Tj 103.00 621.00 Td (aaa a) Tj|"
+                   "aaaaaaaa=10=106.00 633.00 Td (aaaaa) Tj 103.00 621.00 Td (aaa) Tj|"
+                   "aaa aaa a=5=103.00 634.50 Td (aaa aaa a) Tj|=10=103.00 633.00 Td () Tj|"
+                   "a\r\n=10=103.00 633.00 Td (a\r) Tj|"
+                   "aa=100=106.00 606.00 Td (a) Tj 106.00 594.00 Td (a) Tj 103.00 582.00 Td () Tj")) {
         const auto draw = [&](PDFPrinter& pdf) {
-            pdf.PDFSetFont(0, size, 0);
-            pdf.PDFCell(shown, 100, 200, 40, 12);
+            pdf.PDFSetFont(0, row[1].toInt(), 0);
+            pdf.PDFCell(row[0], 100, 200, 40, 12);
         };
-        EXPECT_EQ(linesOf(draw, {" Tj", " Td"}), lines) << shown.toStdString();
+        EXPECT_EQ(linesOf(draw, {" Tj", " Td"}), row[2].toStdString());
     }
 }
 
@@ -257,81 +249,66 @@ TEST_F(PDFContent, CellsAlignTheirText)
 
 TEST_F(PDFContent, CellsDrawTheLastOfTheirEdges)
 {
-    const struct
-    {
-        qint32 border;
-        bool fill;
-        std::string lines; ///< of two lines of a cell at (103, 200), 40 x 12 each
-    } rows[] = {
-        {0, false, ""},
-        {0, true, "100.00 642.00 40.00 -12.00 re f\r 100.00 630.00 40.00 -12.00 re f\r"},
-        {1, true, "140.00 642.00 m 140.00 630.00 l S \r 100.00 618.00 m 140.00 618.00 l S \r"},
-        {2, false, "100.00 642.00 m 140.00 642.00 l S \r"},
-        {3, false, "100.00 618.00 m 140.00 618.00 l S \r"},
-        {43, false, "100.00 642.00 m 100.00 630.00 l S\r 100.00 618.00 m 140.00 618.00 l S \r"},
-        {5, false, "140.00 642.00 m 140.00 630.00 l S \r 140.00 630.00 m 140.00 618.00 l S \r"},
-    };
-    for (const auto& [border, fill, lines] : rows) {
+    // Of two lines of a cell at (103, 200), 40 x 12 each
+    for (const QStringList& row :
+         textTable(u"0=0=|0=1=100.00 642.00 40.00 -12.00 re f\r 100.00 630.00 40.00 -12.00 re f\r|"
+                   "1=1=140.00 642.00 m 140.00 630.00 l S \r 100.00 618.00 m 140.00 618.00 l S \r|"
+                   "2=0=100.00 642.00 m 140.00 642.00 l S \r|3=0=100.00 618.00 m 140.00 618.00 l S \r|"
+                   "43=0=100.00 642.00 m 100.00 630.00 l S\r 100.00 618.00 m 140.00 618.00 l S \r|"
+                   "5=0=140.00 642.00 m 140.00 630.00 l S \r 140.00 630.00 m 140.00 618.00 l S \r")) {
         const auto draw = [&](PDFPrinter& pdf) {
-            pdf.PDFSetBorder(border);
-            pdf.PDFSetFill(fill);
+            pdf.PDFSetBorder(row[0].toInt());
+            pdf.PDFSetFill(row[1] == u"1");
             pdf.PDFCell(u"aaa aaa a"_s, 103, 200, 40, 12);
         };
-        EXPECT_EQ(linesOf(draw, {" re f\r", " l S\r", " l S \r"}), lines) << border;
+        EXPECT_EQ(linesOf(draw, {" re f\r", " l S\r", " l S \r"}), row[2].toStdString())
+            << row[0].toStdString();
     }
 }
 
 TEST_F(PDFContent, Links)
 {
-    std::string annotations;
-    const auto draw = [&](const std::function<void(PDFPrinter&)>& link) {
-        const QByteArray drawn = content(link);
-        const QByteArray file = bytes();
-        const qsizetype begin = file.indexOf("/Annots [");
-        EXPECT_GE(begin, 0);
-        annotations = file.sliced(begin + 9, file.indexOf("\r\n/Contents") - begin - 9).toStdString();
-        return drawn.toStdString();
+    const auto expectLinks = [this](const std::function<void(PDFPrinter&)>& draw, std::string annotations) {
+        const std::string drawn = content(draw).toStdString();
+        EXPECT_THAT(bytes().toStdString(), HasSubstr("/Annots [" + annotations + "]\r\n/Contents"));
+        return drawn;
     };
-    const auto area = [](const std::string& rectangle, const std::string& action) {
+    const auto area = [](const std::string& rectangle,
+                         const std::string& action = "/A <</S /URI /URI (AA)>>>>\r\n") {
         return "<</Type /Annot /Subtype /Link /Rect [" + rectangle + "] /Border [0 0 0] " + action;
     };
-    const std::string action = "/A <</S /URI /URI (AA)>>>>\r\n";
     const QString url = u"AA"_s;
-
     // An address of its own: 13.34 wide, the area 13 x 10.
-    EXPECT_EQ(draw([&](PDFPrinter& pdf) { pdf.PDFLink(30.5, 40, url); }),
+    EXPECT_EQ(expectLinks([&](PDFPrinter& pdf) { pdf.PDFLink(30.5, 40, url); }, area("30.5 802 43.5 792")),
               "%DEBUT_LINK/%\nq 0 g \n%DEBUT_TEXT/%\nBT\n31.50 802.00 Td\n/F8 10.00 Tf\n(AA) Tj\nET\n"
               "32.00 800.11 13.34 -0.03 re f\nQ\n%FIN_TEXT/%\n%FIN_LINK/%\n");
-    EXPECT_EQ(annotations, area("30.5 802 43.5 792", action) + "]");
-    // A target that is no text leaves its dictionary open.
-    draw([&](PDFPrinter& pdf) { pdf.PDFLink(30, 40, url, 7); });
-    EXPECT_EQ(annotations, area("30 802 43 792", "") + "]");
-    draw([&](PDFPrinter& pdf) { pdf.PDFLink(30, 40, url, u"B(\\"_s); });
-    EXPECT_EQ(annotations, area("30 802 43 792", "/A <</S /URI /URI (B\\(\\\\\\\\)>>>>\r\n") + "]");
-    draw([&](PDFPrinter& pdf) { pdf.PDFDrawRectangle(10, 20, 30.5, 41, url); });
-    EXPECT_EQ(annotations, area("15 802 45 792", action) + "]");
-    draw([&](PDFPrinter& pdf) { pdf.PDFDrawEllipse(10, 20, 30, 40, url); });
-    EXPECT_EQ(annotations, area("10 802 32 792", action) + "]"); // as wide as "LINK"
-    // A figure without a link leaves its kind, and no text to be as wide as, to the next one.
-    draw([&](PDFPrinter& pdf) {
-        pdf.PDFDrawEllipse(10, 20, 30, 40);
-        pdf.PDFLink(30, 40, url);
-        pdf.PDFLink(30, 60, url);
-    });
-    EXPECT_EQ(annotations, area("30 802 30 792", action) + area("30 782 43 772", action) + "]");
+    expectLinks(
+        [&](PDFPrinter& pdf) {
+            // A target that is no text leaves its dictionary open.
+            pdf.PDFLink(30, 40, url, 7);
+            pdf.PDFLink(30, 40, url, u"B(\\"_s);
+            pdf.PDFDrawRectangle(10, 20, 30.5, 41, url);
+            pdf.PDFDrawEllipse(10, 20, 30, 40, url); // as wide as "LINK"
+            // A figure without a link leaves its kind, and no text to be as wide as, to the next one.
+            pdf.PDFDrawEllipse(10, 20, 30, 40);
+            pdf.PDFLink(30, 40, url);
+            pdf.PDFLink(30, 60, url);
+        },
+        area("30 802 43 792", "") + area("30 802 43 792", "/A <</S /URI /URI (B\\(\\\\\\\\)>>>>\r\n") +
+            area("15 802 45 792") + area("10 802 32 792") + area("30 802 30 792") + area("30 782 43 772"));
     // A cell's text is a link, and so is what stands under the same address at its corner.
     // The corner is at 0, which stands for the X that the cell has set. The blank of the justified text is
     // 60 - 2 x 3 - 16.12 wider, of which the line leaves out 2 x 3 again, and at its end 3 more.
+    const auto cell = [&](PDFPrinter& pdf) {
+        pdf.PDFSetAlignement(3);
+        pdf.PDFCell(u"A A"_s, 3, 200, 60, 12, url);
+    };
     EXPECT_EQ(
-        draw([&](PDFPrinter& pdf) {
-            pdf.PDFSetAlignement(3);
-            pdf.PDFCell(u"A A"_s, 3, 200, 60, 12, url);
-        }),
+        expectLinks(cell, area("6 641 66 631") + area("0 642 16 632")),
         "%DEBUT_CELL/%\n0 G\n0 g\n0.50 w\n37.880 Tw\nq 0 g \n6.00 630.00 47.78 -0.10 re f\nBT\n/F8 10 Tf\n"
         "6.00 633.00 Td\n(A A) Tj\nET\nQ\n%DEBUT_LINK/%\nq 0 g \n%DEBUT_TEXT/%\nBT\n1.00 642.00 Td\n"
         "/F8 10.00 Tf\n() Tj\nET\n1.00 640.11 0.00 0.00 re f\nQ\n%FIN_TEXT/%\n%FIN_LINK/%\n0 "
         "Tw\n%FIN_CELL/%\n");
-    EXPECT_EQ(annotations, area("6 641 66 631", action) + area("0 642 16 632", action) + "]");
 }
 
 TEST_F(PDFContent, AtMostAThousandLinksOnAPage)

@@ -4,6 +4,7 @@
 #include "platform/system/shell.h"
 
 #include <QImage>
+#include <QRegularExpression>
 #include <gmock/gmock.h>
 
 using namespace Qt::StringLiterals;
@@ -221,8 +222,8 @@ TEST_F(PDFFile, WishesForTheViewer)
 
 TEST_F(PDFFile, Outlines)
 {
-    /// What the objects of the bookmarks say of their neighbours, counted from the first bookmark, the root
-    /// being the last one; "" where the document has no outline.
+    /// What the objects of the bookmarks and their root say of their neighbours, counted from the first
+    /// bookmark; "" where the document has no outline.
     const auto neighbours = [this](const QList<int>& levels) {
         PDFPrinter pdf;
         configure(pdf, oneFont());
@@ -233,22 +234,21 @@ TEST_F(PDFFile, Outlines)
         pdf.PDFEndDoc();
         expectReadable(1);
         constexpr int FirstObject = 8;
+        static const QRegularExpression line(u"<</T|/(Parent|Prev|Next|First|Last) (\\d+)"_s);
+        const QString objects = QString::fromLatin1(bytes()).section(u"<</T"_s, 1);
         std::string found;
-        for (const QByteArray& line : bytes().split('\n')) {
-            if (line.startsWith("<</Title") || line.startsWith("<</Type /Outlines"))
-                found += '|';
-            for (const QByteArray name : {"/Parent ", "/Prev ", "/Next ", "/First ", "/Last "})
-                if (!found.empty() && line.startsWith(name))
-                    found += ' ' + name.sliced(1).toStdString() +
-                             std::to_string(line.sliced(name.size()).split(' ')[0].toInt() - FirstObject);
-        }
+        for (const auto& match : line.globalMatch(objects))
+            found += match.captured(1).isEmpty()
+                         ? "|"
+                         : ' ' + match.captured(1).toStdString() + ' ' +
+                               std::to_string(match.captured(2).toInt() - FirstObject);
         return found;
     };
     // The second is not linked to the first; an item is linked to the one before the deeper ones.
     EXPECT_EQ(neighbours({0, 0, 0, 1}),
-              "| Parent 4| Parent 4 Next 2| Parent 4 Prev 1 First 3 Last 3| Parent 2| Last 3");
-    EXPECT_EQ(neighbours({0, 1, 2, 1}),
-              "| Parent 4 First 1 Last 3| Parent 0 Next 3 First 2 Last 2| Parent 1| Parent 0 Prev 1| Last 3");
+              " Parent 4| Parent 4 Next 2| Parent 4 Prev 1 First 3 Last 3| Parent 2| First 0 Last 3");
+    EXPECT_EQ(neighbours({0, 1, 2, 1}), " Parent 4 First 1 Last 3| Parent 0 Next 3 First 2 Last 2| Parent 1| "
+                                        "Parent 0 Prev 1| First 0 Last 3");
     EXPECT_EQ(neighbours({0}), "");
     EXPECT_TRUE(bytes().contains("/Outlines 1 0 R\r\n"));
     for (const QList<int>& faulty : {QList<int>{}, {0, 0}, {0, 1, 0}, {0, 2}, {1, 1}, {0, -1, 1}})

@@ -2,6 +2,7 @@
 #include "platform/values/error.h"
 #include "support/errorof.h"
 #include "support/print.h"
+#include "support/texttable.h"
 
 #include <QDate>
 #include <cmath>
@@ -132,24 +133,15 @@ TEST(JsonReading, RejectsWithThePosition)
 
 TEST(JsonReading, DecimalsKeepTheirDigits)
 {
-    const struct
-    {
-        QString text, written = text;
-    } rows[] = {
-        {u"[1234567890123456789012345678]"_s},
-        {u"[-12345678901234.56789012345678]"_s},
-        {u"[0.00001234567890123456789012345678]"_s},
-        {u"[79228162514264337593543950335]"_s},
-        {u"[12345678901234567890123456784.5]"_s, u"[12345678901234567890123456785]"_s},
-        {u"[0.99999999999999999999999999995]"_s, u"[1]"_s},
-        {u"[1.50,1e3,25e-1,1E-25,-0,-0.0e5,007]"_s, u"[1.5,1000,2.5,0.0000000000000000000000001,0,0,7]"_s},
-        {u"[1e-400,1e-99999999999]"_s, u"[0,0]"_s},
-    };
-    for (const auto& row : rows)
-        EXPECT_EQ(rewritten(row.text, true), row.written);
-    for (const QString& text :
-         {u"[79228162514264337593543950336]"_s, u"[1e29]"_s, u"[1e99999999999]"_s, u"[1e]"_s})
-        EXPECT_EQ(failureOf([&] { rewritten(text, true); }),
+    for (const QStringList& row : textTable(
+             u"1234567890123456789012345678|-12345678901234.56789012345678|79228162514264337593543950335|"
+             "0.00001234567890123456789012345678|12345678901234567890123456784.5="
+             "12345678901234567890123456785|"
+             "0.99999999999999999999999999995=1|1.50=1.5|1e3=1000|25e-1=2.5|-0=0|-0.0e5=0|007=7|"
+             "1E-25=0.0000000000000000000000001|1e-400=0|1e-99999999999=0"))
+        EXPECT_EQ(rewritten(u"[%1]"_s.arg(row[0]), true), u"[%1]"_s.arg(row.last()));
+    for (const QStringList& row : textTable(u"79228162514264337593543950336|1e29|1e99999999999|1e"))
+        EXPECT_EQ(failureOf([&] { rewritten(u"[%1]"_s.arg(row[0]), true); }),
                   u"6 Number overflow or parse error at character 2");
 
     JsonBag bag;

@@ -13,7 +13,6 @@
 #include <QTcpServer>
 #include <QTcpSocket>
 #include <QTemporaryDir>
-#include <QThread>
 #include <csignal>
 #include <gtest/gtest.h>
 #include <sys/resource.h>
@@ -76,11 +75,11 @@ public:
 QSslConfiguration ownCertificate(const QTemporaryDir& folder)
 {
     const auto file = [&](const QString& name) { return folder.filePath(name); };
-    EXPECT_EQ(QProcess::execute(u"openssl"_s, {u"req"_s, u"-x509"_s, u"-newkey"_s, u"ec"_s, u"-pkeyopt"_s,
-                                               u"ec_paramgen_curve:prime256v1"_s, u"-nodes"_s, u"-days"_s,
-                                               u"2"_s, u"-subj"_s, u"/CN=localhost"_s, u"-addext"_s,
-                                               u"subjectAltName=IP:127.0.0.1"_s, u"-keyout"_s, file(u"key"_s),
-                                               u"-out"_s, file(u"certificate"_s)}),
+    const QStringList arguments =
+        u"req -x509 -newkey ec -pkeyopt ec_paramgen_curve:prime256v1 -nodes -days 2 -subj /CN=localhost "
+        "-addext subjectAltName=IP:127.0.0.1"_s.split(u' ');
+    EXPECT_EQ(QProcess::execute(u"openssl"_s, arguments + QStringList{u"-keyout"_s, file(u"key"_s), u"-out"_s,
+                                                                      file(u"certificate"_s)}),
               0);
     QFile key(file(u"key"_s));
     EXPECT_TRUE(key.open(QFile::ReadOnly));
@@ -148,24 +147,6 @@ TEST_F(ProgramFolder, ProfileValues)
         EXPECT_EQ(Files::profileValue(row[0], row[1], u"none"_s, file), row[2]) << row[1].toStdString();
     EXPECT_EQ(Files::profileValue(u"CONFIG"_s, u"long"_s, u"none"_s, file), QString(254, u'x'));
     EXPECT_EQ(Files::profileValue(u"CONFIG"_s, u"key"_s, u"none"_s, file + u"x"_s), u"none");
-}
-
-TEST_F(ProgramFolder, OpeningStartsAProgramAndHandsOnTheRest)
-{
-    const QString script = Files::inProgramFolder(u"\\adm_atu.exe"_s);
-    Files::write(script, "#!/bin/sh\ntouch started\n");
-    QFile::setPermissions(script, QFile::ReadOwner | QFile::ExeOwner | QFile::WriteOwner);
-    Shell::open(script);
-    const QString trace = folder.filePath(u"started"_s);
-    for (int i = 0; i < 500 && !Files::exists(trace); ++i)
-        QThread::msleep(10);
-    EXPECT_TRUE(Files::exists(trace));
-
-    QStringList opened;
-    Shell::setHandler([&](const QString& target) { opened << target; });
-    Shell::open(u"https://tremosilva.example/x"_s);
-    Shell::setHandler({});
-    EXPECT_EQ(opened, QStringList{u"https://tremosilva.example/x"_s});
 }
 
 TEST(Http, AnswersComeBackWholeOrAsAnError)
