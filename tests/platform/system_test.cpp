@@ -190,11 +190,12 @@ TEST(Http, AnswersComeBackWholeOrAsAnError)
 
 TEST(Http, ARedirectionAndItsAnswerOnOneConnection)
 {
-    Server server([](QTcpSocket& socket, const QByteArray& path) {
+    Server server([&server](QTcpSocket& socket, const QByteArray& path) {
         const int hops = path.mid(1).toInt();
-        socket.write(hops == 0
-                         ? OneAnswer::http("200 OK", "the whole content")
-                         : OneAnswer::http("302 Found\r\nLocation: " + QByteArray::number(hops - 1), "away"));
+        const QString next = QString::number(hops - 1);
+        const QByteArray location = (hops % 2 ? server.at(next) : next).toLatin1();
+        socket.write(hops == 0 ? OneAnswer::http("200 OK", "the whole content")
+                               : OneAnswer::http("302 Found\r\nLocation: " + location, "away"));
     });
     for (int i = 1; i <= 200; ++i) {
         const auto read = [&] { return (i % 2 ? Http::get : Http::download)(server.at(u"1"_s), 5s, {}); };
