@@ -4,11 +4,13 @@
 
 #include "documents/pdf/colour.h"
 #include "platform/values/format.h"
+#include "support/texttable.h"
 
 #include <QRandomGenerator>
 #include <gmock/gmock.h>
 
 using namespace Qt::StringLiterals;
+using testing::HasSubstr;
 
 namespace {
 
@@ -18,6 +20,10 @@ protected:
     void expectContent(const std::function<void(PDFPrinter&)>& draw, const std::string& expected)
     {
         EXPECT_EQ(content(draw).toStdString(), expected);
+    }
+    static void expectAt(const PDFPrinter& pdf, int x, int y)
+    {
+        EXPECT_EQ(std::pair(int(pdf.PDFGetX()), int(pdf.PDFGetY())), std::pair(x, y));
     }
 
     /// The lines that end in one of these, with blanks between them.
@@ -59,51 +65,36 @@ TEST(PDFNumber, AgreesWithTheMaskForAllNumbers)
     EXPECT_EQ(errorOf([] { PDFText(PDFNumber(1 / 0.0)); }), 6);
 }
 
-TEST_F(PDFContent, Text)
+TEST_F(PDFContent, Texts)
 {
-    expectContent([](PDFPrinter& pdf) { pdf.PDFTextOut(u"Ação (1) a\\b"_s, 30, 40); },
-                  text("31.00 802.00 Td", "A\xE7\xE3o \\(1\\) a\\\\\\\\b"));
+    // "AA A" of 50 is 33.35 x 3 + 13.9 wide, and the blank counts twice; "up" is 55.6, rounded 56, of which
+    // 1000ths of the size are added: 842 - (40 - 2.8) - 2.
+    std::string underlined = text("31.00 802.00 Td", "AA A", "/F8 50.00");
+    underlined.insert(underlined.find("Q\n%FIN"), "31.00 802.80 127.85 -0.26 re f\n");
     expectContent(
         [](PDFPrinter& pdf) {
             // Where X stands is 1 here, and the margin is added again.
             pdf.PDFTextOut(u"AA"_s, 0, 0);
-            EXPECT_EQ(pdf.PDFGetX(), 14); // 1 + 13.34
-            EXPECT_EQ(pdf.PDFGetY(), 11);
+            expectAt(pdf, 14, 11); // 1 + 13.34
             pdf.PDFTextOut({}, 0, 100);
-            EXPECT_EQ(pdf.PDFGetX(), 14);
-        },
-        text("2.00 841.00 Td", "AA") + text("15.34 742.00 Td", ""));
-    expectContent(
-        [](PDFPrinter& pdf) {
+            expectAt(pdf, 14, 110);
+            pdf.PDFTextOut(u"Ação (1) a\\b"_s, 30, 40);
+            // The rotation and the underline are used up by one text; a rotated one has no margin.
+            pdf.PDFSetRotation(810); // so that the rounded pi shows
+            pdf.PDFTextOut(u"A"_s, 30, 40);
+            pdf.PDFSetFont(0, 50, 3);
+            pdf.PDFTextOut(u"AA A"_s, 30, 40);
+            pdf.PDFTextOut(u"A"_s, 30, 40);
             pdf.PDFSetTextColor(QVariantList{255, 192.5, 300});
             pdf.PDFSetFont(2, 0, 2);
             EXPECT_EQ(pdf.PDFTextHeight(), 10);
             pdf.PDFTextOut(u"a"_s, 5, 5);
         },
-        text("6.00 837.00 Td", "a", "/F10 10.00", "1.000 0.753 1.176 rg"));
-}
-
-TEST_F(PDFContent, RotatedAndUnderlinedText)
-{
-    // The rotation and the underline are used up by one text; a rotated one has no margin.
-    expectContent(
-        [](PDFPrinter& pdf) {
-            pdf.PDFSetRotation(810); // so that the rounded pi shows
-            pdf.PDFTextOut(u"A"_s, 30, 40);
-            pdf.PDFTextOut(u"A"_s, 30, 40);
-        },
-        text("-0.00003 1.00000 -1.00000 -0.00003 30.00 802.00 Tm", "A") + text("31.00 802.00 Td", "A"));
-    // "AA A" of 50 is 33.35 x 3 + 13.9 wide, and the blank counts twice; "up" is 55.6, rounded 56, of which
-    // 1000ths of the size are added: 842 - (40 - 2.8) - 2.
-    std::string expected = text("31.00 802.00 Td", "AA A", "/F8 50.00");
-    expected.insert(expected.find("Q\n%FIN"), "31.00 802.80 127.85 -0.26 re f\n");
-    expectContent(
-        [](PDFPrinter& pdf) {
-            pdf.PDFSetFont(0, 50, 3);
-            pdf.PDFTextOut(u"AA A"_s, 30, 40);
-            pdf.PDFTextOut(u"A"_s, 30, 40);
-        },
-        expected + text("31.00 802.00 Td", "A", "/F8 50.00"));
+        text("2.00 841.00 Td", "AA") + text("15.34 742.00 Td", "") +
+            text("31.00 802.00 Td", "A\xE7\xE3o \\(1\\) a\\\\\\\\b") +
+            text("-0.00003 1.00000 -1.00000 -0.00003 30.00 802.00 Tm", "A") + underlined +
+            text("31.00 802.00 Td", "A", "/F8 50.00") +
+            text("6.00 837.00 Td", "a", "/F10 10.00", "1.000 0.753 1.176 rg"));
 }
 
 TEST_F(PDFContent, Watermark)
@@ -120,39 +111,42 @@ TEST_F(PDFContent, Watermark)
     pdf.PDFNewPage();
     pdf.PDFEndDoc();
     const std::string file = bytes().replace("\r\n", "\n").toStdString();
-    EXPECT_NE(file.find("2 0 obj\n<< /Length 3 0 R\n >>\nstream\n" + mark + "endstream"), std::string::npos)
-        << file;
-    EXPECT_NE(file.find("stream\n%DEBUT_OBJ/%\n" + mark + "endstream"), std::string::npos);
+    EXPECT_THAT(file, HasSubstr("2 0 obj\n<< /Length 3 0 R\n >>\nstream\n" + mark + "endstream"));
+    EXPECT_THAT(file, HasSubstr("stream\n%DEBUT_OBJ/%\n" + mark + "endstream"));
+    for (const auto* part :
+         {"\n6 0 obj\n<< /Type /Font\n/Subtype /Type1\n/Name /F1\n/BaseFont /Courier-Bold\n",
+          "\n19 0 obj\n<< /Type /Font\n/Subtype /Type1\n/Name /F14\n/BaseFont /ZapfDingbats\n",
+          "%DEBUT_OBJ/%\n20 0 obj\n<< /Type /Pages\n", "<< /Size 28\n/Root 27 0 R\n"})
+        EXPECT_THAT(file, HasSubstr(part));
     expectReadable(2);
 }
 
 TEST_F(PDFContent, Lines)
 {
+    const auto line = [](const std::string& name, const std::string& style, const std::string& ends,
+                         const std::string& color) {
+        return "%DEBUT_" + name + "/%\n[" + style + " ] 0 d\n" + ends + "\n" + color +
+               " RG\n0.50 w S\n%FIN_" + name + "/%\n";
+    };
     expectContent(
         [](PDFPrinter& pdf) {
             pdf.PDFSetLineStyle(1);
             pdf.PDFSetLineColor(u"#FF0080"_s);
             pdf.PDFDrawLine(10, 20.555, 5, 40);
-            EXPECT_EQ(pdf.PDFGetX(), 10);
-            EXPECT_EQ(pdf.PDFGetY(), 40);
+            expectAt(pdf, 10, 40);
             pdf.PDFSetLineStyle(2);
             pdf.PDFSetDrawColor(255);
             pdf.PDFDrawLineHor(10, 20, 30);
             EXPECT_EQ(pdf.PDFGetDrawColor(), u"1.000 0.000 0.502 rg");
-            EXPECT_EQ(pdf.PDFGetX(), 40);
-            EXPECT_EQ(pdf.PDFGetY(), 20);
+            expectAt(pdf, 40, 20);
             pdf.PDFSetLineStyle(3);
             pdf.PDFSetLineColor(0x010000);
             pdf.PDFDrawLineVer(10, 20, 30);
-            EXPECT_EQ(pdf.PDFGetDrawColor(), u"0.000 0.000 0.004 rg");
-            EXPECT_EQ(pdf.PDFGetX(), 10);
-            EXPECT_EQ(pdf.PDFGetY(), 50);
+            expectAt(pdf, 10, 50);
         },
-        "%DEBUT_LN/%\n[16 8 ] 0 d\n10.00 821.45 m\n5.00 802.00 l\n1.000 0.000 0.502 RG\n0.50 w S\n%FIN_LN/%\n"
-        "%DEBUT_LNH/%\n[8 7 2 7 ] 0 d\n10.00 822.00 m\n40.00 822.00 l\n1.000 0.000 0.502 RG\n0.50 w "
-        "S\n%FIN_LNH/%\n"
-        "%DEBUT_LNV/%\n[8 4 2 4 2 4 ] 0 d\n10.00 822.00 m\n10.00 792.00 l\n0.000 0.000 0.004 RG\n0.50 w S\n"
-        "%FIN_LNV/%\n");
+        line("LN", "16 8", "10.00 821.45 m\n5.00 802.00 l", "1.000 0.000 0.502") +
+            line("LNH", "8 7 2 7", "10.00 822.00 m\n40.00 822.00 l", "1.000 0.000 0.502") +
+            line("LNV", "8 4 2 4 2 4", "10.00 822.00 m\n10.00 792.00 l", "0.000 0.000 0.004"));
 }
 
 TEST_F(PDFContent, UnitsScaleLengthsButNeitherMarginsNorWidths)
@@ -180,165 +174,141 @@ TEST_F(PDFContent, UnitsScaleLengthsButNeitherMarginsNorWidths)
 
 TEST_F(PDFContent, RectanglesEllipsesPolygons)
 {
-    const auto inMode = [this](const QVariant& mode) {
-        return content([&](PDFPrinter& pdf) {
-                   pdf.PDFSetDrawMode(mode);
-                   pdf.PDFSetDrawColor(0x0000FF);
-                   pdf.PDFDrawRectangle(10, 20, 30, 40);
-                   EXPECT_EQ(pdf.PDFGetTextColor(), u"1.000 1.000 1.000 rg");
-                   EXPECT_EQ(pdf.PDFGetX(), 10);
-                   EXPECT_EQ(pdf.PDFGetY(), 60);
-                   pdf.PDFSetTextColor(0);
-                   pdf.PDFDrawEllipse(100, 200, 40, 0);
-                   EXPECT_EQ(pdf.PDFGetTextColor(), u"1.000 1.000 1.000 rg");
-                   EXPECT_EQ(pdf.PDFGetY(), 220);
-                   pdf.PDFDrawPolygon({{1, 2, 3, 4, 5, 6}});
-               })
-            .toStdString();
-    };
-    const auto expected = [](const std::string& colours, const std::string& rectangle,
-                             const std::string& figure) {
-        return "%DEBUT_RECT/%\n" + colours + "[] 0 d\n10.00 822.00 30.00 -40.00 re " + rectangle +
-               "\n0.50 w S\n%FIN_RECT/%\n" + colours +
-               "[] 0 d\n100.00 622.00 m\n"
-               "100.00 633.00 109.00 642.00 120.00 642.00 c\n131.00 642.00 140.00 633.00 140.00 622.00 c\n"
-               "140.00 611.00 131.00 602.00 120.00 602.00 c\n109.00 602.00 100.00 611.00 100.00 622.00 "
-               "c\n0.50 w " +
-               figure + "\n" + colours +
-               "%DEBUT_POLY/%\n[] 0 d\n1.00 840.00 m\n3.00 838.00 l\n5.00 836.00 l\n" +
-               "1.00 840.00 l\n0.50 w " + figure + "\n%FIN_POLY/%\n";
-    };
-    EXPECT_EQ(inMode(0), expected("0 G\n", "s", "s"));
-    EXPECT_EQ(inMode(u"1"_s), expected("1.000 0.000 0.000 rg\n", "f", "h f"));
-    EXPECT_EQ(inMode(2), expected("1.000 0.000 0.000 rg\n0 G\n", "B", "B"));
+    const struct
+    {
+        QVariant mode;
+        std::string colours, rectangle, figure;
+    } rows[] = {{0, "0 G\n", "s", "s"},
+                {u"1"_s, "1.000 0.000 0.000 rg\n", "f", "h f"},
+                {2, "1.000 0.000 0.000 rg\n0 G\n", "B", "B"}};
+    for (const auto& row : rows)
+        expectContent(
+            [&](PDFPrinter& pdf) {
+                pdf.PDFSetDrawMode(row.mode);
+                pdf.PDFSetDrawColor(0x0000FF);
+                pdf.PDFDrawRectangle(10, 20, 30, 40);
+                EXPECT_EQ(pdf.PDFGetTextColor(), u"1.000 1.000 1.000 rg");
+                expectAt(pdf, 10, 60);
+                pdf.PDFSetTextColor(0);
+                pdf.PDFDrawEllipse(100, 200, 40, 0);
+                EXPECT_EQ(pdf.PDFGetTextColor(), u"1.000 1.000 1.000 rg");
+                expectAt(pdf, 100, 220);
+                pdf.PDFDrawPolygon({{1, 2, 3, 4, 5, 6}});
+            },
+            "%DEBUT_RECT/%\n" + row.colours + "[] 0 d\n10.00 822.00 30.00 -40.00 re " + row.rectangle +
+                "\n0.50 w S\n%FIN_RECT/%\n" + row.colours +
+                "[] 0 d\n100.00 622.00 m\n"
+                "100.00 633.00 109.00 642.00 120.00 642.00 c\n131.00 642.00 140.00 633.00 140.00 622.00 c\n"
+                "140.00 611.00 131.00 602.00 120.00 602.00 c\n109.00 602.00 100.00 611.00 100.00 622.00 "
+                "c\n0.50 w " +
+                row.figure + "\n" + row.colours +
+                "%DEBUT_POLY/%\n[] 0 d\n1.00 840.00 m\n3.00 838.00 l\n5.00 836.00 l\n1.00 840.00 l\n0.50 w " +
+                row.figure + "\n%FIN_POLY/%\n");
 }
 
 TEST_F(PDFContent, CellsBreakTextAtBlanksOrInLongWords)
 {
     // 40 less two margins of 3 leave 34; at 10 "a" and a blank count 6 and 3, rounded as they are summed up.
-    const struct
-    {
-        QString shown;
-        double size;
-        std::string lines;
-    } rows[] = {
-        {u"aaa aaa a"_s, 10, "103.00 633.00 Td (aaa) Tj 103.00 621.00 Td (aaa a) Tj"},
-        {u"aaaaaaaa"_s, 10, "106.00 633.00 Td (aaaaa) Tj 103.00 621.00 Td (aaa) Tj"},
-        {u"aaa aaa a"_s, 5, "103.00 634.50 Td (aaa aaa a) Tj"},
-        {{}, 10, "103.00 633.00 Td () Tj"},
-        {u"a\r\n"_s, 10, "103.00 633.00 Td (a\r) Tj"},
-        // A character wider than the cell stands alone.
-        {u"aa"_s, 100, "106.00 606.00 Td (a) Tj 106.00 594.00 Td (a) Tj 103.00 582.00 Td () Tj"},
-    };
-    for (const auto& [shown, size, lines] : rows) {
+    // A character wider than the cell stands alone.
+    for (const QStringList& row :
+         textTable(u"aaa aaa a=10=103.00 633.00 Td (aaa) Tj 103.00 621.00 Td (aaa a) Tj|"
+                   "aaaaaaaa=10=106.00 633.00 Td (aaaaa) Tj 103.00 621.00 Td (aaa) Tj|"
+                   "aaa aaa a=5=103.00 634.50 Td (aaa aaa a) Tj|=10=103.00 633.00 Td () Tj|"
+                   "a\r\n=10=103.00 633.00 Td (a\r) Tj|"
+                   "aa=100=106.00 606.00 Td (a) Tj 106.00 594.00 Td (a) Tj 103.00 582.00 Td () Tj")) {
         const auto draw = [&](PDFPrinter& pdf) {
-            pdf.PDFSetFont(0, size, 0);
-            pdf.PDFCell(shown, 100, 200, 40, 12);
+            pdf.PDFSetFont(0, row[1].toInt(), 0);
+            pdf.PDFCell(row[0], 100, 200, 40, 12);
         };
-        EXPECT_EQ(linesOf(draw, {" Tj", " Td"}), lines) << shown.toStdString();
+        EXPECT_EQ(linesOf(draw, {" Tj", " Td"}), row[2].toStdString());
     }
 }
 
 TEST_F(PDFContent, CellsAlignTheirText)
 {
-    const auto cell = [this](qint32 alignment) {
-        return content([&](PDFPrinter& pdf) {
-                   pdf.PDFSetBorder(0);
-                   pdf.PDFSetAlignement(alignment);
-                   pdf.PDFCell(u"A A"_s, 103, 200, 60, 12);
-                   EXPECT_EQ(pdf.PDFGetX(), 160);
-                   EXPECT_EQ(pdf.PDFGetY(), 212);
-               })
-            .toStdString();
-    };
-    const auto expected = [](const std::string& spacing, const std::string& x, const std::string& end) {
-        return "%DEBUT_CELL/%\n0 G\n0 g\n0.50 w\n" + spacing + "q 0 g \nBT\n/F8 10 Tf\n" + x +
-               " 633.00 Td\n(A A) Tj\nET\nQ\n" + end + "%FIN_CELL/%\n";
-    };
-    // 60 wide from 100, the text 16.12.
-    EXPECT_EQ(cell(1), expected("", "106.00", ""));
-    EXPECT_EQ(cell(2), expected("", "140.88", ""));
-    EXPECT_EQ(cell(0), expected("", "122.00", ""));
-    EXPECT_EQ(cell(3), expected("37.880 Tw\n", "106.00", "0 Tw\n"));
+    const struct
+    {
+        qint32 alignment;
+        std::string spacing, x, end;
+    } rows[] = {// 60 wide from 100, the text 16.12.
+                {1, "", "106.00", ""},
+                {2, "", "140.88", ""},
+                {0, "", "122.00", ""},
+                {3, "37.880 Tw\n", "106.00", "0 Tw\n"}};
+    for (const auto& row : rows)
+        expectContent(
+            [&](PDFPrinter& pdf) {
+                pdf.PDFSetBorder(0);
+                pdf.PDFSetAlignement(row.alignment);
+                pdf.PDFCell(u"A A"_s, 103, 200, 60, 12);
+                expectAt(pdf, 160, 212);
+            },
+            "%DEBUT_CELL/%\n0 G\n0 g\n0.50 w\n" + row.spacing + "q 0 g \nBT\n/F8 10 Tf\n" + row.x +
+                " 633.00 Td\n(A A) Tj\nET\nQ\n" + row.end + "%FIN_CELL/%\n");
 }
 
 TEST_F(PDFContent, CellsDrawTheLastOfTheirEdges)
 {
-    const struct
-    {
-        qint32 border;
-        bool fill;
-        std::string lines; ///< of two lines of a cell at (103, 200), 40 x 12 each
-    } rows[] = {
-        {0, false, ""},
-        {0, true, "100.00 642.00 40.00 -12.00 re f\r 100.00 630.00 40.00 -12.00 re f\r"},
-        {1, true, "140.00 642.00 m 140.00 630.00 l S \r 100.00 618.00 m 140.00 618.00 l S \r"},
-        {2, false, "100.00 642.00 m 140.00 642.00 l S \r"},
-        {3, false, "100.00 618.00 m 140.00 618.00 l S \r"},
-        {43, false, "100.00 642.00 m 100.00 630.00 l S\r 100.00 618.00 m 140.00 618.00 l S \r"},
-        {5, false, "140.00 642.00 m 140.00 630.00 l S \r 140.00 630.00 m 140.00 618.00 l S \r"},
-    };
-    for (const auto& [border, fill, lines] : rows) {
+    // Of two lines of a cell at (103, 200), 40 x 12 each
+    for (const QStringList& row :
+         textTable(u"0=0=|0=1=100.00 642.00 40.00 -12.00 re f\r 100.00 630.00 40.00 -12.00 re f\r|"
+                   "1=1=140.00 642.00 m 140.00 630.00 l S \r 100.00 618.00 m 140.00 618.00 l S \r|"
+                   "2=0=100.00 642.00 m 140.00 642.00 l S \r|3=0=100.00 618.00 m 140.00 618.00 l S \r|"
+                   "43=0=100.00 642.00 m 100.00 630.00 l S\r 100.00 618.00 m 140.00 618.00 l S \r|"
+                   "5=0=140.00 642.00 m 140.00 630.00 l S \r 140.00 630.00 m 140.00 618.00 l S \r")) {
         const auto draw = [&](PDFPrinter& pdf) {
-            pdf.PDFSetBorder(border);
-            pdf.PDFSetFill(fill);
+            pdf.PDFSetBorder(row[0].toInt());
+            pdf.PDFSetFill(row[1] == u"1");
             pdf.PDFCell(u"aaa aaa a"_s, 103, 200, 40, 12);
         };
-        EXPECT_EQ(linesOf(draw, {" re f\r", " l S\r", " l S \r"}), lines) << border;
+        EXPECT_EQ(linesOf(draw, {" re f\r", " l S\r", " l S \r"}), row[2].toStdString())
+            << row[0].toStdString();
     }
 }
 
 TEST_F(PDFContent, Links)
 {
-    std::string annotations;
-    const auto draw = [&](const std::function<void(PDFPrinter&)>& link) {
-        const QByteArray drawn = content(link);
-        const QByteArray file = bytes();
-        const qsizetype begin = file.indexOf("/Annots [");
-        EXPECT_GE(begin, 0);
-        annotations = file.sliced(begin + 9, file.indexOf("\r\n/Contents") - begin - 9).toStdString();
-        return drawn.toStdString();
+    const auto expectLinks = [this](const std::function<void(PDFPrinter&)>& draw, std::string annotations) {
+        const std::string drawn = content(draw).toStdString();
+        EXPECT_THAT(bytes().toStdString(), HasSubstr("/Annots [" + annotations + "]\r\n/Contents"));
+        return drawn;
     };
-    const auto area = [](const std::string& rectangle, const std::string& action) {
+    const auto area = [](const std::string& rectangle,
+                         const std::string& action = "/A <</S /URI /URI (AA)>>>>\r\n") {
         return "<</Type /Annot /Subtype /Link /Rect [" + rectangle + "] /Border [0 0 0] " + action;
     };
-    const std::string action = "/A <</S /URI /URI (AA)>>>>\r\n";
     const QString url = u"AA"_s;
-
     // An address of its own: 13.34 wide, the area 13 x 10.
-    EXPECT_EQ(draw([&](PDFPrinter& pdf) { pdf.PDFLink(30.5, 40, url); }),
+    EXPECT_EQ(expectLinks([&](PDFPrinter& pdf) { pdf.PDFLink(30.5, 40, url); }, area("30.5 802 43.5 792")),
               "%DEBUT_LINK/%\nq 0 g \n%DEBUT_TEXT/%\nBT\n31.50 802.00 Td\n/F8 10.00 Tf\n(AA) Tj\nET\n"
               "32.00 800.11 13.34 -0.03 re f\nQ\n%FIN_TEXT/%\n%FIN_LINK/%\n");
-    EXPECT_EQ(annotations, area("30.5 802 43.5 792", action) + "]");
-    // A target that is no text leaves its dictionary open.
-    draw([&](PDFPrinter& pdf) { pdf.PDFLink(30, 40, url, 7); });
-    EXPECT_EQ(annotations, area("30 802 43 792", "") + "]");
-    draw([&](PDFPrinter& pdf) { pdf.PDFLink(30, 40, url, u"B(\\"_s); });
-    EXPECT_EQ(annotations, area("30 802 43 792", "/A <</S /URI /URI (B\\(\\\\\\\\)>>>>\r\n") + "]");
-    draw([&](PDFPrinter& pdf) { pdf.PDFDrawRectangle(10, 20, 30.5, 41, url); });
-    EXPECT_EQ(annotations, area("15 802 45 792", action) + "]");
-    draw([&](PDFPrinter& pdf) { pdf.PDFDrawEllipse(10, 20, 30, 40, url); });
-    EXPECT_EQ(annotations, area("10 802 32 792", action) + "]"); // as wide as "LINK"
-    // A figure without a link leaves its kind, and no text to be as wide as, to the next one.
-    draw([&](PDFPrinter& pdf) {
-        pdf.PDFDrawEllipse(10, 20, 30, 40);
-        pdf.PDFLink(30, 40, url);
-        pdf.PDFLink(30, 60, url);
-    });
-    EXPECT_EQ(annotations, area("30 802 30 792", action) + area("30 782 43 772", action) + "]");
+    expectLinks(
+        [&](PDFPrinter& pdf) {
+            // A target that is no text leaves its dictionary open.
+            pdf.PDFLink(30, 40, url, 7);
+            pdf.PDFLink(30, 40, url, u"B(\\"_s);
+            pdf.PDFDrawRectangle(10, 20, 30.5, 41, url);
+            pdf.PDFDrawEllipse(10, 20, 30, 40, url); // as wide as "LINK"
+            // A figure without a link leaves its kind, and no text to be as wide as, to the next one.
+            pdf.PDFDrawEllipse(10, 20, 30, 40);
+            pdf.PDFLink(30, 40, url);
+            pdf.PDFLink(30, 60, url);
+        },
+        area("30 802 43 792", "") + area("30 802 43 792", "/A <</S /URI /URI (B\\(\\\\\\\\)>>>>\r\n") +
+            area("15 802 45 792") + area("10 802 32 792") + area("30 802 30 792") + area("30 782 43 772"));
     // A cell's text is a link, and so is what stands under the same address at its corner.
     // The corner is at 0, which stands for the X that the cell has set. The blank of the justified text is
     // 60 - 2 x 3 - 16.12 wider, of which the line leaves out 2 x 3 again, and at its end 3 more.
+    const auto cell = [&](PDFPrinter& pdf) {
+        pdf.PDFSetAlignement(3);
+        pdf.PDFCell(u"A A"_s, 3, 200, 60, 12, url);
+    };
     EXPECT_EQ(
-        draw([&](PDFPrinter& pdf) {
-            pdf.PDFSetAlignement(3);
-            pdf.PDFCell(u"A A"_s, 3, 200, 60, 12, url);
-        }),
+        expectLinks(cell, area("6 641 66 631") + area("0 642 16 632")),
         "%DEBUT_CELL/%\n0 G\n0 g\n0.50 w\n37.880 Tw\nq 0 g \n6.00 630.00 47.78 -0.10 re f\nBT\n/F8 10 Tf\n"
         "6.00 633.00 Td\n(A A) Tj\nET\nQ\n%DEBUT_LINK/%\nq 0 g \n%DEBUT_TEXT/%\nBT\n1.00 642.00 Td\n"
         "/F8 10.00 Tf\n() Tj\nET\n1.00 640.11 0.00 0.00 re f\nQ\n%FIN_TEXT/%\n%FIN_LINK/%\n0 "
         "Tw\n%FIN_CELL/%\n");
-    EXPECT_EQ(annotations, area("6 641 66 631", action) + area("0 642 16 632", action) + "]");
 }
 
 TEST_F(PDFContent, AtMostAThousandLinksOnAPage)
@@ -363,25 +333,18 @@ TEST_F(PDFContent, NamesAndWidthsOfFonts)
     PDFPrinter pdf;
     configure(pdf);
     pdf.PDFBeginDoc();
-    const struct
-    {
-        qint32 family, style;
-        QByteArray number;
-        int error;
-    } rows[] = {
-        {0, 0, "/F8 ", 0}, {0, 12, "/F6 ", 0}, {0, 31, "/F7 ", 0}, {1, 0, "/F4 ", 0},
-        {1, 2, "/F1 ", 0}, {2, 0, "/F13 ", 0}, {2, 1, "/F0 ", 53}, {2, 21, "/F11 ", 0},
-        {3, 0, "/F9 ", 0}, {3, 2, "/F0 ", 53}, {4, 0, "/F14 ", 0}, {4, 1, "/F0 ", 53},
-    };
-    for (const auto& row : rows) {
-        pdf.PDFSetFont(row.family, 10, row.style);
-        EXPECT_EQ(errorOf([&] { pdf.PDFTextOut(u"A"_s, 1, 1); }), row.error);
+    // Family, style, number
+    for (const QStringList& row :
+         textTable(u"0=0=8|0=12=6|0=31=7|1=0=4|1=2=1|2=0=13|2=1=0|2=21=11|3=0=9|3=2=0|"
+                   "4=0=14|4=1=0")) {
+        pdf.PDFSetFont(row[0].toInt(), 10, row[1].toInt());
+        EXPECT_EQ(errorOf([&] { pdf.PDFTextOut(u"A"_s, 1, 1); }), row[2] == u"0" ? 53 : 0);
         pdf.PDFNewPage();
         const QByteArray file = bytes();
-        EXPECT_TRUE(file.sliced(file.lastIndexOf("\r\nBT")).contains(row.number + "10.00 Tf\r\n(A) Tj"))
-            << row.family << '/' << row.style;
+        EXPECT_TRUE(file.sliced(file.lastIndexOf("\r\nBT"))
+                        .contains("/F" + row[2].toLatin1() + " 10.00 Tf\r\n(A) Tj"))
+            << row.join(u'=').toStdString();
     }
-
     const auto width = [&](const QString& text, const QString& font, double size) {
         return pdf.PDFGetStringWidth(text, font, size);
     };
@@ -433,23 +396,13 @@ TEST_F(PDFContent, MarginsAndPageSizes)
     }
     EXPECT_EQ(errorOf([&] { pdf.PDFSetLeftMargin(40'000); }), 6);
 
-    const struct
-    {
-        QVariant format;
-        qint32 orientation;
-        double width, height;
-    } rows[] = {{0, 1, 595, 842},
-                {0, 0, 842, 595},
-                {1, 1, 842, 1191},
-                {2, 1, 421, 595},
-                {3, 1, 612, 792},
-                {4, 0, 1008, 612},
-                {QVariantList{100.5, 200.5}, 1, 100, 200}};
-    for (const auto& row : rows) {
-        pdf.PDFFormatPage(row.format);
-        pdf.PDFOrientation(row.orientation);
-        EXPECT_EQ(pdf.PDFGetPageWidth(), row.width);
-        EXPECT_EQ(pdf.PDFGetPageHeight(), row.height);
+    // Format, orientation, width, height
+    for (const QStringList& row : textTable(u"0=1=595=842|0=0=842=595|1=1=842=1191|2=1=421=595|3=1=612=792|"
+                                            "4=0=1008=612|own=1=100=200")) {
+        pdf.PDFFormatPage(row[0] == u"own" ? QVariantList{100.5, 200.5} : QVariant(row[0].toInt()));
+        pdf.PDFOrientation(row[1].toInt());
+        EXPECT_EQ(pdf.PDFGetPageWidth(), row[2].toInt());
+        EXPECT_EQ(pdf.PDFGetPageHeight(), row[3].toInt());
     }
     EXPECT_EQ(errorOf([&] { pdf.PDFFormatPage(QVariantList{100.0}); }), 9);
 }

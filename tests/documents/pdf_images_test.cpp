@@ -54,18 +54,16 @@ TEST_F(PDFImages, WhatTheHeaderTells)
         {framed(0xC0, 1, framed(0xC1, 3).sliced(2).chopped(2) + QByteArray::fromHex("ffda0008010100003f00")),
          "DeviceGray", 8},
     };
-    int row = 0;
     for (const auto& [file, colours, bits] : rows) {
+        SCOPED_TRACE(file.toHex().toStdString());
         QString complaint;
         const std::optional<PDFJpeg> picture = PDFScanJpeg(file, complaint);
-        ASSERT_EQ(picture.has_value(), colours.has_value()) << row;
-        EXPECT_EQ(picture.has_value(), complaint.isEmpty()) << row;
+        EXPECT_EQ(picture.has_value(), complaint.isEmpty());
+        ASSERT_EQ(picture.has_value(), colours.has_value());
         if (picture) {
-            EXPECT_EQ(std::pair(picture->width, picture->height), std::pair(64, 32)) << row;
-            EXPECT_EQ(picture->colourSpace, *colours) << row;
-            EXPECT_EQ(picture->bitsPerComponent, bits) << row;
+            EXPECT_EQ(std::pair(picture->width, picture->height), std::pair(64, 32));
+            EXPECT_EQ(std::pair(picture->colourSpace, picture->bitsPerComponent), std::pair(*colours, bits));
         }
-        ++row;
     }
 }
 

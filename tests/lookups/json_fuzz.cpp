@@ -29,22 +29,14 @@ QString spoilt(QString text, std::mt19937& random)
     const auto below = [&](qsizetype bound) { return qsizetype(random() % std::size_t(bound)); };
     for (qsizetype change = 1 + below(4); change > 0; --change) {
         const qsizetype at = below(text.size() + 1);
-        switch (below(5)) {
-        case 0:
-            text.insert(at, pieces[below(pieces.size())]);
-            break;
-        case 1:
-            text.remove(at, 1 + below(3));
-            break;
-        case 2:
-            text.replace(at, 1, QString(pieces[below(pieces.size())]));
-            break;
-        case 3:
-            text.insert(at, text.mid(below(text.size() + 1), below(20)));
-            break;
-        default:
-            text.insert(at, QString(1 + below(1200), pieces[below(4)]));
-        }
+        const QChar piece = pieces[below(pieces.size())];
+        const QString inserts[] = {{},
+                                   {},
+                                   piece,
+                                   piece,
+                                   text.mid(below(text.size() + 1), below(20)),
+                                   QString(1 + below(1200), pieces[below(4)])};
+        text.replace(at, below(3), inserts[below(std::size(inserts))]);
     }
     return text;
 }
@@ -60,15 +52,12 @@ void use(JsonBag& bag, std::mt19937& random)
 {
     for (qsizetype i = bag.Count(); i > 0; i -= 1 + qsizetype(random() % 3)) {
         const JsonValue value = bag.Item(i);
-        if (bag.IsArray()) {
+        if (bag.IsArray())
             bag.setItem(i, random() % 2 ? value : JsonValue(u"x"));
-        } else {
-            const QString name = bag.Name(i);
-            if (random() % 2)
-                bag.setItem(name, value);
-            else
-                bag.Remove(name);
-        }
+        else if (random() % 2)
+            bag.setItem(QString(bag.Name(i)), value);
+        else
+            bag.Remove(i);
     }
 }
 

@@ -13,7 +13,6 @@
 #include <QTcpServer>
 #include <QTcpSocket>
 #include <QTemporaryDir>
-#include <QThread>
 #include <csignal>
 #include <gtest/gtest.h>
 #include <sys/resource.h>
@@ -76,11 +75,11 @@ public:
 QSslConfiguration ownCertificate(const QTemporaryDir& folder)
 {
     const auto file = [&](const QString& name) { return folder.filePath(name); };
-    EXPECT_EQ(QProcess::execute(u"openssl"_s, {u"req"_s, u"-x509"_s, u"-newkey"_s, u"ec"_s, u"-pkeyopt"_s,
-                                               u"ec_paramgen_curve:prime256v1"_s, u"-nodes"_s, u"-days"_s,
-                                               u"2"_s, u"-subj"_s, u"/CN=localhost"_s, u"-addext"_s,
-                                               u"subjectAltName=IP:127.0.0.1"_s, u"-keyout"_s, file(u"key"_s),
-                                               u"-out"_s, file(u"certificate"_s)}),
+    const QStringList arguments =
+        u"req -x509 -newkey ec -pkeyopt ec_paramgen_curve:prime256v1 -nodes -days 2 -subj /CN=localhost "
+        "-addext subjectAltName=IP:127.0.0.1"_s.split(u' ');
+    EXPECT_EQ(QProcess::execute(u"openssl"_s, arguments + QStringList{u"-keyout"_s, file(u"key"_s), u"-out"_s,
+                                                                      file(u"certificate"_s)}),
               0);
     QFile key(file(u"key"_s));
     EXPECT_TRUE(key.open(QFile::ReadOnly));
@@ -150,65 +149,64 @@ TEST_F(ProgramFolder, ProfileValues)
     EXPECT_EQ(Files::profileValue(u"CONFIG"_s, u"key"_s, u"none"_s, file + u"x"_s), u"none");
 }
 
-TEST_F(ProgramFolder, OpeningStartsAProgramAndHandsOnTheRest)
+TEST(Http, AnswersComeBackWholeOrAsAnError)
 {
-    const QString script = Files::inProgramFolder(u"\\adm_atu.exe"_s);
-    Files::write(script, "#!/bin/sh\ntouch started\n");
-    QFile::setPermissions(script, QFile::ReadOwner | QFile::ExeOwner | QFile::WriteOwner);
-    Shell::open(script);
-    const QString trace = folder.filePath(u"started"_s);
-    for (int i = 0; i < 500 && !Files::exists(trace); ++i)
-        QThread::msleep(10);
-    EXPECT_TRUE(Files::exists(trace));
-
-    QStringList opened;
-    Shell::setHandler([&](const QString& target) { opened << target; });
-    Shell::open(u"https://tremosilva.example/x"_s);
-    Shell::setHandler({});
-    EXPECT_EQ(opened, QStringList{u"https://tremosilva.example/x"_s});
+    const QByteArray head = "HTTP/1.1 200 OK\r\n";
+    const struct
+    {
+        QByteArray answer;
+        int status;
+        QByteArray body;
+        int getError = 0, downloadError = getError;
+    } rows[] = {
+        {OneAnswer::http("200 OK", QByteArray("\0\r\n\x1a\xff", 5)), 200, QByteArray("\0\r\n\x1a\xff", 5)},
+        {OneAnswer::http("404 Not Found", "gone"), 404, "gone"},
+        {"HTTP/1.1 503 Busy\r\n\r\nlater", 503, "later"},
+        {OneAnswer::http("200 OK", "#!/bin/sh\n").chopped(1), 0, {}, 12030},
+        {head + "Content-Length: 100\r\n\r\nab", 0, {}, 12030},
+        {"HTTP/1.1 302 Found\r\nLocation: ftp://127.0.0.1/x\r\nContent-Length: 0\r\n\r\n", 0, {}, 12156},
+        {"HTTP/1.1 302 Found\r\nContent-Length: 0\r\n\r\n", 0, {}, 12156},
+        // Without a length a file is not known to be whole.
+        {head + "Transfer-Encoding: chunked\r\n\r\n2\r\nab\r\n0\r\n\r\n", 200, "ab", 0, 12152},
+        {head + "\r\nab", 200, "ab", 0, 12152},
+    };
+    // Which of the events of a broken connection comes first is chance.
+    for (int i = 0; i < 10; ++i)
+        for (const auto& row : rows) {
+            OneAnswer server(row.answer);
+            Http::Response answer;
+            const auto read = [&] {
+                answer = (i % 2 ? Http::get : Http::download)(server.host() + u"/ws/1"_s, 5s, "Mozilla/5.0");
+            };
+            const int error = i % 2 ? row.getError : row.downloadError;
+            EXPECT_EQ(errorOf(read), error) << row.answer.toStdString();
+            EXPECT_EQ(answer.status, error ? 0 : row.status) << row.answer.toStdString();
+            EXPECT_EQ(answer.body, error ? QByteArray() : row.body) << row.answer.toStdString();
+            for (const auto* line : {"GET /ws/1 HTTP/1.1\r\n", "\r\nUser-Agent: Mozilla/5.0\r\n",
+                                     "\r\nAccept-Encoding: identity\r\n"})
+                EXPECT_TRUE(server.request().contains(line)) << line;
+        }
 }
 
-TEST(HttpGet, AnswersOfAnyStatusComeBackWhole)
+TEST(Http, ARedirectionAndItsAnswerOnOneConnection)
 {
-    OneAnswer good(OneAnswer::http("200 OK", "ab\ncd"));
-    const Http::Response answer = Http::get(good.host() + u"/ws/1"_s, 5s, "Mozilla/5.0");
-    EXPECT_EQ(answer.status, 200);
-    EXPECT_EQ(answer.body, "ab\ncd");
-    EXPECT_TRUE(good.request().startsWith("GET /ws/1 HTTP/1.1\r\n"));
-    EXPECT_TRUE(good.request().contains("User-Agent: Mozilla/5.0\r\n"));
-
-    OneAnswer missing(OneAnswer::http("404 Not Found", "gone"));
-    const Http::Response refused = Http::get(missing.host(), 5s);
-    EXPECT_EQ(refused.status, 404);
-    EXPECT_EQ(refused.body, "gone");
-
-    OneAnswer here(OneAnswer::http("200 OK", "found"));
-    OneAnswer moved("HTTP/1.1 302 Found\r\nContent-Length: 0\r\nLocation: " + here.host().toLatin1() +
-                    "/b\r\n\r\n");
-    EXPECT_EQ(Http::get(moved.host() + u"/a"_s, 5s).body, "found");
-}
-
-TEST(HttpGet, ARedirectionAndItsAnswerOnOneConnection)
-{
-    Server server([](QTcpSocket& socket, const QByteArray& path) {
+    Server server([&server](QTcpSocket& socket, const QByteArray& path) {
         const int hops = path.mid(1).toInt();
-        if (hops == 0)
-            socket.write(OneAnswer::http("200 OK", "the whole content"));
-        else
-            socket.write(
-                OneAnswer::http("302 Found\r\nLocation: " + QByteArray::number(hops - 1), "moved away"));
+        const QString next = QString::number(hops - 1);
+        const QByteArray location = (hops % 2 ? server.at(next) : next).toLatin1();
+        socket.write(hops == 0 ? OneAnswer::http("200 OK", "the whole content")
+                               : OneAnswer::http("302 Found\r\nLocation: " + location, "away"));
     });
     for (int i = 1; i <= 200; ++i) {
-        auto* const read = i % 2 ? Http::get : Http::download;
-        ASSERT_EQ(errorOf([&] { EXPECT_EQ(read(server.at(u"1"_s), 5s, {}).body, "the whole content"); }), 0)
-            << i;
+        const auto read = [&] { return (i % 2 ? Http::get : Http::download)(server.at(u"1"_s), 5s, {}); };
+        ASSERT_EQ(errorOf([&] { EXPECT_EQ(read().body, "the whole content"); }), 0) << i;
         ASSERT_EQ(server.connections, i);
     }
     EXPECT_EQ(Http::get(server.at(u"10"_s), 5s).body, "the whole content");
     EXPECT_EQ(errorOf([&] { Http::get(server.at(u"11"_s), 5s); }), 12156);
 }
 
-TEST(HttpGet, AnAnswerThatDripsOrHasNoEndIsLeft)
+TEST(Http, AnAnswerThatDripsOrHasNoEndIsLeft)
 {
     QTimer drip;
     Server server([&](QTcpSocket& socket, const QByteArray&) {
@@ -228,26 +226,7 @@ TEST(HttpGet, AnAnswerThatDripsOrHasNoEndIsLeft)
     EXPECT_EQ(Http::download(great.at(u"1"_s), 5s).body.size(), Most + 1);
 }
 
-TEST(HttpDownload, AFileIsKnownToBeWhole)
-{
-    // Which of the events of a broken connection comes first is chance.
-    for (int i = 0; i < 10; ++i) {
-        OneAnswer broken(OneAnswer::http("200 OK", "#!/bin/sh\n").chopped(1));
-        EXPECT_EQ(errorOf([&] { Http::download(broken.host(), 5s); }), 12030);
-    }
-    OneAnswer pieces("HTTP/1.1 200 OK\r\nTransfer-Encoding: chunked\r\n\r\n2\r\nab\r\n0\r\n\r\n");
-    EXPECT_EQ(errorOf([&] { Http::download(pieces.host(), 5s); }), 12152);
-    OneAnswer endless("HTTP/1.1 200 OK\r\n\r\nab");
-    EXPECT_EQ(errorOf([&] { Http::download(endless.host(), 5s); }), 12152);
-
-    OneAnswer refused("HTTP/1.1 503 Busy\r\n\r\nlater");
-    EXPECT_EQ(Http::download(refused.host(), 5s).status, 503);
-    OneAnswer good(OneAnswer::http("200 OK", QByteArray("\0\r\n\x1a\xff", 5)));
-    EXPECT_EQ(Http::download(good.host(), 5s).body, QByteArray("\0\r\n\x1a\xff", 5));
-    EXPECT_TRUE(good.request().contains("\r\nAccept-Encoding: identity\r\n"));
-}
-
-TEST(HttpGet, HttpsIsKeptAndItsCertificateChecked)
+TEST(Http, HttpsIsKeptAndItsCertificateChecked)
 {
     const QTemporaryDir folder;
     const QSslConfiguration tls = ownCertificate(folder);
@@ -268,22 +247,13 @@ TEST(HttpGet, HttpsIsKeptAndItsCertificateChecked)
     QSslConfiguration::setDefaultConfiguration(before);
 }
 
-TEST(HttpGet, FailuresHaveTheirNumbers)
+TEST(Http, NobodyAnswers)
 {
-    {
-        OneAnswer silent("");
-        EXPECT_EQ(errorOf([&] { Http::get(silent.host() + u"/ws/1"_s, 200ms); }), 12002);
-    }
-    OneAnswer broken("HTTP/1.1 200 OK\r\nContent-Length: 100\r\n\r\nab");
-    EXPECT_EQ(errorOf([&] { Http::get(broken.host() + u"/ws/1"_s, 5s); }), 12030);
-
-    OneAnswer away("HTTP/1.1 302 Found\r\nLocation: ftp://127.0.0.1/x\r\nContent-Length: 0\r\n\r\n");
-    EXPECT_EQ(errorOf([&] { Http::get(away.host() + u"/ws/1"_s, 5s); }), 12156);
-
+    OneAnswer silent("");
+    EXPECT_EQ(errorOf([&] { Http::download(silent.host(), 200ms); }), 12002);
     OneAnswer unsafe(OneAnswer::http("200 OK", "ab"));
     EXPECT_EQ(errorOf([&] { Http::get(unsafe.host().replace(u"http:"_s, u"https:"_s), 5s); }), 12175);
-
     EXPECT_EQ(errorOf([] { Http::get(OneAnswer::closedHost(), 5s); }), 12029);
-    EXPECT_EQ(errorOf([] { Http::get(u"ftp://127.0.0.1/"_s, 5s); }), 12005);
-    EXPECT_EQ(errorOf([] { Http::get(u"http://"_s, 5s); }), 12005);
+    for (const QString& address : {u"ftp://127.0.0.1/"_s, u"http://"_s})
+        EXPECT_EQ(errorOf([&] { Http::get(address, 5s); }), 12005);
 }

@@ -105,7 +105,7 @@ Answer answerTo(QNetworkAccessManager& manager, const QNetworkRequest& request, 
 /// Where the redirection leads.
 QUrl redirected(const QUrl& from, const QByteArray& location)
 {
-    const QUrl to = from.resolved(QUrl::fromEncoded(location));
+    QUrl to = from.resolved(QUrl::fromEncoded(location));
     const bool lessSafe = from.scheme() == QLatin1String("https") && to.scheme() != QLatin1String("https");
     if (location.isEmpty() || !isWebAddress(to) || lessSafe)
         throw RuntimeError(12156,
@@ -134,7 +134,7 @@ Answer finalAnswer(const QString& url, const Limits& limits, const QByteArray& u
         if (!userAgent.isEmpty())
             request.setHeader(QNetworkRequest::UserAgentHeader, userAgent);
 
-        const Answer answer = answerTo(manager, request, end, limits.size);
+        Answer answer = answerTo(manager, request, end, limits.size);
         if (!QList{301, 302, 303, 307, 308}.contains(answer.response.status))
             return answer;
         address = redirected(address, redirections < MostRedirections ? answer.location : QByteArray());
