@@ -14,22 +14,6 @@ QString wide(const char* text, int width)
     return QString::fromUtf8(text).leftJustified(width, u' ', true);
 }
 
-class AgendaSearch : public AgendaTest
-{
-protected:
-    AgendaSearch()
-    {
-        book(u"a"_s, 11, 21, u"MARIA ONTEM"_s, u"2026-03-15"_s, u"08:00"_s);
-        book(u"b"_s, 11, 21, u"MARIA HOJE"_s, u"2026-03-16"_s, u"07:00"_s);
-        book(u"c"_s, 0, 21, u"ANA MARIA"_s, u"2026-04-02"_s, u"09:30"_s); // at home
-        book(u"d"_s, 13, 21, u"ANA MARIA"_s, u"2026-03-20"_s, u"10:00"_s);
-        book(u"e"_s, 11, 21, u"ANA MARIA"_s, u"2026-03-20"_s, u"09:00"_s);
-        bookElsewhere(u"MARIA"_s);
-        execute(u"update agenda_clinica set nmpac = 'MARIA ALHEIA' where idlic = 'B2';"
-                "update agenda_clinica set idproc = 99 where idagenda = 'd'"_s);
-    }
-};
-
 } // namespace
 
 TEST_F(AgendaTest, TheDayOfAProfessional)
@@ -115,8 +99,16 @@ TEST_F(AgendaTest, AClinicWithoutProfessionalsHasNoAgenda)
 }
 
 /// At each keystroke, with all professionals; the agenda goes to the day of the choice.
-TEST_F(AgendaSearch, FindsTheAppointmentsFromTodayOn)
+TEST_F(AgendaTest, TheSearchFindsTheAppointmentsFromTodayOn)
 {
+    book(u"a"_s, 11, 21, u"MARIA ONTEM"_s, u"2026-03-15"_s, u"08:00"_s);
+    book(u"b"_s, 11, 21, u"MARIA HOJE"_s, u"2026-03-16"_s, u"07:00"_s);
+    book(u"c"_s, 0, 21, u"ANA MARIA"_s, u"2026-04-02"_s, u"09:30"_s); // at home
+    book(u"d"_s, 13, 21, u"ANA MARIA"_s, u"2026-03-20"_s, u"10:00"_s);
+    book(u"e"_s, 11, 21, u"ANA MARIA"_s, u"2026-03-20"_s, u"09:00"_s);
+    bookElsewhere(u"MARIA"_s);
+    execute(u"update agenda_clinica set nmpac = 'MARIA ALHEIA' where idlic = 'B2';"
+            "update agenda_clinica set idproc = 99 where idagenda = 'd'"_s);
     RetornoCodigo = u"11"_s;
     open<frmCli_Agenda_Pesquisa>([](ScreenDriver& screen) {
         const auto rows = [&screen] { return screen.grid(u"DataGrid1"_s).size(); };
