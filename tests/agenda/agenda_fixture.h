@@ -2,6 +2,7 @@
 
 #include "agenda/frmcli_agenda.h"
 #include "app/shell_fixture.h"
+#include "support/texttable.h"
 
 using namespace Qt::StringLiterals;
 
@@ -55,11 +56,13 @@ protected:
         agenda.press(Qt::Key_Return);
     }
 
-    /// A press of the key opens the search, where the first row is taken.
-    void search(ScreenDriver& agenda, Qt::Key key, const QString& dialog)
+    /// A press of the key opens the search, where the first row is taken; nothing stays behind of what it has
+    /// handed over.
+    void search(ScreenDriver& screen, Qt::Key key, const QString& dialog)
     {
         answer(dialog, {Qt::Key_F10});
-        agenda.press(key);
+        screen.press(key);
+        EXPECT_EQ(Variaveis::RetornoCodigo + Variaveis::RetornoNome, u"");
     }
 
     /// A payment in the closing of an attendance.

@@ -1,19 +1,17 @@
 #include "agenda/agenda_fixture.h"
+#include "agenda/frmcli_agenda_pesquisa.h"
 #include "platform/forms/calendar.h"
 #include "support/errorof.h"
 
 using namespace Qt::StringLiterals;
+
+using namespace Variaveis;
 
 namespace {
 
 QString wide(const char* text, int width)
 {
     return QString::fromUtf8(text).leftJustified(width, u' ', true);
-}
-
-MonthCalendar& calendar(const ScreenDriver& agenda)
-{
-    return *static_cast<MonthCalendar*>(agenda.find(u"Calendar1"_s));
 }
 
 } // namespace
@@ -54,17 +52,18 @@ TEST_F(AgendaTest, TheDayOfAProfessional)
         EXPECT_EQ(agenda.text(u"lDia"_s), u"AGENDA DO DIA: 17/03/2026");
         EXPECT_EQ(agenda.text(u"lFeriado"_s), u"") << "another tenant's holiday";
         EXPECT_EQ(agenda.text(u"lQT"_s), u"Clínica: 0 Home: 0");
-        EXPECT_TRUE(calendar(agenda).isAncestorOf(agenda.window().focusWidget())) << "one day after another";
-        calendar(agenda).showNextMonth();
+        auto* calendar = static_cast<MonthCalendar*>(agenda.find(u"Calendar1"_s));
+        EXPECT_TRUE(calendar->isAncestorOf(agenda.window().focusWidget())) << "one day after another";
+        calendar->showNextMonth();
         EXPECT_EQ(agenda.list(u"List1"_s), QStringList{u"10:00"_s}) << "no day was chosen";
 
         agenda.choose(u"cboPro"_s, u"DAVI"_s);
-        EXPECT_EQ(calendar(agenda).Value(), QDate(2026, 3, 16)) << "another professional comes back to today";
+        EXPECT_EQ(calendar->Value(), QDate(2026, 3, 16)) << "another professional comes back to today";
         EXPECT_EQ(agenda.list(u"List1"_s), QStringList{u"BLOQUEADA"_s});
         agenda.focus(u"Calendar1"_s);
         agenda.press(Qt::Key_Down);
         agenda.click(u"lHoje"_s);
-        EXPECT_EQ(calendar(agenda).Value(), QDate(2026, 3, 16));
+        EXPECT_EQ(calendar->Value(), QDate(2026, 3, 16));
     });
 }
 
@@ -76,10 +75,8 @@ TEST_F(AgendaTest, HomeVisitsBelongToTheDay)
         "('C1','A','1',33,'2026-03-16','14:00',21,0,'0'),('C1','A','2',33,'2026-03-16','08:00',22,12,'0'),"
         "('C1','A','3',33,'2026-03-16','16:00',21,12,'1'),('C1','A','4',33,'2026-03-17','08:00',21,0,'0'),"
         "('C2','B','1',33,'2026-03-16','08:00',23,0,'0')"_s);
-    const QList<QStringList> visits = {
-        {u"08:00"_s, u"RITA"_s, {}, {}, u"CURATIVO"_s},
-        {u"14:00"_s, u"JOÃO DA SILVA"_s, u"3333-1111"_s, u"31/12/1950"_s, u"CURATIVO"_s},
-        {u"16:00"_s, u"JOÃO DA SILVA"_s, u"3333-1111"_s, u"31/12/1950"_s, u"CURATIVO"_s}};
+    const auto visits = textTable(u"08:00=RITA===CURATIVO|14:00=JOÃO DA SILVA=3333-1111=31/12/1950=CURATIVO|"
+                                  "16:00=JOÃO DA SILVA=3333-1111=31/12/1950=CURATIVO");
     dialogs.expect(u"PROCEDIMENTO JÁ CONCLUIDO!"_s, u"ATENÇAO"_s, Icon::Exclamation);
     dialogs.expectQuestion(u"Procedimento já iniciado! Deseja prosseguir?"_s, false);
     on<frmCli_Agenda>([&](ScreenDriver& agenda) {
@@ -99,4 +96,63 @@ TEST_F(AgendaTest, AClinicWithoutProfessionalsHasNoAgenda)
     execute(u"delete from profissionais where idlic = 'C1'"_s);
     EXPECT_EQ(errorOf([] { Form::of<frmCli_Agenda>().Show(); }), 380);
     delete &Form::of<frmCli_Agenda>();
+}
+
+/// At each keystroke, with all professionals; the agenda goes to the day of the choice.
+TEST_F(AgendaTest, TheSearchFindsTheAppointmentsFromTodayOn)
+{
+    book(u"a"_s, 11, 21, u"MARIA ONTEM"_s, u"2026-03-15"_s, u"08:00"_s);
+    book(u"b"_s, 11, 21, u"MARIA HOJE"_s, u"2026-03-16"_s, u"07:00"_s);
+    book(u"c"_s, 0, 21, u"ANA MARIA"_s, u"2026-04-02"_s, u"09:30"_s); // at home
+    book(u"d"_s, 13, 21, u"ANA MARIA"_s, u"2026-03-20"_s, u"10:00"_s);
+    book(u"e"_s, 11, 21, u"ANA MARIA"_s, u"2026-03-20"_s, u"09:00"_s);
+    bookElsewhere(u"MARIA"_s);
+    execute(u"update agenda_clinica set nmpac = 'MARIA ALHEIA' where idlic = 'B2';"
+            "update agenda_clinica set idproc = 99 where idagenda = 'd'"_s);
+    RetornoCodigo = u"11"_s;
+    open<frmCli_Agenda_Pesquisa>([](ScreenDriver& screen) {
+        const auto rows = [&screen] { return screen.grid(u"DataGrid1"_s).size(); };
+        EXPECT_EQ(screen.focused(), u"txtnmpac");
+        screen.press(Qt::Key_F10); // nothing searched yet
+        screen.type(u"txtnmpac"_s, u"maria"_s);
+        EXPECT_EQ(screen.grid(u"DataGrid1"_s), textTable(u"ANA MARIA=20/03/2026=09:00=FONE=RETORNO=ANA|"
+                                                         "ANA MARIA=20/03/2026=10:00=FONE==CARLA|"
+                                                         "ANA MARIA=02/04/2026=09:30=FONE=RETORNO=|"
+                                                         "MARIA HOJE=16/03/2026=07:00=FONE=RETORNO=ANA"));
+        screen.typeOn(u"x"_s);
+        EXPECT_EQ(rows(), 0);
+        screen.press(Qt::Key_F10);
+        EXPECT_TRUE(screen.isOpen()) << "there is no row to choose";
+        screen.press(Qt::Key_Backspace);
+        EXPECT_EQ(rows(), 4);
+        screen.type(u"txtnmpac"_s, u"  "_s);
+        EXPECT_EQ(rows(), 0) << "blanks find nobody, though every name would hold them";
+        EXPECT_FALSE(screen.enabled(u"Command1"_s));
+        screen.typeOn(u"maria"_s);
+        EXPECT_EQ(rows(), 0) << "the blanks belong to the part of the name";
+        screen.window().close();
+    });
+    EXPECT_EQ(RetornoCodigo + RetornoNome, u"") << "given up";
+    open<frmCli_Agenda_Pesquisa>([](ScreenDriver& screen) {
+        screen.typeOn(u"maria"_s);
+        screen.doubleClickRow(u"DataGrid1"_s, 1);
+    });
+    EXPECT_EQ(RetornoCodigo + u' ' + RetornoNome, u"20/03/2026 10:00");
+    on<frmCli_Agenda>([this](ScreenDriver& agenda) {
+        modal.expect(u"frmCli_Agenda_Pesquisa"_s, [](ScreenDriver& screen) {
+            EXPECT_EQ(screen.text(u"txtnmpac"_s), u"") << "a fresh search";
+            screen.typeOn(u"maria"_s);
+            screen.press(Qt::Key_Return);
+            EXPECT_EQ(screen.focused(), u"DataGrid1");
+            screen.press(Qt::Key_Down);
+            screen.press(Qt::Key_Down);
+            screen.press(Qt::Key_F10);
+        });
+        agenda.press(Qt::Key_F2);
+        EXPECT_EQ(agenda.text(u"lDia"_s), u"AGENDA DO DIA: 02/04/2026");
+        EXPECT_EQ(RetornoCodigo + RetornoNome, u"") << "read";
+        answer(u"frmCli_Agenda_Pesquisa"_s, {Qt::Key_Escape});
+        agenda.press(Qt::Key_F2);
+        EXPECT_EQ(agenda.text(u"lDia"_s), u"AGENDA DO DIA: 02/04/2026") << "given up";
+    });
 }

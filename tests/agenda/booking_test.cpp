@@ -6,43 +6,28 @@ using namespace Qt::StringLiterals;
 
 namespace {
 
-const QString incomplete = u"--- ERRO --- DADOS INCOMPLETOS!"_s;
-const QString noProcedure = u"--- ERRO --- SELECIONA UM PROCEDIMENTO!"_s;
 const QString booked = u"Agendado com sucesso!"_s;
 
-/// Key, day, time, patient, plan, telephone, price, remark.
-const QString boxesOfThePanel =
-    u"txtIdAgenda txtDt txtHR txtIdPac txtNmPac txtIdConv txtNmConv txtFone txtVR txtObs"_s;
 const QString allEmpty = u"|||||||||"_s;
 
-QString enabledOf(const ScreenDriver& agenda, const QStringList& controls)
+/// Which of search, printing and choice of the professional are enabled, and which of closing, notification
+/// and cancellation.
+QString states(const ScreenDriver& agenda)
 {
-    QString states;
-    for (const QString& control : controls)
-        states += agenda.enabled(control) ? u'1' : u'0';
-    return states;
-}
-
-/// Closing, notification, cancellation.
-QString actions(const ScreenDriver& agenda)
-{
-    return enabledOf(agenda, {u"Command4"_s, u"Command5"_s, u"Command9"_s});
-}
-
-/// Search, printing, choice of the professional.
-QString ofTheDay(const ScreenDriver& agenda)
-{
-    return enabledOf(agenda, {u"Command1"_s, u"Command6"_s, u"cboPro"_s});
+    QString all;
+    for (const char* control : {"Command1", "Command6", "cboPro", "Command4", "Command5", "Command9"})
+        all += agenda.enabled(QString::fromLatin1(control)) ? u'1' : u'0';
+    return all;
 }
 
 class Booking : public AgendaTest
 {
 protected:
-    static QString texts(const ScreenDriver& agenda) { return shown(agenda, boxesOfThePanel); }
-
-    static void typeCode(ScreenDriver& agenda, const char* box, const char* code)
+    /// Key, day, time, patient, plan, telephone, price, remark.
+    static QString texts(const ScreenDriver& agenda)
     {
-        enter(agenda, QString::fromLatin1(box), QString::fromLatin1(code));
+        return shown(agenda,
+                     u"txtIdAgenda txtDt txtHR txtIdPac txtNmPac txtIdConv txtNmConv txtFone txtVR txtObs"_s);
     }
 };
 
@@ -57,8 +42,7 @@ TEST_F(Booking, AFreeLineIsBooked)
     on<frmCli_Agenda>([&](ScreenDriver& agenda) {
         EXPECT_FALSE(agenda.visible(u"frmAgendamento"_s));
         agenda.doubleClickRow(u"List1"_s, 1);
-        EXPECT_TRUE(agenda.visible(u"frmAgendamento"_s));
-        EXPECT_EQ(ofTheDay(agenda) + actions(agenda), u"000000");
+        EXPECT_EQ(states(agenda), u"000000");
         EXPECT_EQ(agenda.focused(), u"cboTP");
         EXPECT_TRUE(agenda.text(u"cboTP"_s).startsWith(u"CONSULTA")) << "the first of the clinic's";
         EXPECT_EQ(agenda.text(u"cboMobEsp"_s), u"0 - Não");
@@ -73,7 +57,7 @@ TEST_F(Booking, AFreeLineIsBooked)
         const QString found =
             u"|16/03/2026|08:30|21|JOÃO DA SILVA|5|SAÚDE TOTAL|99999-1111 3333-1111|R$ 175,00|"_s;
         EXPECT_EQ(texts(agenda), found);
-        typeCode(agenda, "txtIdPac", "23");
+        enter(agenda, u"txtIdPac"_s, u"23"_s);
         EXPECT_EQ(texts(agenda), QString(found).replace(u"|21|"_s, u"|23|"_s)) << "of another tenant";
         agenda.type(u"txtIdPac"_s, u"21"_s);
         search(agenda, Qt::Key_F3, u"frmBuscaConvenios"_s);
@@ -83,17 +67,16 @@ TEST_F(Booking, AFreeLineIsBooked)
         answer(u"frmBuscaConvenios"_s, {Qt::Key_Escape});
         agenda.press(Qt::Key_F3);
         EXPECT_EQ(agenda.text(u"txtIdConv"_s), u"6") << "who gives up changes nothing";
-        typeCode(agenda, "txtIdConv", "5");
-        typeCode(agenda, "txtIdConv", "7");
+        enter(agenda, u"txtIdConv"_s, u"7"_s);
         EXPECT_EQ(agenda.text(u"txtNmConv"_s) + agenda.text(u"txtVR"_s), u"R$ 200,00") << "of another tenant";
-        typeCode(agenda, "txtIdConv", "5");
+        enter(agenda, u"txtIdConv"_s, u"5"_s);
         agenda.type(u"txtVR"_s, u"1.234,5"_s);
         agenda.type(u"txtObs"_s, u"primeira vez"_s);
         agenda.choose(u"cboTP"_s, u"RETORNO"_s);
         agenda.choose(u"cboMobEsp"_s, u"1"_s);
         agenda.click(u"Command7"_s);
         EXPECT_FALSE(agenda.visible(u"frmAgendamento"_s));
-        EXPECT_EQ(ofTheDay(agenda), u"111");
+        EXPECT_EQ(states(agenda), u"111000");
         EXPECT_EQ(agenda.focused(), u"List1");
         EXPECT_TRUE(agenda.list(u"List1"_s)[1].startsWith(u"08:30|JOÃO DA SILVA"));
         EXPECT_EQ(agenda.text(u"lQT"_s), u"Clínica: 1 Home: 0");
@@ -123,7 +106,7 @@ TEST_F(Booking, AnAppointmentIsOpenedMovedAndChanged)
             << "the price agreed upon, not the one that the plan makes";
         EXPECT_TRUE(agenda.text(u"cboTP"_s).startsWith(u"RETORNO"));
         EXPECT_EQ(agenda.text(u"cboMobEsp"_s), u"1 - Sim");
-        EXPECT_EQ(actions(agenda), u"111");
+        EXPECT_EQ(states(agenda), u"000111");
         agenda.choose(u"cboTP"_s, u"CONSULTA"_s);
         agenda.clickRow(u"List1"_s, 3);
         EXPECT_EQ(agenda.text(u"txtHR"_s), u"13:00") << "one click takes the time alone";
@@ -133,12 +116,12 @@ TEST_F(Booking, AnAppointmentIsOpenedMovedAndChanged)
         settle();
         EXPECT_EQ(agenda.text(u"txtHR"_s), u"13:15") << "below the last line is no line";
         agenda.doubleClickRow(u"List1"_s, 1);
-        EXPECT_EQ(actions(agenda), u"000");
+        EXPECT_EQ(states(agenda), u"000000");
         agenda.focus(u"Calendar1"_s);
         agenda.press(Qt::Key_Right);
         agenda.doubleClickRow(u"List1"_s, 0);
         EXPECT_EQ(texts(agenda), u"K1|17/03/2026|10:00"_s + rest);
-        EXPECT_EQ(actions(agenda), u"111");
+        EXPECT_EQ(states(agenda), u"000111");
         EXPECT_TRUE(agenda.text(u"cboTP"_s).startsWith(u"CONSULTA")) << "as the clerk chose";
         EXPECT_EQ(value(u"select hr from agenda_clinica where idlic = 'C1' and idagenda = 'K1'"_s), u"08:00")
             << "not before it is saved";
@@ -153,130 +136,125 @@ TEST_F(Booking, AnAppointmentIsOpenedMovedAndChanged)
                            u"C1|K2|11|3|32|2026-03-16|08:30|180.50|OBSERVAÇÃO|0|X|Y|0"_s}));
 }
 
+/// A home booking belongs to nobody, and the next one to the professional again.
 TEST_F(Booking, WhatCannotBeBookedIsRefusedInOrder)
 {
     book(u"K1"_s, 13, 21, u"JOÃO DA SILVA"_s, u"2026-03-16"_s, u"08:30"_s);
-    const struct
-    {
-        const char *box, *bad, *good;
-    } boxes[] = {{"txtDt", "31/02/2026", "15/03/2026"},
-                 {"txtNmPac", " ", "J"},
-                 {"txtIdPac", "A", "21"},
-                 {"txtIdConv", "", "5"},
-                 {"txtNmConv", "", "P"},
-                 {"txtVR", "CARO", "0"},
-                 {"txtFone", "  ", "9"}};
     on<frmCli_Agenda>([&](ScreenDriver& agenda) {
-        const auto refused = [&](const QString& text, Icon icon) {
+        const QString incomplete = u"--- ERRO --- DADOS INCOMPLETOS!"_s;
+        const QString elsewhere =
+            u"--- PACIENTE JÁ POSSUI AGENDA NESSA MESMA DATA E HORÁRIO COM OUTRO PROFISSIONAL!"_s;
+        const auto refused = [&](const QString& text, std::optional<Icon> icon = {}) {
             dialogs.expect(text, u"ATENÇÃO"_s, icon);
             agenda.click(u"Command7"_s);
         };
+        agenda.choose(u"cboPro"_s, u"DAVI"_s);
+        agenda.doubleClickRow(u"List1"_s, 0); // a blocked day
+        EXPECT_EQ(states(agenda) + texts(agenda), u"111000"_s + allEmpty);
+        refused(incomplete, Icon::Information);
+        agenda.click(u"Command8"_s);
+
+        agenda.choose(u"cboPro"_s, u"ANA"_s);
         fill(agenda, 1, u"21"_s);
         // No procedure and a past day as well: the boxes come first.
         static_cast<QComboBox*>(agenda.find(u"cboTP"_s))->setCurrentIndex(-1);
-        for (const auto& [box, bad, good] : boxes) {
-            agenda.type(QString::fromLatin1(box), QString::fromLatin1(bad));
+        for (const QStringList& box :
+             textTable(u"txtDt=31/02/2026=15/03/2026|txtNmPac= =J|txtIdPac=A=21|txtIdConv==5|txtNmConv==P|"
+                       "txtVR=CARO=0|txtFone=  =9")) {
+            agenda.type(box[0], box[1]);
             refused(incomplete, Icon::Information);
-            agenda.type(QString::fromLatin1(box), QString::fromLatin1(good));
+            agenda.type(box[0], box[2]);
         }
-        dialogs.expect(noProcedure);
-        agenda.click(u"Command7"_s);
+        refused(u"--- ERRO --- SELECIONA UM PROCEDIMENTO!"_s);
         agenda.choose(u"cboTP"_s, u"CONSULTA"_s);
         refused(u"--- ERRO --- DATA DO AGENDAMENTO ANTERIOR A DATA ATUAL!"_s, Icon::Critical);
         agenda.type(u"txtDt"_s, u"16/03/2026"_s);
-        const QString elsewhere =
-            u"--- PACIENTE JÁ POSSUI AGENDA NESSA MESMA DATA E HORÁRIO COM OUTRO PROFISSIONAL!"_s;
-        refused(elsewhere, Icon::Exclamation);
         agenda.choose(u"cboOnde"_s, u"1"_s);
         refused(elsewhere, Icon::Exclamation);
         EXPECT_EQ(texts(agenda), u"|16/03/2026|08:30|21|JOÃO DA SILVA|5|P|9|0|")
             << "what was typed is still there";
 
-        // Patient 0 is nobody.
         dialogs.expect(booked);
-        agenda.choose(u"cboOnde"_s, u"0"_s);
-        agenda.type(u"txtIdPac"_s, u"0"_s);
+        agenda.type(u"txtIdPac"_s, u"22"_s);
         agenda.click(u"Command7"_s);
-    });
-    EXPECT_EQ(flat(u"select idpro,idpac,hr,ondeatd from agenda_clinica where idagenda <> 'K1'"_s),
-              QStringList{u"11|0|08:30|0"_s})
-        << "the refused home booking has left the professional as it was";
-}
-
-TEST_F(Booking, AHomeBookingBelongsToNobodyAndTheNextOneToTheProfessional)
-{
-    dialogs.expect(booked);
-    dialogs.expect(booked);
-    on<frmCli_Agenda>([&](ScreenDriver& agenda) {
-        fill(agenda, 0, u"21"_s);
-        agenda.choose(u"cboOnde"_s, u"1"_s);
-        agenda.click(u"Command7"_s);
-        EXPECT_EQ(agenda.list(u"List1"_s)[0], u"08:00") << "nobody's list has it";
-        EXPECT_EQ(agenda.focused(), u"List1");
+        EXPECT_EQ(agenda.list(u"List1"_s)[1], u"08:30") << "nobody's list has it";
         agenda.press(Qt::Key_Space);
-        EXPECT_EQ(agenda.text(u"txtHR"_s), u"08:00") << "the keyboard opens a line as well";
+        EXPECT_EQ(agenda.text(u"txtHR"_s), u"08:30") << "the keyboard opens a line as well";
         EXPECT_EQ(agenda.text(u"cboOnde"_s), u"0 - Clinica");
+        enter(agenda, u"txtIdPac"_s, u"21"_s);
+        refused(elsewhere, Icon::Exclamation);
+        dialogs.expect(booked);
+        agenda.type(u"txtIdPac"_s, u"0"_s); // who is nobody
+        agenda.click(u"Command7"_s);
+
         // Codes are whole numbers, and a thousand is a thousand to the server too.
-        typeCode(agenda, "txtIdPac", "22,5");
+        clock.advance(1);
+        fill(agenda, 0, u"22,5"_s);
         EXPECT_EQ(agenda.text(u"txtNmPac"_s), u"RITA");
-        typeCode(agenda, "txtIdConv", "5,9");
+        enter(agenda, u"txtIdConv"_s, u"5,9"_s);
         agenda.type(u"txtIdPac"_s, u"1.000"_s);
         // The row goes to the calendar's day, while the checks look at the box.
         agenda.focus(u"Calendar1"_s);
         agenda.press(Qt::Key_Right);
+        dialogs.expect(booked);
         agenda.click(u"Command7"_s);
     });
-    EXPECT_EQ(
-        flat(u"select idagenda,idpro,idesp,idconv,idpac,dia,hr,ondeatd from agenda_clinica order by idpac"_s),
-        (QStringList{u"260316083015MARIA0|0|3|5|21|2026-03-16|08:00|1"_s,
-                     u"260316083015MARIA11|11|3|5|1000|2026-03-17|08:00|0"_s}));
+    EXPECT_EQ(flat(u"select idagenda,idpro,idesp,idconv,idpac,dia,hr,ondeatd from agenda_clinica where "
+                   u"idagenda <> 'K1' "
+                   "order by idpac"_s),
+              (QStringList{u"260316083015MARIA11|11|3|5|0|2026-03-16|08:30|0"_s,
+                           u"260316083015MARIA0|0|3|6|22|2026-03-16|08:30|1"_s,
+                           u"260316083016MARIA11|11|3|5|1000|2026-03-17|08:00|0"_s}));
 }
 
 TEST_F(Booking, NotifiedCancelledAndClosed)
 {
     book(u"K1"_s, 11, 21, u"JOÃO DA SILVA"_s, u"2026-03-16"_s, u"08:00"_s);
     book(u"K2"_s, 11, 22, u"RITA"_s, u"2026-03-16"_s, u"08:30"_s);
-    book(u"K3"_s, 11, 22, u"RITA|ELA"_s, u"2026-03-16"_s, u"09:00"_s, u"2"_s);
+    book(u"K3"_s, 11, 22, u"RITA|ELA"_s, u"2026-03-16"_s, u"09:00"_s);
     bookElsewhere(u"K1"_s);
     bookElsewhere(u"K2"_s);
-    const QString notify = u"Notificaçao confimada?"_s;
-    const QString cancel = u"Confirma o cancelamento do agendamento?"_s;
-    dialogs.expectQuestion(notify, false);
-    dialogs.expectQuestion(notify, true);
-    dialogs.expectQuestion(cancel, false);
-    dialogs.expectQuestion(cancel, true);
-    dialogs.expect(u"ATENDIMENTO JÁ CONFIRMADO!"_s);
+    const auto asked = [this](ScreenDriver& agenda, const QString& button, const QString& question) {
+        dialogs.expectQuestion(question, false);
+        agenda.click(button);
+        FechaConexao(); // as a register does that a search dialog has opened
+        dialogs.expectQuestion(question, true);
+        agenda.click(button);
+        EXPECT_FALSE(agenda.visible(u"frmAgendamento"_s));
+        EXPECT_EQ(states(agenda).first(3) + texts(agenda), u"111"_s + allEmpty);
+    };
     on<frmCli_Agenda>([&](ScreenDriver& agenda) {
         agenda.doubleClickRow(u"List1"_s, 0);
-        agenda.click(u"Command5"_s);
-        agenda.click(u"Command5"_s);
-        EXPECT_FALSE(agenda.visible(u"frmAgendamento"_s));
-        EXPECT_EQ(ofTheDay(agenda) + texts(agenda), u"111"_s + allEmpty);
+        asked(agenda, u"Command5"_s, u"Notificaçao confimada?"_s);
         EXPECT_TRUE(agenda.list(u"List1"_s)[0].contains(u"|1 - Sim|1  |"));
         agenda.doubleClickRow(u"List1"_s, 1);
-        agenda.click(u"Command9"_s);
-        FechaConexao(); // as a register does that a search dialog has opened
-        agenda.click(u"Command9"_s);
+        asked(agenda, u"Command9"_s, u"Confirma o cancelamento do agendamento?"_s);
         EXPECT_EQ(agenda.list(u"List1"_s)[1], u"08:30") << "free again";
-        EXPECT_EQ(ofTheDay(agenda) + texts(agenda), u"111"_s + allEmpty);
+
+        agenda.doubleClickRow(u"List1"_s, 2);
+        answer(u"frmCli_AgendaCF"_s, {Qt::Key_Escape});
+        agenda.click(u"Command4"_s);
+        EXPECT_TRUE(agenda.visible(u"frmAgendamento"_s)) << "not closed";
+        modal.expect(u"frmCli_AgendaCF"_s, [this](ScreenDriver& closing) {
+            EXPECT_EQ(shown(closing, u"lPac lIdAgenda lProf lDT lHR txtIdProc txtNmProc txtVR txtQt"_s),
+                      u"22 | RITA|ELA|K3|ANA"_s + QString(42, u' ') +
+                          u"|11|200,00|3|0|16/03/2026|09:00|32|RETORNO|R$ 180,50|1"_s);
+            EXPECT_EQ(shown(closing, u"txtIdConv txtNmConv"_s), u"5|SAÚDE TOTAL");
+            closing.type(u"txtVR"_s, u"0"_s); // nothing is due, and nothing is paid
+            closing.click(u"Command2"_s);
+            dialogs.expectQuestion(u"Confirma?"_s, true);
+            closing.click(u"Command1"_s);
+        });
+        agenda.click(u"Command4"_s);
+        EXPECT_EQ(Variaveis::RetornoFechamento, u"") << "read";
+        EXPECT_EQ(states(agenda).first(3) + texts(agenda), u"111"_s + allEmpty);
+        EXPECT_TRUE(agenda.list(u"List1"_s)[2].contains(u"|2  |"));
+        dialogs.expect(u"ATENDIMENTO JÁ CONFIRMADO!"_s);
         agenda.doubleClickRow(u"List1"_s, 2);
         EXPECT_FALSE(agenda.visible(u"frmAgendamento"_s)) << "a closed one cannot be opened";
     });
     EXPECT_EQ(flat(u"select idlic,idagenda,status,evcad,evup from agenda_clinica order by 1,2"_s),
               (QStringList{u"B2|K1|0||Z"_s, u"B2|K2|0||Z"_s, u"C1|K1|1|X|"_s + stamp, u"C1|K3|2|X|Y"_s}));
-}
-
-TEST_F(Booking, WhereNothingCanBeBookedThePanelSaysSo)
-{
-    execute(u"delete from procedimentos"_s);
-    dialogs.expect(incomplete);
-    on<frmCli_Agenda>([&](ScreenDriver& agenda) {
-        agenda.choose(u"cboPro"_s, u"DAVI"_s);
-        agenda.doubleClickRow(u"List1"_s, 0);
-        EXPECT_TRUE(agenda.visible(u"frmAgendamento"_s)) << "on a blocked day, too";
-        EXPECT_EQ(ofTheDay(agenda) + texts(agenda), u"111"_s + allEmpty);
-        agenda.click(u"Command7"_s);
-        agenda.click(u"Command8"_s);
-    });
-    EXPECT_EQ(flat(u"select idagenda from agenda_clinica"_s), QStringList());
+    EXPECT_EQ(flat(u"select idproc,qtde,valor,idpac,idprof from atendimentos"_s),
+              QStringList{u"32|1.0000|0.0000|22|11"_s});
 }
