@@ -127,13 +127,8 @@ private:
         } else if (isNamed) {
             return false;
         }
-        if (takes("force")) {
-            if (!takes("index") || !takes("(") || !isFreeName())
-                return false;
-            ++at_;
-            if (!takes(")"))
-                return false;
-        }
+        if (takes("force")) // an index
+            until(tableEnds(), true);
         table.tokens = {parts_.tokens.data() + from, at_ - from};
         parts_.tables.push_back(table);
         return true;
