@@ -49,7 +49,12 @@ protected:
     {
         ADODB::Recordset id;
         id.Open(u"select connection_id() as id"_s, target);
-        database().execute(u"kill "_s + id.Fields("id").text());
+        const QString number = id.Fields("id").text();
+        id.Close(); // or its closing would be the first to notice
+        database().execute(u"kill "_s + number);
+        const QString session = u"select id from information_schema.processlist where id = "_s + number;
+        while (!database().value(session).isNull())
+            ;
     }
 
     /// Opens a result that can be searched and changed.

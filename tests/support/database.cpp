@@ -1,7 +1,5 @@
 #include "support/database.h"
 
-#include "support/statements.h"
-
 #include <QCoreApplication>
 #include <QDir>
 #include <QFileInfo>
@@ -43,16 +41,8 @@ QString tool(const QString& name, const QStringList& arguments)
 class DatabaseEnvironment : public testing::Environment
 {
 public:
-    void SetUp() override
-    {
-        Database::instance().create();
-        StatementRecord::start();
-    }
-    void TearDown() override
-    {
-        StatementRecord::write();
-        Database::instance().drop();
-    }
+    void SetUp() override { Database::instance().create(); }
+    void TearDown() override { Database::instance().drop(); }
 };
 
 [[maybe_unused]] static const auto* const environment =

@@ -18,10 +18,10 @@ bool& isByEquality()
     return on;
 }
 
-/// What a database has answered to codeNamesQuery().
+/// What a database has answered to codeColumnsQuery().
 struct KnownCodes
 {
-    CodeNames names;
+    CodeColumns columns;
     QElapsedTimer age;
 };
 
@@ -113,18 +113,22 @@ QString Connection::withCodesCompared(const QString& sql)
         return sql;
     KnownCodes& known = knownCodes()[connectionString_];
     if (!known.age.isValid() || known.age.hasExpired(oldestCodes)) {
-        const QString query = codeNamesQuery();
+        const QString query = codeColumnsQuery();
         try {
-            known.names.clear();
-            for (const Row& row : allRows(*send(query, query, {})))
-                known.names.insert(QString::fromUtf8(row.cell(0)));
+            known.columns.clear();
+            for (const Row& row : allRows(*send(query, query, {}))) {
+                auto& columns = known.columns[QString::fromUtf8(row.cell(0)).toLower()];
+                const QString name = QString::fromUtf8(row.cell(1)).toLower();
+                // Two tables may differ in nothing but capital letters.
+                columns[name] = columns.value(name, true) && row.cell(2) == "1";
+            }
             known.age.start();
         } catch (const Error&) {
             // The statement itself will meet the same trouble, and is the one to tell of it.
             return sql;
         }
     }
-    return comparedByEquality(sql, known.names);
+    return comparedByEquality(sql, known.columns);
 }
 
 std::unique_ptr<Odbc::Statement> Connection::send(const QString& sql, const QString& asWritten,

@@ -9,8 +9,8 @@ Error::Error(int number, const QString& description, const QString& sqlState, co
 
 bool Error::endsConnection() const
 {
-    // 2013 and 5014: the connection was lost while the client library read or wrote.
-    return sqlState_.startsWith(u"08") || number() == ServerLost || number() == 2013 || number() == 5014;
+    // 2013: the connection was lost while the client library read or wrote.
+    return sqlState_.startsWith(u"08") || number() == ServerLost || number() == 2013;
 }
 
 } // namespace ADODB

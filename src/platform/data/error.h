@@ -6,14 +6,14 @@ namespace ADODB {
 
 /// A failure of the database layer. number() is the code of the server or its client library (1064, 1146,
 /// 2013 ...), or one of the numbers below: where the layer itself refuses, and where driver or driver manager
-/// give no code for a connection that is lost or not to be had. Their other failures without a code, such as
-/// a driver that is not installed, are number 0; sqlState() tells them apart. detail() is the statement.
+/// fail without a code. detail() is the statement.
 class Error : public RuntimeError
 {
 public:
     enum Number
     {
         ServerNotReached = 2003,
+        /// Also for 5014, the client library's second number for it.
         ServerLost = 2006,
         InvalidArgument = 3001,
         NoCurrentRow = 3021,
@@ -22,6 +22,10 @@ public:
         UnknownField = 3265,
         ObjectClosed = 3704,
         ObjectOpen = 3705,
+        /// Above all the driver manager finds no driver or data source of the name in the connection string,
+        /// or cannot load it: all that a first start meets. 3706 is the next behind those of closed and open
+        /// objects, free in the server's list and its client library's; sqlState() tells the failures apart.
+        DriverFailed = 3706,
         RowGone = -2147217864,
     };
 

@@ -4,28 +4,31 @@ namespace ADODB {
 
 namespace {
 
-/// The text or quoted name that begins at `at`, with its quotes; null where it stays open or has a backslash.
-QStringView quotedAt(QStringView sql, qsizetype at)
+bool isWordSign(QChar sign)
+{
+    return sign.isLetterOrNumber() || sign == u'_' || sign == u'$' || sign.unicode() >= 0x80;
+}
+
+/// The size of the text or quoted name that begins at `at`, with its quotes; 0 where it stays open.
+qsizetype quotedSize(QStringView sql, qsizetype at)
 {
     const QChar quote = sql[at];
     for (qsizetype i = at + 1; i < sql.size(); ++i) {
-        if (sql[i] == u'\\' && quote != u'`')
-            return {};
-        if (sql[i] != quote)
-            continue;
-        if (i + 1 < sql.size() && sql[i + 1] == quote)
+        const bool isHiding = sql[i] == u'\\' && quote != u'`';
+        if (isHiding || (sql[i] == quote && i + 1 < sql.size() && sql[i + 1] == quote))
             ++i;
-        else
-            return sql.mid(at, i + 1 - at);
+        else if (sql[i] == quote)
+            return i + 1 - at;
     }
-    return {};
+    return 0;
 }
 
 } // namespace
 
-bool isWordSign(QChar sign)
+QSet<QString> words(const char* list)
 {
-    return sign.isLetterOrNumber() || sign == u'_' || sign == u'$' || sign.unicode() >= 0x80;
+    const QStringList each = QString::fromLatin1(list).split(u' ');
+    return {each.begin(), each.end()};
 }
 
 std::optional<std::vector<Token>> tokensOf(QStringView sql)
@@ -39,28 +42,27 @@ std::optional<std::vector<Token>> tokensOf(QStringView sql)
             return std::nullopt;
         qsizetype size = 1;
         if (sign == u'\'' || sign == u'"' || sign == u'`') {
-            const QStringView quoted = quotedAt(sql, i);
-            if (quoted.isNull())
+            size = quotedSize(sql, i);
+            if (size == 0)
                 return std::nullopt;
-            size = quoted.size();
-            const QString inside = quoted.mid(1, size - 2).toString();
-            tokens.push_back({sign == u'\''  ? Kind::Text
-                              : sign == u'"' ? Kind::OtherText
-                                             : Kind::QuotedName,
-                              sign == u'`' ? inside.toLower() : inside, i});
+            const QString inside = sql.mid(i + 1, size - 2).toString();
+            if (sign == u'`')
+                tokens.push_back({Kind::QuotedName, inside.toLower(), i, size});
+            else
+                tokens.push_back({sign == u'"' ? Kind::OtherText : Kind::Text, inside, i, size});
         } else if (isWordSign(sign)) {
             while (i + size < sql.size() && isWordSign(sql[i + size]))
                 ++size;
-            const QString word = sql.mid(i, size).toString();
             // Behind a point "1" is the end of a number; a name may begin with a digit there, but no code
             // does.
-            tokens.push_back({sign.isDigit() ? Kind::Number : Kind::Word, word.toLower(), i});
+            tokens.push_back(
+                {sign.isDigit() ? Kind::Number : Kind::Word, sql.mid(i, size).toString().toLower(), i, size});
         } else if (!sign.isSpace()) {
-            tokens.push_back({Kind::Sign, sign, i});
+            tokens.push_back({Kind::Sign, sign, i, size});
         }
         i += size;
     }
-    tokens.push_back({Kind::End, {}, sql.size()});
+    tokens.push_back({Kind::End, {}, sql.size(), 0});
     return tokens;
 }
 

@@ -24,19 +24,22 @@ struct Token
     Kind kind = Kind::End;
     QString text;
     qsizetype at = 0; ///< its place in the statement
+    qsizetype size = 0;
 
     bool isName() const { return kind == Kind::Word || kind == Kind::QuotedName; }
-    bool is(QLatin1String word) const { return kind == Kind::Word && text == word; }
-    bool is(char sign) const { return kind == Kind::Sign && text == QLatin1Char(sign); }
+    bool isValue() const { return kind == Kind::Number || kind == Kind::Text; }
+    bool is(const char* wordOrSign) const
+    {
+        return (kind == Kind::Word || kind == Kind::Sign) && text == QLatin1String(wordOrSign);
+    }
     bool isOneOf(const QSet<QString>& words) const { return kind == Kind::Word && words.contains(text); }
 };
 
-/// Part of a name or keyword, or of a number.
-bool isWordSign(QChar sign);
+/// A set of words out of one text, for Token::isOneOf.
+QSet<QString> words(const char* list);
 
-/// A statement's tokens and one of the kind End behind them. None where the statement cannot be read with
-/// certainty: it has a comment, a text that stays open, or a backslash within a text, whose meaning hangs on
-/// the server's mode.
+/// A statement's tokens and one of the kind End behind them. A backslash within a text hides the sign behind
+/// it. None where the statement has a comment, or a text that stays open.
 std::optional<std::vector<Token>> tokensOf(QStringView sql);
 
 } // namespace ADODB

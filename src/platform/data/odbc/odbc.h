@@ -23,11 +23,15 @@ using ADODB::WireValue;
 
 class Statement;
 
+/// The string with "CONN_TIMEOUT=15;" behind it, unless it says itself within how many seconds to connect.
+/// The MariaDB connector takes the time from the string alone, and the last of two.
+QString withTimeout(const QString& connectionString);
+
 /// One connection to the server.
 class Session
 {
 public:
-    /// Connects. The string is handed to the driver manager as UTF-8, to the letter.
+    /// Connects. The string is handed to the driver manager as UTF-8, with its time-out.
     explicit Session(const QString& connectionString);
     ~Session();
     Session(const Session&) = delete;

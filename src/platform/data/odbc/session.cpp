@@ -2,6 +2,10 @@
 #include "platform/data/odbc/call.h"
 #include "platform/data/odbc/odbc.h"
 
+#include <QRegularExpression>
+
+using namespace Qt::StringLiterals;
+
 namespace Odbc {
 
 using ADODB::Error;
@@ -20,10 +24,22 @@ int ownNumber(QByteArrayView state)
 {
     if (state == "08S01" || state == "08003" || state == "08007")
         return Error::ServerLost;
-    return state.startsWith("08") ? Error::ServerNotReached : 0;
+    return state.startsWith("08") ? Error::ServerNotReached : Error::DriverFailed;
 }
 
+constexpr int connectSeconds = 15;
+
 } // namespace
+
+QString withTimeout(const QString& connectionString)
+{
+    static const QRegularExpression given(u"(?:^|;)\\s*CONN_TIMEOUT\\s*="_s,
+                                          QRegularExpression::CaseInsensitiveOption);
+    if (connectionString.contains(given))
+        return connectionString;
+    const bool isOpen = !connectionString.isEmpty() && !connectionString.endsWith(u';');
+    return connectionString + (isOpen ? u";"_s : QString()) + u"CONN_TIMEOUT=%1;"_s.arg(connectSeconds);
+}
 
 void fail(SQLSMALLINT type, SQLHANDLE handle, const QByteArray& sql)
 {
@@ -33,8 +49,13 @@ void fail(SQLSMALLINT type, SQLHANDLE handle, const QByteArray& sql)
     SQLSMALLINT size = 0;
     SQLGetDiagRec(type, handle, 1, state, &native, message, sizeof message, &size);
     const QByteArrayView stateText(reinterpret_cast<const char*>(state));
-    throw Error(native != 0 ? native : ownNumber(stateText),
-                withoutPrefixes(QString::fromUtf8(reinterpret_cast<const char*>(message))),
+    constexpr SQLINTEGER writeError = 5014; // a broken pipe
+    const bool isLost = native == writeError;
+    throw Error(isLost        ? Error::ServerLost
+                : native != 0 ? native
+                              : ownNumber(stateText),
+                isLost ? u"Server has gone away"_s
+                       : withoutPrefixes(QString::fromUtf8(reinterpret_cast<const char*>(message))),
                 QString::fromLatin1(stateText), QString::fromUtf8(sql));
 }
 
@@ -48,7 +69,10 @@ Session::Session(const QString& connectionString)
         });
         checked(SQL_HANDLE_ENV, environment_, {},
                 [&] { return SQLAllocHandle(SQL_HANDLE_DBC, environment_, &connection_); });
-        const QByteArray text = connectionString.toUtf8();
+        checked(SQL_HANDLE_DBC, connection_, {}, [&] {
+            return SQLSetConnectAttr(connection_, SQL_ATTR_LOGIN_TIMEOUT, attribute(connectSeconds), 0);
+        });
+        const QByteArray text = withTimeout(connectionString).toUtf8();
         checked(SQL_HANDLE_DBC, connection_, {}, [&] {
             return SQLDriverConnect(connection_, nullptr, bytes(text), SQLSMALLINT(text.size()), nullptr, 0,
                                     nullptr, SQL_DRIVER_NOPROMPT);

@@ -2,7 +2,6 @@
 
 #include "platform/data/criteria.h"
 
-#include <QRegularExpression>
 #include <algorithm>
 
 using namespace Qt::StringLiterals;
@@ -40,6 +39,7 @@ std::optional<PageQuery> PageQuery::make(const PlainSelect& select, const std::v
     PageQuery result;
     result.table_ = select.table;
     result.conditions_ = select.conditions;
+    result.comparedBy_ = select.comparedBy;
     result.key_ = BaseTable::keyColumns(columns, first->tableAlias, primaryKey);
     if (result.key_.empty())
         return std::nullopt;
@@ -91,7 +91,8 @@ bool PageQuery::isInOrder(const QStringList& indexColumns) const
                order_[i].name.compare(quotedName(column.toUtf8()), Qt::CaseInsensitive) == 0;
     };
     qsizetype fixed = 0;
-    while (fixed < indexColumns.size() && !isSame(0, indexColumns[fixed]) && isFixed(indexColumns[fixed]))
+    while (fixed < indexColumns.size() && !isSame(0, indexColumns[fixed]) &&
+           comparedBy_.contains(indexColumns[fixed].toLower()))
         ++fixed;
     // Not by the order alone where there are conditions: most of what it passes may be others' rows.
     if (fixed == indexColumns.size() || (fixed == 0 && !conditions_.isEmpty()))
@@ -105,13 +106,6 @@ bool PageQuery::isInOrder(const QStringList& indexColumns) const
             order_[ordered].descending != order_[0].descending)
             return false;
     return true;
-}
-
-bool PageQuery::isFixed(const QString& column) const
-{
-    const QRegularExpression comparison(u"\\b%1\\s*="_s.arg(QRegularExpression::escape(column)),
-                                        QRegularExpression::CaseInsensitiveOption);
-    return withoutTexts(conditions_).contains(comparison);
 }
 
 PageQuery::Place PageQuery::place(const Row& row) const

@@ -69,7 +69,6 @@ private:
 
     PageQuery() = default;
     bool isInOrder(const QStringList& indexColumns) const;
-    bool isFixed(const QString& column) const;
     ParameterisedStatement restricted(const QString& what, const QString& table,
                                       const ParameterisedStatement& seek,
                                       const ParameterisedStatement& filter) const;
@@ -79,6 +78,7 @@ private:
 
     QString table_;
     QString conditions_;
+    QSet<QString> comparedBy_;
     QString index_; ///< quoted; empty for none
     std::vector<Order> order_;
     std::vector<qsizetype> key_;

@@ -1,70 +1,59 @@
 #include "platform/data/paging/plainselect.h"
 
-#include <QRegularExpression>
+#include "platform/data/statementparts.h"
 
-using namespace Qt::StringLiterals;
+#include <algorithm>
 
 namespace ADODB {
 
 namespace {
 
-bool bracketsMatch(const QString& text)
+QString textOf(const QString& sql, TokenSpan tokens)
 {
-    int depth = 0;
-    for (const QChar sign : text) {
-        depth += sign == u'(' ? 1 : sign == u')' ? -1 : 0;
-        if (depth < 0)
-            return false;
+    const qsizetype from = tokens.front().at;
+    return sql.mid(from, tokens.back().at + tokens.back().size - from);
+}
+
+/// A column, maybe with its direction, and a comma or the end.
+std::optional<std::vector<PlainSelect::Order>> orderOf(TokenSpan tokens)
+{
+    static const QSet<QString> directions = words("asc desc");
+    std::vector<PlainSelect::Order> order;
+    for (std::size_t i = 0; i < tokens.size(); ++i) {
+        if (!tokens[i].isName())
+            return std::nullopt;
+        order.push_back({tokens[i].text});
+        if (++i < tokens.size() && tokens[i].isOneOf(directions)) {
+            order.back().descending = tokens[i].is("desc");
+            ++i;
+        }
+        if (i < tokens.size() && (!tokens[i].is(",") || i + 1 == tokens.size()))
+            return std::nullopt;
     }
-    return depth == 0;
+    return order;
 }
 
 } // namespace
 
-QString withoutTexts(QString sql)
-{
-    QChar quote;
-    for (qsizetype i = 0; i < sql.size(); ++i) {
-        const QChar sign = sql[i];
-        if (quote.isNull()) {
-            if (sign == u'\'' || sign == u'"')
-                quote = sign;
-        } else if (sign == u'\\' && i + 1 < sql.size()) {
-            sql[i] = sql[i + 1] = u'x';
-            ++i;
-        } else if (sign == quote) {
-            quote = QChar();
-        } else {
-            sql[i] = u'x';
-        }
-    }
-    return quote.isNull() ? sql : QString();
-}
-
 std::optional<PlainSelect> plainSelect(const QString& sql)
 {
-    static const QRegularExpression form(u"^\\s*select\\s+\\*\\s+from\\s+(\\w+)(?:\\s+where\\s+"
-                                         "(.+?))?(?:\\s+order\\s+by\\s+([\\w\\s,]+))?\\s*$"_s,
-                                         QRegularExpression::CaseInsensitiveOption |
-                                             QRegularExpression::DotMatchesEverythingOption);
-    static const QRegularExpression foreign(
-        u"[?;#`]|--|/\\*|\\b(select|where|group|having|window|order|limit|offset|fetch|procedure|"
-        "into|for|lock|union|except|intersect)\\b"_s,
-        QRegularExpression::CaseInsensitiveOption);
-    static const QRegularExpression orderForm(u"^\\s*(\\w+)(?:\\s+(asc|desc))?\\s*$"_s,
-                                              QRegularExpression::CaseInsensitiveOption);
-    const QRegularExpressionMatch match = form.match(withoutTexts(sql));
-    if (!match.hasMatch() || match.captured(2).contains(foreign) || !bracketsMatch(match.captured(2)))
+    const auto parts = statementParts(sql);
+    if (!parts || parts->items.size() != 1 || !parts->items.front().is("*") || parts->tables.size() != 1 ||
+        parts->tables.front().tokens.size() != 1 || !parts->rest.empty())
         return std::nullopt;
-    PlainSelect result{match.captured(1), sql.mid(match.capturedStart(2), match.capturedLength(2)), {}};
-    if (match.hasCaptured(3))
-        for (const QString& item : match.captured(3).split(u',')) {
-            const QRegularExpressionMatch order = orderForm.match(item);
-            if (!order.hasMatch())
-                return std::nullopt;
-            result.order.push_back(
-                {order.captured(1), order.captured(2).compare(u"desc", Qt::CaseInsensitive) == 0});
-        }
+    auto order = orderOf(parts->order);
+    if (!order)
+        return std::nullopt;
+    PlainSelect result{textOf(sql, parts->tables.front().tokens), {}, {}, std::move(*order)};
+    if (parts->conditions.empty())
+        return result;
+    const TokenSpan conditions = parts->conditions.front();
+    if (std::any_of(conditions.begin(), conditions.end(), [](const Token& token) { return token.is("?"); }))
+        return std::nullopt;
+    result.conditions = textOf(sql, conditions);
+    for (std::size_t i = 1; i < conditions.size(); ++i)
+        if (conditions[i].is("=") && conditions[i - 1].isName())
+            result.comparedBy.insert(conditions[i - 1].text);
     return result;
 }
 

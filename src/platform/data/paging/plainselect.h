@@ -1,5 +1,6 @@
 #pragma once
 
+#include <QSet>
 #include <QString>
 #include <optional>
 #include <vector>
@@ -16,15 +17,13 @@ struct PlainSelect
     };
 
     QString table;
-    QString conditions; ///< empty for all rows
+    QString conditions;       ///< empty for all rows
+    QSet<QString> comparedBy; ///< columns, in small letters, behind which the conditions have "="
     std::vector<Order> order;
 };
 
-/// None for a statement of any other form: with a join, a subselect, a grouping, a limit, a comment, an order
-/// by expressions; and where quotes or brackets do not match.
+/// None for a statement of any other form: with a join, a subselect, a grouping, a limit, a parameter, a
+/// comment, an order by expressions; and where quotes or brackets do not match.
 std::optional<PlainSelect> plainSelect(const QString& sql);
-
-/// The statement with the insides of its texts blanked, character by character; null where a text stays open.
-QString withoutTexts(QString sql);
 
 } // namespace ADODB
