@@ -147,7 +147,7 @@ TEST_F(CodesOnTheWire, BoundRowsAndChangesAreSentSoToo)
     EXPECT_EQ(rs.Fields("nmplano").text(), u"B");
     rs.MoveNext();
     EXPECT_EQ(rs.Fields("nmplano").text(), u"C");
-    EXPECT_EQ(rs.RecordCount(), 2);
+    EXPECT_EQ(rs.rowsHeld(), 2);
     EXPECT_EQ(connection.Execute(u"delete from plano where idplano like 2"_s), 1);
     EXPECT_GE(written.filter(u"like"_s).size(), 4);
     EXPECT_EQ(seen.filter(u"like"_s), QStringList());
