@@ -321,24 +321,9 @@ TEST_P(Searched, WhatIsNoCriterionIsRefusedByNumber)
     EXPECT_EQ(rs.heldPosition(), 0);
 }
 
-TEST_P(Searched, RowsAreAddedAndDeletedUnderAFilter)
+TEST_P(Searched, RowsAreAddedAndDeletedUnderAFilterAndAMarkedOneIsGoneBackTo)
 {
-    rs.Filter(u"idplano > 3"_s);
-    rs.Delete();
-    EXPECT_TRUE(rs.Eof());
-    rs.AddNew();
-    rs.Fields("pdesc") = 77;
-    rs.Update();
-    EXPECT_EQ(rs.rowsHeld(), 1);
-    rs.Filter({});
-    EXPECT_EQ(rs.Fields("idplano").integer(), 5);
-    EXPECT_EQ(rs.rowsHeld(), 4);
-    EXPECT_EQ(database().value(u"select group_concat(idplano) from plano"_s), u"1,2,3,5");
-}
-
-TEST_P(Searched, AMarkedRowIsGoneBackTo)
-{
-    rs.MoveLast();
+    rs.MoveNext();
     const RowMark mark = rs.Bookmark();
     rs.MoveFirst();
     rs.MovePrevious();
@@ -348,48 +333,46 @@ TEST_P(Searched, AMarkedRowIsGoneBackTo)
     rs.setBookmark(mark);
     rs.Fields("idplano") = 7;
     rs.Update();
-    rs.MoveFirst();
+    rs.Filter(u"pdesc > 12"_s);
+    EXPECT_EQ(errorOf([&] { rs.setBookmark(mark); }), 3001);
+    rs.MoveLast();
+    rs.Delete();
+    rs.AddNew();
+    rs.Fields("pdesc") = 1;
+    rs.Update();
+    EXPECT_EQ(rs.rowsHeld(), 2);
+    rs.Filter({});
+    EXPECT_EQ(rs.Fields("idplano").integer(), 8);
     rs.setBookmark(mark);
     EXPECT_EQ(rs.Fields("idplano").integer(), 7) << "under its new key";
-    rs.Filter(u"idplano < 3"_s);
-    EXPECT_EQ(errorOf([&] { rs.setBookmark(mark); }), 3001);
-    rs.Filter({});
-    rs.setBookmark(mark);
     rs.Delete();
+    EXPECT_EQ(rs.Fields("idplano").integer(), 3);
     EXPECT_EQ(errorOf([&] { rs.setBookmark(mark); }), 3001);
+    EXPECT_EQ(database().value(u"select group_concat(idplano) from plano"_s), u"1,3,8");
 }
 
 TEST_P(Searched, RequeryKeepsTheRow)
 {
     const QString join =
         u"select p.idplano, s.b from plano p left join solto s on p.idplano like s.a order by "_s;
-    struct Case
-    {
-        const char* happened;
-        QString statement;
-        QString before;
-        QString after;
-    };
-    const Case cases[] = {
-        {"the row moved up", u"delete from plano where idplano = 1"_s, u"3"_s, u"3"_s},
-        {"the row moved down", u"insert into plano (idplano, nmplano) values (-5, '')"_s, u"3"_s, u"3"_s},
-        {"the row came to the front", u"update plano set nmplano = null where idplano = 3"_s, u"3"_s, u"3"_s},
-        {"the row went", u"delete from plano where idplano = 2"_s, u"2"_s, u"3"_s},
-        {"the last row went", u"delete from plano where idplano = 4"_s, u"4"_s, u"1"_s},
-        {"it was at the end", u"insert into plano (nmplano) values ('zz')"_s, u"99"_s, u"1"_s},
-        {"all rows went", u"delete from plano"_s, u"2"_s, {}},
-    };
     rs.Close();
-    for (const Case& given : cases)
+    // A row that is current, what happens, and the row that is current then.
+    for (const QStringList& given : textTable(
+             u"3 -> delete from plano where idplano = 1 -> 3|"
+             "3 -> insert into plano (idplano, nmplano) values (-5, '') -> 3|"
+             "3 -> update plano set nmplano = null where idplano = 3 -> 3|"
+             "2 -> delete from plano where idplano = 2 -> 3|4 -> delete from plano where idplano = 4 -> 1|"
+             "99 -> insert into plano (nmplano) values ('zz') -> 1|2 -> delete from plano -> ",
+             u" -> "))
         for (const QString& sql : {u"select * from plano order by nmplano"_s, join + u"nmplano"_s}) {
-            SCOPED_TRACE(given.happened);
+            SCOPED_TRACE(given[1].toStdString());
             fill();
             Recordset mine;
             open(mine, sql);
-            mine.Find(u"idplano = "_s + given.before);
-            database().execute(given.statement);
+            mine.Find(u"idplano = "_s + given[0]);
+            database().execute(given[1]);
             mine.Requery();
-            EXPECT_EQ(mine.Eof() ? QString() : mine.Fields("idplano").text(), given.after);
+            EXPECT_EQ(mine.Eof() ? u""_s : mine.Fields("idplano").text(), given[2]);
         }
     // Where a join repeats the key, the row at the same position is meant.
     fill();
