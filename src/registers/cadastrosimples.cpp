@@ -69,6 +69,7 @@ void CadastroSimples::Limpa()
     ui->txtnome->clear();
     limpaCampos();
     ui->txtcodcli->clear();
+    achada_.reset();
 }
 
 void CadastroSimples::cmdretorna_Click()
@@ -100,6 +101,7 @@ void CadastroSimples::txtcodcli_LostFocus()
         MsgBox(u"--- ERRO --- CÓDIGO NÃO ENCONTRADO!"_s, u"ATENÇÃO"_s);
         return Limpa();
     }
+    achada_ = linhas.Bookmark();
     ui->Command1->setEnabled(true);
     ui->txtnome->setText(linhas.Fields(descricao_.nome).text());
     mostraCampos(linhas);
@@ -111,6 +113,13 @@ bool CadastroSimples::recusa()
         return false;
     MsgBox(u"--- ERRO --- NOME NÃO INFORMADO!"_s, u"ATENÇÃO"_s);
     return true;
+}
+
+bool CadastroSimples::achaParaEditar()
+{
+    if (achada_)
+        Adodc1.Recordset().setBookmark(*achada_);
+    return achada_.has_value();
 }
 
 void CadastroSimples::cmdsalva_Click()

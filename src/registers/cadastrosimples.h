@@ -45,9 +45,9 @@ protected:
     virtual void limpaCampos() {}
     /// Sets the columns beside the name.
     virtual void gravaCampos(ADODB::Recordset&) {}
-    /// Makes the row to be changed the current one; false if it is no longer there. As it stands, the row is
-    /// the one that the leaving of the code box found.
-    virtual bool achaParaEditar() { return true; }
+    /// Makes the row to be changed the current one; false if there is none. As it stands, the row is the one
+    /// that the leaving of the code box found, wherever the grid has gone since.
+    virtual bool achaParaEditar();
     virtual void grava();
 
     bool codigoInformado() const;
@@ -67,5 +67,6 @@ private:
     void Limpa();
 
     DescricaoCadastro descricao_;
+    std::optional<ADODB::RowMark> achada_; ///< the row under the code in its box
     AutoResize Resize{*this};
 };

@@ -9,6 +9,7 @@
 #include <QString>
 #include <QStringList>
 #include <gtest/gtest.h>
+#include <list>
 
 using namespace Qt::StringLiterals;
 
@@ -57,13 +58,17 @@ protected:
             ;
     }
 
-    /// Opens a result that can be searched and changed.
+    /// Opens a result that can be searched and changed; one that is read by pages has a connection of its
+    /// own.
     void open(ADODB::Recordset& rs, const QString& sql)
     {
         rs.setCursorLocation(ADODB::Recordset::ClientSide);
         rs.setPaged(pageSize > 0);
         rs.setPageSize(pageSize);
-        rs.Open(sql, connection, ADODB::Recordset::Static, ADODB::Recordset::Optimistic);
+        if (pageSize > 0)
+            connect(readers.emplace_back());
+        rs.Open(sql, pageSize > 0 ? readers.back() : connection, ADODB::Recordset::Static,
+                ADODB::Recordset::Optimistic);
     }
 
     static Table planos(const QString& columns = u"idplano, nmplano"_s)
@@ -72,5 +77,6 @@ protected:
     }
 
     ADODB::Connection connection;
+    std::list<ADODB::Connection> readers;
     qsizetype pageSize = 0; ///< of the results opened; 0 for results held whole
 };

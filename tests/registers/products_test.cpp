@@ -171,3 +171,21 @@ TEST_F(Products, TheAllocatorGivesTheNextCode)
     EXPECT_EQ(value(u"select concat_ws(' ',cdpror,evcad) from produtoscodigos where cdpro = 42"_s),
               u"260316083015CAD |16/03/2026 08:30:15");
 }
+
+TEST_F(Products, ANewCodeThatAnotherStationTookMeanwhileIsRefusedHoweverManyProductsThereAre)
+{
+    for (const int products : {20, 500}) {
+        SCOPED_TRACE(products);
+        execute(u"replace into produtos (cdpro,idlic,dspro) select 1000 + seq, 'C1', 'X' from seq_1_to_%1;"
+                "delete from produtos where cdpro = '77'"_s.arg(products));
+        on<frmCadProduto>([](ScreenDriver& screen) {
+            code(screen, u"77"_s);
+            fill(screen, u"minha|un|4|1|1"_s);
+            execute(u"insert into produtos (cdpro,idlic,dspro) values ('77','C1','ZZ DA OUTRA')"_s);
+            const CaughtErrors errors;
+            screen.click(u"cmdsalva"_s);
+            EXPECT_EQ(errors.numbers(), QList<int>{1062});
+        });
+        EXPECT_EQ(value(u"select dspro from produtos where cdpro = '77'"_s), u"ZZ DA OUTRA");
+    }
+}

@@ -118,14 +118,6 @@ TEST_F(SimpleRegisters, Specialities)
     entersAndChanges<frmCadEspecialidade>(u"Especialidades - Cadastro"_s, u"ESPECIALIDADE"_s);
     EXPECT_EQ(flat(u"select idlic,nmesp,evcad,evup from especialidades where idesp = 3"_s),
               QStringList{u"C1|ALFA|"_s + boundStamp + u"|MARIA -"_s + nine});
-
-    on<frmCadEspecialidade>([](ScreenDriver& screen) {
-        code(screen, u"2"_s);
-        screen.type(u"txtnome"_s, u"gama"_s);
-        screen.clickRow(u"DataGrid1"_s, 0);
-        screen.click(u"cmdsalva"_s); // the row clicked on decides, not the code
-    });
-    EXPECT_EQ(value(u"select group_concat(nmesp order by idesp) from especialidades"_s), u"OUTRA,BETA,GAMA");
 }
 
 TEST_F(SimpleRegisters, Procedures)
@@ -182,4 +174,30 @@ TEST_F(SimpleRegisters, WhatEndsTheProgram)
         EXPECT_EQ(errors.numbers(), QList<int>{1064});
     });
     EXPECT_EQ(value(u"select count(*) from grupoestoque"_s), u"0");
+}
+
+TEST_F(SimpleRegisters, TheRowOfTheCodeIsSavedWhereverTheGridWentMeanwhile)
+{
+    execute(
+        u"insert into especialidades (idlic,nmesp) select 'C1', concat('E', 1000 + seq) from seq_1_to_900;"
+        "insert into procedimentos (idlic,nmproc,ondeatd) values ('C1','A','1'),('C1','B','0')"_s);
+    on<frmCadEspecialidade>([](ScreenDriver& screen) {
+        for (const QString& row : {u"3"_s, u"500"_s}) {
+            code(screen, row);
+            screen.type(u"txtnome"_s, u"nova "_s + row);
+            screen.clickRow(u"DataGrid1"_s, 1);
+            screen.press(Qt::Key_End, Qt::ControlModifier);
+            screen.click(u"cmdsalva"_s);
+        }
+    });
+    on<frmCadProcedimentos>([](ScreenDriver& screen) {
+        code(screen, u"1"_s);
+        screen.type(u"txtnome"_s, u"c"_s);
+        screen.clickRow(u"DataGrid1"_s, 1);
+        screen.click(u"cmdsalva"_s);
+    });
+    EXPECT_EQ(flat(u"select idesp, nmesp from especialidades where nmesp not like 'E%'"_s),
+              (QStringList{u"3|NOVA 3"_s, u"500|NOVA 500"_s}));
+    EXPECT_EQ(flat(u"select nmproc, ondeatd from procedimentos order by idproc"_s),
+              (QStringList{u"C|1"_s, u"B|0"_s}));
 }

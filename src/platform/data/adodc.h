@@ -22,7 +22,7 @@ public:
     /// Runs the record source anew, without a filter. The row that was the current one stays so, as with
     /// Recordset::Requery; with another source the first one is. The rows are held in memory, page by
     /// page where they are of one table (Recordset::setPaged), and can be changed, whatever the cursor
-    /// location. A change not yet saved is dropped.
+    /// location. What others change meanwhile shows at the next Refresh. A change not yet saved is dropped.
     void Refresh();
     /// One and the same object all the time; closed before the first Refresh and after Close.
     ADODB::Recordset& Recordset() { return recordset_; }

@@ -4,6 +4,7 @@
 #include "platform/data/error.h"
 #include "platform/data/odbc/odbc.h"
 
+#include <QScopedValueRollback>
 #include <functional>
 #include <map>
 
@@ -70,10 +71,18 @@ private:
         try {
             return call();
         } catch (const Error& error) {
-            if (error.endsConnection())
+            if (closesOnLoss_ && error.endsConnection())
                 Close();
             throw;
         }
+    }
+    /// What the call runs leaves a connection that proves to be lost as it is: the next statement tells of
+    /// it.
+    template <class Call>
+    void leavingItOpen(Call call)
+    {
+        const QScopedValueRollback guard(closesOnLoss_, false);
+        call();
     }
     /// Every statement of the program passes here. Error 3704 where the connection is closed.
     ///
@@ -92,6 +101,7 @@ private:
     QString connectionString_;
     std::shared_ptr<Odbc::Session> session_;
     bool namesChanged_ = false;
+    bool closesOnLoss_ = true;
     std::map<std::pair<QByteArray, QByteArray>, std::vector<QByteArray>> primaryKeys_;
 };
 

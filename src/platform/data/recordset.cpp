@@ -2,7 +2,8 @@
 
 #include "platform/data/criteria.h"
 #include "platform/data/error.h"
-#include "platform/data/paging/pagedrows.h"
+#include "platform/data/paging/pagequery.h"
+#include "platform/data/paging/plainselect.h"
 
 using namespace Qt::StringLiterals;
 
@@ -35,6 +36,7 @@ Recordset::Recordset() = default;
 
 Recordset::~Recordset()
 {
+    endView();
     tell([](RecordsetListener& listener) { listener.recordsetGone(); });
 }
 
@@ -52,6 +54,7 @@ void Recordset::Open(const QString& sql, Connection& connection, int cursor, int
         if (session_)
             tell([](RecordsetListener& listener) { listener.rowsReset(); });
     } catch (...) {
+        endView();
         Close();
         throw;
     }
@@ -69,17 +72,16 @@ void Recordset::Close()
     if (!session_)
         return;
     CancelUpdate();
+    endView();
+    writer_.reset();
     statement_.reset();
     session_.reset();
-    paged_ = nullptr;
     rows_.reset();
-    marks_.clear();
     filter_.reset();
     table_.reset();
     columns_.clear();
     names_.clear();
     visible_.clear();
-    deleted_.clear();
     position_ = blockRow_ = blockRows_ = 0;
     tell([](RecordsetListener& listener) { listener.rowsReset(); });
 }
@@ -89,56 +91,57 @@ int Recordset::State() const
     return session_ && session_->connected() ? 1 : 0;
 }
 
-/// Runs the statement and takes its result, if it gives one, with the first row as the current one.
-void Recordset::run(const Row* around)
+/// Runs the statement and takes its result, if it gives one, with the first row as the current one. Returns
+/// the place to stand at for `around`, where the store tells it.
+std::optional<qsizetype> Recordset::run(const Row* around)
 {
     const auto plain = wantsPages_ && !forwardOnly_ ? plainSelect(sql_) : std::nullopt;
     auto statement = connection_->run(plain ? PageQuery::columnsOnly(sql_) : sql_);
     if (statement->columns().empty())
-        return;
+        return std::nullopt;
     // The members change when nothing can fail any more.
     std::vector<Column> columns = statement->columns();
     qsizetype blockRows = 0;
     std::unique_ptr<RowStore> rows;
-    std::unique_ptr<PagedRows> paged = plain ? pagedRows(*plain, columns) : nullptr;
-    qsizetype place = 0;
+    std::optional<qsizetype> place;
     if (forwardOnly_) {
         blockRows = statement->fetchBlock();
     } else {
-        if (paged)
-            place = readAround(*paged, around);
-        else
+        if (plain)
+            rows = rowsByPages(*plain, columns);
+        if (!rows)
             rows = std::make_unique<MemoryRows>(
                 allRows(plain ? *(statement = connection_->run(sql_)) : *statement));
         statement.reset();
+        place = rows->start(around);
+        if (filter_)
+            rows->readWhole();
     }
     session_ = connection_->session();
+    isLost_ = false;
     names_ = fieldNames(columns);
     columns_ = std::move(columns);
     statement_ = std::move(statement);
     blockRow_ = 0;
     blockRows_ = blockRows;
     hasRows_ = blockRows > 0;
-    paged_ = paged.get();
-    rows_ = paged ? std::move(paged) : std::move(rows);
-    marks_.clear();
-    deleted_.clear();
-    if (rows_) {
+    rows_ = std::move(rows);
+    if (rows_)
         showMatchingRows();
-        position_ = around ? positionOf(place) : 0;
-        if (position_ == rowsHeld())
-            position_ = 0;
-    }
+    return place;
 }
 
 void Recordset::showMatchingRows()
 {
     visible_.clear();
+    run_ = rows_->run();
     const qsizetype end = rows_->first() + rows_->count();
     for (qsizetype place = rows_->first(); place < end; ++place)
-        if (!deleted_.contains(place) && (!filter_ || filter_->matches(rows_->row(place))))
+        if (const Row* row = rows_->row(place); row && (!filter_ || filter_->matches(*row)))
             visible_.push_back(place);
     position_ = 0;
+    if (rows_->isWhole())
+        endView();
 }
 
 /// The position of a place, or of the next one that is shown.
@@ -160,35 +163,30 @@ void Recordset::Requery()
         }
         return;
     }
-    if (paged_) {
-        const Row current = onRow() ? rowAt(position_) : Row();
-        run(onRow() ? &current : nullptr);
-    } else {
-        requeryInMemory();
-    }
+    std::vector<qsizetype> key;
+    if (const Column* first = BaseTable::firstColumn(columns_))
+        key = BaseTable::keyColumns(columns_, first->tableAlias, primaryKey(*first));
+    const auto current = onRow() ? std::optional(rowAt(position_)) : std::nullopt;
+    const qsizetype position = position_;
+    const auto place = run(current ? &*current : nullptr);
+    if (current)
+        position_ = place ? positionOf(*place) : positionLike(*current, key, position);
+    if (position_ == rowsHeld())
+        position_ = 0;
     tell([](RecordsetListener& listener) { listener.rowsReset(); });
 }
 
-void Recordset::requeryInMemory()
+/// The position of the row with the same key, else this one, else the first. Where a join repeats a key, the
+/// row at the same position is meant.
+qsizetype Recordset::positionLike(const Row& row, const std::vector<qsizetype>& key, qsizetype position) const
 {
-    std::vector<qsizetype> keyColumns;
-    if (const Column* first = BaseTable::firstColumn(columns_))
-        keyColumns = BaseTable::keyColumns(columns_, first->tableAlias, primaryKey(*first));
-    const bool wasOnRow = onRow();
-    const qsizetype position = position_;
-    const auto key = wasOnRow ? valuesOf(rowAt(position), keyColumns) : std::vector<WireValue>();
-    run();
-    const auto count = qsizetype(visible_.size());
-    const auto isSame = [&](qsizetype candidate) { return valuesOf(rowAt(candidate), keyColumns) == key; };
-    // Where a join repeats a key, the row at the same position is meant.
-    if (wasOnRow && position < count && isSame(position))
-        position_ = position;
-    else if (wasOnRow) {
-        while (position_ < count && !isSame(position_))
-            ++position_;
-        if (position_ == count)
-            position_ = position < count ? position : 0;
-    }
+    const std::vector<WireValue> wanted = valuesOf(row, key);
+    const auto isSame = [&](qsizetype place) { return valuesOf(*rows_->row(place), key) == wanted; };
+    const bool isThere = position < rowsHeld();
+    if (isThere && isSame(visible_[std::size_t(position)]))
+        return position;
+    const auto found = std::find_if(visible_.begin(), visible_.end(), isSame);
+    return found != visible_.end() ? found - visible_.begin() : isThere ? position : 0;
 }
 
 bool Recordset::onRow() const
@@ -220,7 +218,7 @@ void Recordset::MoveNext()
         requireRow();
     if (!forwardOnly_) {
         if (position_ + 1 == rowsHeld())
-            readOn(Side::End);
+            readFurther(Side::End, false);
         return moveTo(position_ + 1);
     }
     if (++blockRow_ == blockRows_) {
@@ -235,10 +233,10 @@ void Recordset::MovePrevious()
     requireNoEdit();
     if (Bof())
         requireRow();
-    if (Eof() && !atEnd())
+    if (Eof() && !rows_->reaches(Side::End))
         return MoveLast();
     if (position_ == 0)
-        readOn(Side::Front);
+        readFurther(Side::Front, false);
     moveTo(position_ - 1);
 }
 
@@ -246,57 +244,23 @@ void Recordset::MoveFirst()
 {
     requireRows();
     requireNoEdit();
-    if (atFront())
-        return moveTo(0);
-    paged_->readFirst();
-    showRun(paged_->first());
+    rows_->readEnd(Side::Front);
+    stand(showReadRun(), 0);
 }
 
 void Recordset::MoveLast()
 {
     requireRows();
     requireNoEdit();
-    if (atEnd())
-        return moveTo(std::max<qsizetype>(rowsHeld() - 1, 0));
-    paged_->readLast();
-    showRun(paged_->first() + paged_->count() - 1);
+    rows_->readEnd(Side::End);
+    const bool isOtherRun = showReadRun();
+    stand(isOtherRun, std::max<qsizetype>(rowsHeld() - 1, 0));
 }
 
 void Recordset::moveTo(qsizetype position)
 {
     position_ = position;
     tell([](RecordsetListener& listener) { listener.currentRowMoved(); });
-}
-
-qsizetype Recordset::RecordCount() const
-{
-    requireOpen();
-    if (!atFront() || !atEnd())
-        return paged_->countOthers() + std::count_if(visible_.begin(), visible_.end(),
-                                                     [&](qsizetype place) { return paged_->isOwn(place); });
-    return forwardOnly_ ? -1 : rowsHeld();
-}
-
-qsizetype Recordset::AbsolutePosition() const
-{
-    requireRows();
-    if (heldPosition() < 0)
-        return 0;
-    return position_ + 1 + (atFront() ? 0 : paged_->countBeforeTheRun());
-}
-
-void Recordset::setAbsolutePosition(qsizetype position)
-{
-    requireRows();
-    requireNoEdit();
-    if (position < 1 || position > RecordCount())
-        throw Error(Error::InvalidArgument, u"Posição inválida: %1"_s.arg(position));
-    if (!atFront())
-        MoveFirst();
-    position_ = 0; // near the front no row in front is let go
-    while (position > rowsHeld() && readOn(Side::End)) {
-    }
-    moveTo(std::min(position, rowsHeld()) - 1);
 }
 
 Field Recordset::Fields(QAnyStringView name)
@@ -333,7 +297,7 @@ Field Recordset::Fields(qsizetype column)
 
 const Row& Recordset::rowAt(qsizetype position) const
 {
-    return rows_->row(visible_[std::size_t(position)]);
+    return *rows_->row(visible_[std::size_t(position)]);
 }
 
 QByteArrayView Recordset::cellAt(qsizetype position, qsizetype column) const

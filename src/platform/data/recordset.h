@@ -8,12 +8,10 @@
 #include <QAnyStringView>
 #include <algorithm>
 #include <exception>
-#include <set>
 
 namespace ADODB {
 
 class Criteria;
-class PagedRows;
 struct PlainSelect;
 
 /// Who shows a recordset's rows is told what happens to them, right after it happened. Positions count the
@@ -43,8 +41,8 @@ public:
 /// first row to the last. Every other one is held in memory: it has positions, can be searched and filtered,
 /// and, with a lock other than read-only and if it comes from one table with its primary key, its rows can be
 /// changed. A paged one (setPaged) holds a run of its rows around the place that is looked at and reads on
-/// where its edges are come near; it behaves as if all were there. Closing the connection closes its
-/// recordsets.
+/// where its edges are come near; it behaves as if all had been read when it was opened. Closing the
+/// connection closes its recordsets.
 ///
 /// Failures are ADODB::Error: 3704 on a closed recordset, 3021 where there is no current row, 3219 where the
 /// kind of result or a change not yet saved stands in the way, 3251 where rows cannot be changed.
@@ -66,9 +64,13 @@ public:
     /// Pages for the next Open that keeps its rows in memory, if the statement has the form "select * from
     /// table [where conditions] [order by columns]" and the table has a primary key; another statement is
     /// read whole as ever. Rows that the order leaves equal follow each other by the key; no row is counted
-    /// and none skipped to open the result. Update and Delete are as ever, and a row stays where it stands.
-    /// What costs a reading or counting of the whole table: Filter, RecordCount, AbsolutePosition, and a Find
-    /// that the server cannot answer by an index.
+    /// and none skipped to open the result. What costs a reading of the whole table: Filter, and a Find that
+    /// the server cannot answer by an index.
+    ///
+    /// Until the result is whole, requeried or closed, its connection reads the database as it stood at the
+    /// opening (InnoDB's consistent read). No row is locked by that, but the tables' structure is, so the
+    /// connection should be for this recordset alone, as an Adodc's is, and cannot change rows: what the
+    /// recordset changes goes through a second connection, which the first change opens.
     void setPaged(bool on) { wantsPages_ = on; }
     /// Rows of a page, from 1, for the next Open.
     void setPageSize(qsizetype rows) { pageSize_ = rows; }
@@ -96,14 +98,10 @@ public:
     void MoveFirst();
     void MoveLast();
 
-    /// The rows that the filter leaves; -1 on a forward-only result.
-    qsizetype RecordCount() const;
-    /// From 1; 0 where there is no current row.
-    qsizetype AbsolutePosition() const;
-    void setAbsolutePosition(qsizetype position);
-    /// A mark of the current row, good until Requery or Close. (Paged: it stands for the row's key.)
-    qsizetype Bookmark() const;
-    void setBookmark(qsizetype mark);
+    /// A mark of the current row, good until Requery or Close. Error 3001 for one whose row was deleted
+    /// through this recordset, or does not meet the filter.
+    RowMark Bookmark() const;
+    void setBookmark(const RowMark& mark);
 
     const std::vector<Column>& columns() const { return columns_; }
     /// The field of the current row, by its name in any letter case. Of two columns of one name the first is
@@ -112,7 +110,8 @@ public:
     /// By its place, from 0.
     Field Fields(qsizetype column);
 
-    // For who shows the rows: those in memory that the filter leaves, by their position from 0.
+    // For who shows the rows: those in memory that the filter leaves, by their position from 0. Where the
+    // server is lost, what reads further rows does nothing, and the next statement tells of it.
     qsizetype rowsHeld() const { return qsizetype(visible_.size()); }
     /// Of the current row; -1 where there is none.
     qsizetype heldPosition() const
@@ -120,11 +119,9 @@ public:
         return State() == 1 && !forwardOnly_ && !adding_ && onRow() ? position_ : -1;
     }
     void moveToHeld(qsizetype position);
-    enum class Side
-    {
-        Front,
-        End
-    };
+    using Side = RowStore::Side;
+    /// Stands on the first row of all, or on the last.
+    void moveToEnd(Side side);
     /// Reads a further page at this end of the rows held and tells of it; false where there is none, as in
     /// any result that is held whole.
     bool readOn(Side side);
@@ -160,19 +157,21 @@ private:
     void requireChangeable();
     bool editing() const { return adding_ || !changes_.empty(); }
 
-    /// `around` is where to stand, else it is the first row.
-    void run(const Row* around = nullptr);
-    void requeryInMemory();
-    std::unique_ptr<PagedRows> pagedRows(const PlainSelect& select, const std::vector<Column>& columns) const;
-    qsizetype readAround(PagedRows& rows, const Row* around) const;
+    std::optional<qsizetype> run(const Row* around = nullptr);
+    std::unique_ptr<RowStore> rowsByPages(const PlainSelect& select, const std::vector<Column>& columns);
+    void beginView();
+    void endView();
+    Connection& writer();
+    template <class Read>
+    bool quietly(Read read);
     void showMatchingRows();
-    void showRun(qsizetype place);
-    void findBeyond(const Criteria& wanted);
-    bool goToMarkedRow(qsizetype mark);
-    bool atFront() const;
-    bool atEnd() const;
-    qsizetype positionOf(qsizetype place) const;
+    bool showReadRun();
+    void stand(bool isOtherRun, qsizetype position);
+    bool readFurther(Side side, bool isQuiet);
+    bool showReadOn(Side side, qsizetype first, qsizetype end);
     void trim(Side side);
+    qsizetype positionOf(qsizetype place) const;
+    qsizetype positionLike(const Row& row, const std::vector<qsizetype>& key, qsizetype position) const;
     void moveTo(qsizetype position);
     bool onRow() const;
     const std::vector<QByteArray>& primaryKey(const Column& column) const;
@@ -223,13 +222,16 @@ private:
     // A result in memory.
     std::unique_ptr<RowStore> rows_;
     std::vector<qsizetype> visible_; ///< places in the store
-    std::set<qsizetype> deleted_;    ///< places
+    int run_ = 0;                    ///< of the store, that the places are of
     bool wantsPages_ = false;
     qsizetype pageSize_ = 200;
-    PagedRows* paged_ = nullptr;                        ///< the store, where it is a paged one
-    mutable std::vector<std::vector<WireValue>> marks_; ///< keys of the rows marked in a paged store
     std::unique_ptr<Criteria> filter_;
     qsizetype position_ = 0; ///< in visible_; -1 in front of the first
+
+    /// On which the connection reads the database as it stood; null where it reads it as it is.
+    std::shared_ptr<Odbc::Session> view_;
+    bool isLost_ = false; ///< the server, as was noticed and not told
+    std::unique_ptr<Connection> writer_;
 
     std::optional<BaseTable> table_;
     bool adding_ = false;

@@ -1,5 +1,4 @@
 #include "platform/data/error.h"
-#include "platform/data/paging/pagedrows.h"
 #include "platform/data/recordset.h"
 
 using namespace Qt::StringLiterals;
@@ -25,6 +24,20 @@ void Recordset::requireChangeable()
         return;
     const Column* first = BaseTable::firstColumn(columns_);
     table_.emplace(columns_, first ? primaryKey(*first) : std::vector<QByteArray>());
+}
+
+/// The connection for what changes rows: a view of the database as it stood cannot be left and come back to.
+Connection& Recordset::writer()
+{
+    if (!view_)
+        return *connection_;
+    if (!writer_) {
+        writer_ = std::make_unique<Connection>();
+        writer_->setConnectionString(connection_->connectionString());
+    }
+    if (writer_->State() == 0)
+        writer_->Open();
+    return *writer_;
 }
 
 const std::vector<QByteArray>& Recordset::primaryKey(const Column& column) const
@@ -65,32 +78,31 @@ void Recordset::Update()
 void Recordset::insertRow()
 {
     const ParameterisedStatement insertion = table_->insertion(changes_);
-    connection_->run(insertion.sql, insertion.parameters);
+    Connection& server = writer();
+    server.run(insertion.sql, insertion.parameters);
     WireValue number;
     if (table_->isNumbered(changes_)) {
-        const auto answer = connection_->run(u"select last_insert_id()"_s);
+        const auto answer = server.run(u"select last_insert_id()"_s);
         answer->fetchBlock();
         number = answer->cell(0, 0).toByteArray();
     }
-    const bool isOtherRun = !atEnd();
     rows_->append(rowFromServer(table_->key(changes_, number), nullptr));
     CancelUpdate();
-    if (isOtherRun)
-        return showRun(rows_->first() + rows_->count() - 1);
-    visible_.push_back(rows_->first() + rows_->count() - 1);
-    const auto position = qsizetype(visible_.size()) - 1;
-    tell([&](RecordsetListener& listener) { listener.rowInserted(position); });
-    moveTo(position);
+    const qsizetype place = rows_->first() + rows_->count() - 1;
+    const bool isOtherRun = showReadRun();
+    if (!isOtherRun) {
+        visible_.push_back(place);
+        tell([&](RecordsetListener& listener) { listener.rowInserted(rowsHeld() - 1); });
+    }
+    stand(isOtherRun, rowsHeld() - 1);
 }
 
 void Recordset::updateRow()
 {
     const Row& old = rowAt(position_);
     const ParameterisedStatement update = table_->update(old, changes_);
-    requireFound(*connection_->run(update.sql, update.parameters));
-    const std::vector<WireValue> key = table_->key(old, changes_);
-    std::replace(marks_.begin(), marks_.end(), table_->key(old), key);
-    rows_->replace(visible_[std::size_t(position_)], rowFromServer(key, &old));
+    requireFound(*writer().run(update.sql, update.parameters));
+    rows_->replace(visible_[std::size_t(position_)], rowFromServer(table_->key(old, changes_), &old));
     CancelUpdate();
     tell([&](RecordsetListener& listener) { listener.rowChanged(position_); });
 }
@@ -100,7 +112,7 @@ void Recordset::updateRow()
 Row Recordset::rowFromServer(const std::vector<WireValue>& key, const Row* old)
 {
     const ParameterisedStatement selection = table_->selection(key);
-    const auto answer = connection_->run(selection.sql, selection.parameters);
+    const auto answer = writer().run(selection.sql, selection.parameters);
     const bool found = answer->fetchBlock() > 0;
     std::vector<QByteArrayView> cells(columns_.size());
     qsizetype next = 0;
@@ -123,15 +135,15 @@ void Recordset::Delete()
     requireChangeable();
     requireRow();
     const ParameterisedStatement deletion = table_->deletion(rowAt(position_));
-    requireFound(*connection_->run(deletion.sql, deletion.parameters));
-    deleted_.insert(visible_[std::size_t(position_)]);
+    requireFound(*writer().run(deletion.sql, deletion.parameters));
+    rows_->remove(visible_[std::size_t(position_)]);
     visible_.erase(visible_.begin() + position_);
     tell([&](RecordsetListener& listener) { listener.rowRemoved(position_); });
     if (position_ == rowsHeld()) {
         // In front of the rows that may come, not behind them.
         --position_;
-        if (!readOn(Side::End) && visible_.empty())
-            readOn(Side::Front);
+        if (!readFurther(Side::End, false) && visible_.empty())
+            readFurther(Side::Front, false);
         ++position_;
     }
     moveTo(position_);

@@ -3,51 +3,59 @@
 #include "platform/data/paging/pagedrows.h"
 #include "platform/data/recordset.h"
 
+using namespace Qt::StringLiterals;
+
 namespace ADODB {
 
-namespace {
-
-/// A run that has grown beyond so many pages is trimmed.
-constexpr qsizetype mostPages = 25;
-
-} // namespace
-
-/// A store for the result, nothing being read yet; null where it cannot be read by pages.
-std::unique_ptr<PagedRows> Recordset::pagedRows(const PlainSelect& select,
-                                                const std::vector<Column>& columns) const
+/// A store for the result, from which nothing is read yet; null where it cannot be read by pages.
+std::unique_ptr<RowStore> Recordset::rowsByPages(const PlainSelect& select,
+                                                 const std::vector<Column>& columns)
 {
     const Column* first = BaseTable::firstColumn(columns);
     auto query = first ? PageQuery::make(select, columns, primaryKey(*first)) : std::nullopt;
-    if (!query)
+    if (!query) {
+        endView();
         return nullptr;
+    }
+    query->chooseIndex(allRows(*connection_->run(query->indexes())));
+    beginView();
     const auto run = [connection = connection_](const ParameterisedStatement& statement) {
         return connection->run(statement.sql, statement.parameters);
     };
-    query->chooseIndex(allRows(*connection_->run(query->indexes())));
     return std::make_unique<PagedRows>(std::move(*query), run, pageSize_);
 }
 
-/// Reads the first rows to show and returns the place to stand at.
-qsizetype Recordset::readAround(PagedRows& rows, const Row* around) const
+/// From here on the connection reads the database as it stands now. An earlier view ends.
+void Recordset::beginView()
 {
-    qsizetype place = 0;
-    if (around)
-        place = rows.readAround(*around);
-    else
-        rows.readFirst();
-    if (filter_)
-        rows.readWhole();
-    return place;
+    connection_->run(u"start transaction with consistent snapshot, read only"_s);
+    view_ = connection_->session();
 }
 
-bool Recordset::atFront() const
+void Recordset::endView()
 {
-    return !paged_ || paged_->atFront();
+    if (const auto session = std::exchange(view_, nullptr); session && session->connected()) {
+        try {
+            connection_->leavingItOpen([&] { connection_->run(u"commit"_s); });
+        } catch (const Error&) {
+            // The view has gone with the connection.
+        }
+    }
 }
 
-bool Recordset::atEnd() const
+/// False where the server proves to be lost, now or before.
+template <class Read>
+bool Recordset::quietly(Read read)
 {
-    return !paged_ || paged_->atEnd();
+    try {
+        if (!isLost_)
+            connection_->leavingItOpen(read);
+    } catch (const Error& error) {
+        if (!error.endsConnection())
+            throw;
+        isLost_ = true;
+    }
+    return !isLost_;
 }
 
 void Recordset::moveToHeld(qsizetype position)
@@ -57,97 +65,89 @@ void Recordset::moveToHeld(qsizetype position)
     moveTo(position);
 }
 
-/// Shows another run and stands on the row at this place.
-void Recordset::showRun(qsizetype place)
+void Recordset::moveToEnd(Side side)
 {
-    deleted_.clear();
+    requireRows();
+    requireNoEdit();
+    if (quietly([&] { rows_->readEnd(side); }))
+        side == Side::Front ? MoveFirst() : MoveLast();
+}
+
+/// Shows the run of the store; false where it is the one that is shown.
+bool Recordset::showReadRun()
+{
+    if (run_ == rows_->run())
+        return false;
     showMatchingRows();
-    position_ = positionOf(place);
+    return true;
+}
+
+void Recordset::stand(bool isOtherRun, qsizetype position)
+{
+    if (!isOtherRun)
+        return moveTo(position);
+    position_ = position;
     tell([](RecordsetListener& listener) { listener.rowsReset(); });
 }
 
 bool Recordset::readOn(Side side)
 {
-    if (side == Side::Front ? atFront() : atEnd())
+    return readFurther(side, true);
+}
+
+bool Recordset::readFurther(Side side, bool isQuiet)
+{
+    if (!rows_ || rows_->reaches(side))
         return false;
-    const bool wasEof = position_ == rowsHeld();
-    const qsizetype held = rowsHeld();
-    const qsizetype added =
-        paged_->readOn(side == Side::Front ? PageQuery::Direction::Backward : PageQuery::Direction::Forward);
-    if (added == 0)
+    const qsizetype first = rows_->first();
+    const qsizetype end = first + rows_->count();
+    const auto read = [&] { rows_->readOn(side); };
+    if (!isQuiet)
+        read();
+    else if (!quietly(read))
         return false;
+    return showReadOn(side, first, end);
+}
+
+/// Shows what was read at this side of the places from `first` to `end`.
+bool Recordset::showReadOn(Side side, qsizetype first, qsizetype end)
+{
+    const bool isFront = side == Side::Front;
+    const qsizetype from = isFront ? rows_->first() : end;
+    const qsizetype to = isFront ? first : rows_->first() + rows_->count();
     std::vector<qsizetype> places;
-    const qsizetype end = paged_->first() + paged_->count();
-    for (qsizetype i = 0; i < added; ++i)
-        places.push_back(side == Side::Front ? paged_->first() + i : end - added + i);
-    visible_.insert(side == Side::Front ? visible_.begin() : visible_.end(), places.begin(), places.end());
-    if (wasEof || side == Side::Front)
+    for (qsizetype place = from; place < to; ++place)
+        if (rows_->row(place))
+            places.push_back(place);
+    const qsizetype held = rowsHeld();
+    const auto added = qsizetype(places.size());
+    if (isFront || position_ == held)
         position_ += added;
-    tell([&](RecordsetListener& listener) { listener.rowsRead(side == Side::Front ? 0 : held, added); });
-    trim(side == Side::Front ? Side::End : Side::Front);
-    return true;
+    visible_.insert(isFront ? visible_.begin() : visible_.end(), places.begin(), places.end());
+    if (added > 0) {
+        tell([&](RecordsetListener& listener) { listener.rowsRead(isFront ? 0 : held, added); });
+        trim(isFront ? Side::End : Side::Front);
+    }
+    if (rows_->isWhole())
+        endView();
+    return added > 0;
 }
 
 /// Lets rows go at one end of the run, though none near the current row.
 void Recordset::trim(Side side)
 {
-    const qsizetype most = mostPages * paged_->pageSize();
     const qsizetype held = rowsHeld();
-    qsizetype from = 0;
-    qsizetype to = held;
-    if (side == Side::Front) {
-        to = std::min(held - most, position_ - paged_->pageSize());
-        if (to <= 0)
-            return;
-        paged_->dropBefore(visible_[std::size_t(to)]);
-        to = positionOf(paged_->first());
-        position_ -= to;
-    } else {
-        from = std::max(most, position_ + 1 + paged_->pageSize());
-        if (from >= held)
-            return;
-        paged_->dropFrom(visible_[std::size_t(from)]);
-        from = positionOf(paged_->first() + paged_->count());
-    }
+    const qsizetype end = rows_->first() + rows_->count();
+    rows_->trim(side, position_ == held ? end : visible_[std::size_t(std::max<qsizetype>(position_, 0))]);
+    const bool isFront = side == Side::Front;
+    const qsizetype from = isFront ? 0 : positionOf(rows_->first() + rows_->count());
+    const qsizetype to = isFront ? positionOf(rows_->first()) : held;
     if (from == to)
         return;
     visible_.erase(visible_.begin() + from, visible_.begin() + to);
-    std::erase_if(deleted_, [&](qsizetype place) {
-        return place < paged_->first() || place >= paged_->first() + paged_->count();
-    });
+    if (isFront)
+        position_ -= to;
     tell([&](RecordsetListener& listener) { listener.rowsDropped(from, to - from); });
-}
-
-/// Find where the run does not hold the answer.
-void Recordset::findBeyond(const Criteria& wanted)
-{
-    std::optional<Row> row = paged_->find(wanted, atFront());
-    if (!row)
-        return moveTo(rowsHeld());
-    const auto place = paged_->placeOf(*row);
-    if (place && !deleted_.contains(*place))
-        return moveTo(positionOf(*place));
-    showRun(paged_->readAroundFound(std::move(*row)));
-}
-
-/// The row marked with its key in a paged store; false where the store is none or the row is not shown.
-bool Recordset::goToMarkedRow(qsizetype mark)
-{
-    if (mark < 0 || mark >= qsizetype(marks_.size()))
-        return false;
-    std::optional<Row> row = paged_->rowWithKey(marks_[std::size_t(mark)]);
-    if (!row)
-        return false;
-    const auto place = paged_->placeOf(*row);
-    if (!filter_ && (!place || deleted_.contains(*place))) {
-        showRun(paged_->readAroundFound(std::move(*row)));
-        return true;
-    }
-    const qsizetype position = place ? positionOf(*place) : rowsHeld();
-    if (position == rowsHeld() || visible_[std::size_t(position)] != *place)
-        return false;
-    moveTo(position);
-    return true;
 }
 
 } // namespace ADODB

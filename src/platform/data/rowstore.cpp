@@ -1,5 +1,6 @@
 #include "platform/data/rowstore.h"
 
+#include "platform/data/criteria.h"
 #include "platform/data/odbc/odbc.h"
 
 namespace ADODB {
@@ -16,6 +17,20 @@ std::vector<Row> allRows(Odbc::Statement& statement)
         }
     }
     return rows;
+}
+
+std::optional<qsizetype> RowStore::find(const Criteria& criteria)
+{
+    for (qsizetype place = first(); place < first() + count(); ++place)
+        if (const Row* candidate = row(place); candidate && criteria.matches(*candidate))
+            return place;
+    return std::nullopt;
+}
+
+std::optional<qsizetype> RowStore::placeOf(const RowMark& mark)
+{
+    const bool isHeld = mark.place >= 0 && mark.place < count() && row(mark.place);
+    return isHeld ? std::optional(mark.place) : std::nullopt;
 }
 
 } // namespace ADODB

@@ -158,10 +158,7 @@ QModelIndex DataGrid::moveCursor(CursorAction action, Qt::KeyboardModifiers modi
     if ((!isHome && action != MoveEnd) || !modifiers.testFlag(Qt::ControlModifier) || !recordset ||
         recordset->State() == 0)
         return QTableView::moveCursor(action, modifiers);
-    if (isHome)
-        recordset->MoveFirst();
-    else
-        recordset->MoveLast();
+    recordset->moveToEnd(isHome ? ADODB::Recordset::Side::Front : ADODB::Recordset::Side::End);
     return currentIndex();
 }
 

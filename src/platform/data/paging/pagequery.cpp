@@ -130,7 +130,7 @@ ParameterisedStatement PageQuery::page(Direction direction, const std::optional<
     const bool isByIndex = from && filter.sql.isEmpty() && !index_.isEmpty();
     const QString table = isByIndex ? table_ + u" force index (%1)"_s.arg(index_) : table_;
     ParameterisedStatement statement =
-        restricted(u"*"_s, table, from ? behind(direction, *from) : ParameterisedStatement(), filter);
+        restricted(table, from ? behind(direction, *from) : ParameterisedStatement(), filter);
     QStringList order;
     for (const Order& column : order_)
         order << column.name +
@@ -141,17 +141,16 @@ ParameterisedStatement PageQuery::page(Direction direction, const std::optional<
 
 ParameterisedStatement PageQuery::rowWithKey(const std::vector<WireValue>& key) const
 {
-    return restricted(u"*"_s, table_, {}, isKey(key));
+    return restricted(table_, {}, isKey(key));
 }
 
-ParameterisedStatement PageQuery::count(const Keys& without) const
+ParameterisedStatement PageQuery::orWithKeys(const ParameterisedStatement& condition,
+                                             const std::vector<std::vector<WireValue>>& keys) const
 {
-    return restricted(u"count(*)"_s, table_, {}, isNone(without));
-}
-
-ParameterisedStatement PageQuery::countBefore(const Place& place, const Keys& without) const
-{
-    return restricted(u"count(*)"_s, table_, behind(Direction::Backward, place), isNone(without));
+    std::vector<ParameterisedStatement> terms{joined({condition}, {})};
+    for (const std::vector<WireValue>& key : keys)
+        terms.push_back(isKey(key));
+    return joined(terms, u" or "_s);
 }
 
 ParameterisedStatement PageQuery::isKey(const std::vector<WireValue>& key) const
@@ -165,21 +164,7 @@ ParameterisedStatement PageQuery::isKey(const std::vector<WireValue>& key) const
     return joined(terms, u" and "_s);
 }
 
-ParameterisedStatement PageQuery::isNone(const Keys& keys) const
-{
-    if (keys.empty())
-        return {};
-    std::vector<ParameterisedStatement> terms;
-    for (const std::vector<WireValue>& key : keys) {
-        ParameterisedStatement term = isKey(key);
-        term.sql.prepend(u"not "_s);
-        terms.push_back(std::move(term));
-    }
-    return joined(terms, u" and "_s);
-}
-
-ParameterisedStatement PageQuery::restricted(const QString& what, const QString& table,
-                                             const ParameterisedStatement& seek,
+ParameterisedStatement PageQuery::restricted(const QString& table, const ParameterisedStatement& seek,
                                              const ParameterisedStatement& filter) const
 {
     std::vector<ParameterisedStatement> terms;
@@ -188,7 +173,7 @@ ParameterisedStatement PageQuery::restricted(const QString& what, const QString&
     for (const ParameterisedStatement& term : {seek, filter})
         if (!term.sql.isEmpty())
             terms.push_back(term);
-    ParameterisedStatement result{u"select %1 from %2"_s.arg(what, table), {}};
+    ParameterisedStatement result{u"select * from "_s + table, {}};
     if (!terms.empty()) {
         result.sql += u" where "_s;
         append(result, joined(terms, u" and "_s));

@@ -4,7 +4,6 @@
 #include "platform/data/paging/plainselect.h"
 
 #include <QStringList>
-#include <set>
 
 using namespace Qt::StringLiterals;
 
@@ -27,8 +26,6 @@ public:
 
     /// A row's values of the columns of the order, the primary key among them.
     using Place = std::vector<WireValue>;
-    /// Values of primary keys.
-    using Keys = std::set<std::vector<WireValue>>;
 
     /// None where the result lacks a column of the order or of the key `primaryKey`, or is ordered by a
     /// floating-point number, whose text form is not exact.
@@ -54,9 +51,9 @@ public:
     ParameterisedStatement page(Direction direction, const std::optional<Place>& from, qsizetype limit,
                                 const ParameterisedStatement& filter = {}) const;
     ParameterisedStatement rowWithKey(const std::vector<WireValue>& key) const;
-    /// Counts the rows whose keys are not among these; with a place, those in front of it.
-    ParameterisedStatement count(const Keys& without) const;
-    ParameterisedStatement countBefore(const Place& place, const Keys& without) const;
+    /// A condition that the rows with these keys meet as well.
+    ParameterisedStatement orWithKeys(const ParameterisedStatement& condition,
+                                      const std::vector<std::vector<WireValue>>& keys) const;
 
 private:
     struct Order
@@ -69,12 +66,10 @@ private:
 
     PageQuery() = default;
     bool isInOrder(const QStringList& indexColumns) const;
-    ParameterisedStatement restricted(const QString& what, const QString& table,
-                                      const ParameterisedStatement& seek,
+    ParameterisedStatement restricted(const QString& table, const ParameterisedStatement& seek,
                                       const ParameterisedStatement& filter) const;
     ParameterisedStatement behind(Direction direction, const Place& place) const;
     ParameterisedStatement isKey(const std::vector<WireValue>& key) const;
-    ParameterisedStatement isNone(const Keys& keys) const;
 
     QString table_;
     QString conditions_;
