@@ -20,14 +20,6 @@ const QString noPhone = u"Informe o fone fixo e/ou celular!"_s;
 const QString wrongEntry = u"--- ERRO --- DATA DE CADASTRO INCORRETA!"_s;
 const QString unknownCode = u"--- ERRO --- CÓDIGO NÃO ENCONTRADO!"_s;
 
-/// What both registers have: box, column, what a person types and, where it is not the same in upper case,
-/// what is shown and what is kept.
-const QString person =
-    u"TXTCPF=cpf=11144477735|TXTRG=rg=mg-1|txtdtnasc=dtnasc=3x1121980=31/12/1980=1980-12-31|"
-    "txtnrcel=fonecel=32|txtemail=eMail=j@x.br|txtcepr=cep=0131010|txtruar=rua=rua a|"
-    "txtNr=nrrua=5 b|txtbairror=bairro=centro|txtcidader=cidade=são josé|txtufr=uf=mg|"
-    "txtmemo=obs=linha"_s;
-
 /// Two tenants' rows under the same names.
 class People : public LoggedIn
 {
@@ -72,44 +64,6 @@ protected:
         EXPECT_EQ(screen.text(u"txtmemo"_s), u"");
     }
 
-    /// A new row with a text of its own in each box, read back, and saved again as it is.
-    template <class Screen>
-    void expectEveryBoxKept(const QString& table, const QString& key, const QString& ownBoxes)
-    {
-        QStringList columns = {u"idlic"_s, u"dtcad"_s, u"evup"_s}, boxes, typed, upper;
-        QStringList kept = {u"C1"_s, u"2026-03-16"_s, boundStamp};
-        for (const QString& cell : (person + ownBoxes).split(u'|')) {
-            const QStringList parts = cell.split(u'=');
-            boxes << parts[0];
-            columns << parts[1];
-            typed << parts[2];
-            upper << parts.value(3, parts[2].toUpper());
-            kept << parts.value(4, upper.last());
-        }
-        const QString query = u"select %1 from %2 where %3 > 3"_s.arg(columns.join(u','), table, key);
-        on<Screen>([&](ScreenDriver& screen) {
-            EXPECT_EQ(screen.focused(), u"txtcodcli");
-            EXPECT_EQ(screen.text(u"txtdtcad"_s), u"16/03/2026");
-            for (int i = 0; i < boxes.size(); ++i)
-                put(screen, boxes[i], typed[i]);
-            screen.click(u"cmdsalva"_s);
-            EXPECT_EQ(screen.focused(), u"txtcodcli");
-            expectEmptied(screen);
-            EXPECT_EQ(rows(query), QList<QStringList>{kept});
-
-            screen.doubleClickRow(u"DataGrid1"_s, 1); // between the two of the tenant
-            EXPECT_EQ(screen.focused(), u"txtcodcli");
-            screen.press(Qt::Key_Return);
-            EXPECT_EQ(shown(screen, boxes.join(u' ')), upper.join(u'|'));
-            clock.set(QDateTime(QDate(2026, 3, 17), QTime(9, 0)));
-            screen.clickRow(u"DataGrid1"_s, 0);
-            screen.click(u"cmdsalva"_s);
-        });
-        kept[2] = u"MARIA - 17/03/2026 09:00:00"_s;
-        EXPECT_EQ(rows(query), QList<QStringList>{kept});
-        EXPECT_EQ(value(u"select count(*) from %1 where evup is null"_s.arg(table)), u"3");
-    }
-
     /// Without a date of birth first, then attempt by attempt: what goes into boxes, and what the save then
     /// says.
     void expectRefusals(ScreenDriver& screen, const QList<QPair<QString, QStringList>>& attempts)
@@ -138,20 +92,6 @@ protected:
 };
 
 } // namespace
-
-TEST_F(People, EveryBoxIsKeptAndComesBack)
-{
-    expectEveryBoxKept<frmcadcli>(
-        u"pacientes"_s, u"idpac"_s,
-        u"|txtnome=nmPac=joana d'ávila|txtfone=fonepac=31|txtNmResp=nmresp=eva|txtFoneResp=foneresp=33|"
-        "txtIdConv=idconv=7|cboAler=taler=1=1 - SIM=1|txtAler=dsaler=pó|cboMed=tmed=0=0 - NÃO=0|"
-        "txtMed=dsmed=nenhuma|cboCir=tcir=1=1 - SIM=1|txtCir=dscir=hérnia"_s);
-    clock.set(QDateTime(QDate(2026, 3, 16), QTime(8, 30, 15)));
-    expectEveryBoxKept<frmCadProfissionais>(
-        u"profissionais"_s, u"idpro"_s,
-        u"|txtnome=nmpro=bruno d'or|txtfone=fonefixo=31|txtIdEsp=idesp=4|txtNoCon=nrcon=crm 5|"
-        "cboCH=ondeatd=2=2 - HOME E CLINICA=2|txtVR=valor=1500,5=R$ 1.500,50=1500.50"_s);
-}
 
 TEST_F(People, APatientIsRefusedStepByStep)
 {
@@ -237,19 +177,6 @@ TEST_F(People, ARowThatASearchLeftOutIsNotWrittenOverAnother)
         screen.click(u"cmdsalva"_s);
     });
     EXPECT_EQ(value(u"select group_concat(idpac) from pacientes where evup = '%1'"_s.arg(boundStamp)), u"3");
-}
-
-TEST_F(People, AProfessionalIsFoundByName)
-{
-    dialogs.expectInput(u"Nome: "_s, u"bi"_s, u"Pesquisa profissionais já cadastrado"_s);
-    on<frmCadProfissionais>([](ScreenDriver& screen) {
-        screen.press(Qt::Key_F10);
-        ASSERT_EQ(screen.grid(u"DataGrid1"_s).size(), 1);
-        screen.doubleClickRow(u"DataGrid1"_s, 0);
-        screen.press(Qt::Key_Return);
-        EXPECT_EQ(shown(screen, u"txtnome txtdtnasc txtVR txtNmEsp"_s),
-                  u"BIA|Não Informado|R$ 1.234,50|GERIATRIA");
-    });
 }
 
 TEST_F(People, DocumentsAreCheckedAndACompanysOffersTheLookUp)

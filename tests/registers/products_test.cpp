@@ -52,26 +52,6 @@ protected:
 
 } // namespace
 
-TEST_F(Products, ACodeThatIsNotFoundIsANewProduct)
-{
-    on<frmCadProduto>([this](ScreenDriver& screen) {
-        code(screen, u"0012"_s);
-        EXPECT_EQ(texts(screen), gauze);
-        code(screen, u"0013"_s);
-        EXPECT_EQ(screen.text(u"txtCdPro"_s), u"0013") << "another tenant's code is free here";
-        EXPECT_EQ(texts(screen), empty);
-        fill(screen, u"seringa d'água|un|5|12,5|1.000"_s);
-        screen.type(u"txtmemo"_s, u"nota"_s);
-        screen.click(u"cmdsalva"_s);
-        EXPECT_EQ(screen.text(u"txtCdPro"_s), u"");
-        EXPECT_EQ(texts(screen), empty);
-        EXPECT_EQ(screen.focused(), u"txtCdPro");
-    });
-    EXPECT_EQ(stored(u"0013"_s),
-              QString(u"SERINGA D'ÁGUA|UN|5|12.5000|SR|1000.0000|0|NOTA|%1|%1"_s.arg(stamp)));
-    EXPECT_EQ(value(u"select dspro from produtos where idlic = 'C2'"_s), u"ALHEIO");
-}
-
 TEST_F(Products, AKnownProductIsChanged)
 {
     on<frmCadProduto>([this](ScreenDriver& screen) {
@@ -92,6 +72,9 @@ TEST_F(Products, CodesCompareAsNumbersInTheSearchAndAsTextInTheSave)
     on<frmCadProduto>([this](ScreenDriver& screen) {
         code(screen, u"12"_s);
         EXPECT_EQ(texts(screen), gauze);
+        code(screen, u"0013"_s); // another tenant's, free here
+        EXPECT_EQ(texts(screen), empty);
+        code(screen, u"12"_s);
         screen.click(u"cmdsalva"_s);
         const CaughtErrors errors;
         code(screen, u"abc"_s);

@@ -7,15 +7,6 @@ using namespace Variaveis;
 
 namespace {
 
-/// The boxes, their columns and a text for each, so that a swapped pair shows.
-const QString names = u"TXTCPF TXTRG txtnome txtcontato txtfone txtnrcel txtemail txtcepr txtruar txtnr "
-                      "txtbairror txtcidader txtufr txtmemo"_s;
-const QStringList boxes = names.split(u' ');
-const QString columns = u"cpf,rg,nmfor,nmfant,fonefixo,fonecel,email,cep,rua,nrcasa,bairro,cidade,uf,obs"_s;
-const QStringList texts =
-    u"11.222.333/0001-81|IE 1|FARMÁCIA|ZÉ|113333|119999|A@B.C|01001|RUA A|12 B|SÉ|SÃO PAULO|SP|\"2A.\""_s
-        .split(u'|');
-
 class Suppliers : public LoggedIn
 {
 protected:
@@ -29,39 +20,6 @@ protected:
 };
 
 } // namespace
-
-TEST_F(Suppliers, EveryBoxGoesToItsColumnAndComesBack)
-{
-    on<frmCadFor>([](ScreenDriver& screen) {
-        for (int i = 0; i < boxes.size(); ++i)
-            screen.type(boxes[i], texts[i].toLower());
-        screen.click(u"cmdsalva"_s);
-        EXPECT_EQ(shown(screen, names), QString(boxes.size() - 1, u'|'));
-        EXPECT_EQ(screen.focused(), u"TXTCPF");
-        EXPECT_EQ(listed(screen), u"ALFA BETA FARMÁCIA");
-
-        screen.doubleClickRow(u"DataGrid1"_s, 2);
-        EXPECT_EQ(screen.focused(), u"txtcodcli");
-        screen.press(Qt::Key_Return);
-        EXPECT_EQ(shown(screen, names), texts.join(u'|'));
-    });
-    const QString query = u"select idlic,evcad,upev,%1 from fornecedores where cdfor > 7"_s.arg(columns);
-    EXPECT_EQ(rows(query), (QList<QStringList>{QStringList{u"C1"_s, stamp, stamp} + texts}));
-
-    clock.set(QDateTime(QDate(2026, 3, 17), QTime(9, 0)));
-    on<frmCadFor>([](ScreenDriver& screen) {
-        enter(screen, u"txtcodcli"_s, u"8"_s);
-        for (int i = 1; i < boxes.size(); ++i)
-            screen.type(boxes[i], texts[i] + QString::number(i));
-        screen.click(u"cmdsalva"_s);
-    });
-    QStringList changed = {u"C1"_s, stamp, u"MARIA 17/03/2026 09:00:00"_s, texts[0]};
-    for (int i = 1; i < texts.size(); ++i)
-        changed << texts[i] + QString::number(i);
-    EXPECT_EQ(rows(query), QList<QStringList>{changed});
-    EXPECT_EQ(value(u"select group_concat(nmfor order by cdfor) from fornecedores where cdfor < 8"_s),
-              u"BETA,ALFA,ALFA ALHEIA");
-}
 
 TEST_F(Suppliers, OnlyTheNameIsRequiredAndItMayRepeat)
 {

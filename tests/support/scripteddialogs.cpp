@@ -32,8 +32,8 @@ public:
 
     std::optional<QString> file(const FileDialog& dialog) override
     {
-        const auto found = script_.next(Kind::File, {}, dialog.title);
-        return found ? found->answer : std::nullopt;
+        Report::fail(u"unexpected choice of a file (%1)"_s.arg(dialog.title));
+        return {};
     }
 
 private:
@@ -65,22 +65,16 @@ void ScriptedDialogs::expectInput(const QString& prompt, const std::optional<QSt
     expected_ << Expected{Kind::Input, prompt, title, {}, false, answer};
 }
 
-void ScriptedDialogs::expectFile(const std::optional<QString>& path, const QString& title)
-{
-    expected_ << Expected{Kind::File, {}, title, {}, false, path};
-}
-
 void ScriptedDialogs::verify()
 {
     for (const Expected& one : expected_)
-        Report::fail(u"the box \"%1\" did not come"_s.arg(one.text.isEmpty() ? one.title : one.text));
+        Report::fail(u"the box \"%1\" did not come"_s.arg(one.text));
     expected_.clear();
 }
 
 std::optional<ScriptedDialogs::Expected> ScriptedDialogs::next(Kind kind, const QString& text,
                                                                const QString& title)
 {
-    seen_ << text;
     if (expected_.isEmpty()) {
         Report::fail(u"unexpected box \"%1\" (%2)"_s.arg(text, title));
         return {};

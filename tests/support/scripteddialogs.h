@@ -3,7 +3,6 @@
 #include "platform/forms/dialogs.h"
 
 #include <QList>
-#include <QStringList>
 
 /// Answers the boxes of the program from a prepared list, in order. A box that is not the next one expected
 /// fails at once and is cancelled; so does an expectation left over at the end.
@@ -22,13 +21,9 @@ public:
                         std::optional<Icon> icon = {});
     /// An input box with exactly this prompt; nothing cancels it.
     void expectInput(const QString& prompt, const std::optional<QString>& answer, const QString& title = {});
-    void expectFile(const std::optional<QString>& path, const QString& title = {});
 
     /// Fails for what is still expected, and forgets it.
     void verify();
-
-    /// The texts of all boxes that came, in order.
-    const QStringList& seen() const { return seen_; }
 
     /// What happens while a box stands open, such as taking its picture; it gets the box that is asked.
     void setWatcher(std::function<void(const MessageBox&)> watcher) { watcher_ = std::move(watcher); }
@@ -38,8 +33,7 @@ private:
     {
         Message,
         Question,
-        Input,
-        File
+        Input
     };
     struct Expected
     {
@@ -55,7 +49,6 @@ private:
     std::optional<Expected> next(Kind kind, const QString& text, const QString& title);
 
     QList<Expected> expected_;
-    QStringList seen_;
     std::function<void(const MessageBox&)> watcher_;
     std::unique_ptr<Dialogs> before_;
 };
