@@ -13,6 +13,8 @@
 #include <QInputMethodEvent>
 #include <QMenuBar>
 #include <QPushButton>
+#include <QScrollArea>
+#include <QScrollBar>
 #include <QTest>
 #include <QVBoxLayout>
 #include <gtest/gtest.h>
@@ -57,13 +59,19 @@ public:
     QPushButton* button = new QPushButton(u"OK"_s);
     QStringList log;
     QList<int> codes;
-    bool boxOnLostFocus = false;
+    std::function<void()> onLoss;
     bool swallowAll = false;
+    using Form::focusOn;
+    using Form::hideFrame;
     using Form::onEnter;
     void F2() { log << u"F2"_s; }
 
 protected:
-    void Form_Load() override { log << u"load"_s; }
+    void Form_Load() override
+    {
+        log << u"load"_s;
+        first->clear();
+    }
     void Form_Activate() override { log << u"activate"_s; }
     void Form_Unload() override { log << u"unload"_s; }
 
@@ -71,8 +79,8 @@ private:
     void first_LostFocus()
     {
         log << u"first lost"_s;
-        if (boxOnLostFocus)
-            MsgBox(u"stop"_s, u"title"_s);
+        if (onLoss)
+            onLoss();
     }
     void second_GotFocus() { log << u"second got"_s; }
     void button_Click() { log << u"click"_s; }
@@ -203,7 +211,7 @@ TEST_F(Forms, AControlLosesTheFocusOnlyToAnotherOfItsForm)
     settle();
 
     focusAndForget(u"first"_s);
-    form.boxOnLostFocus = true;
+    form.onLoss = [] { MsgBox(u"stop"_s, u"title"_s); };
     ScriptedDialogs dialogs;
     dialogs.expect(u"stop"_s);
     screen.click(u"button"_s);
@@ -213,7 +221,7 @@ TEST_F(Forms, AControlLosesTheFocusOnlyToAnotherOfItsForm)
     screen.click(u"button"_s);
     EXPECT_EQ(form.log, QStringList{u"click"_s});
 
-    form.boxOnLostFocus = false;
+    form.onLoss = nullptr;
     focusAndForget(u"first"_s);
     screen.click(u"button"_s);
     EXPECT_EQ(form.log, (QStringList{u"first lost"_s, u"click"_s}))
@@ -245,6 +253,152 @@ TEST_F(Forms, LoadsOnceActivatesAndUnloads)
     one->close();
     EXPECT_NE(one, &Form::of<Sample>()) << "fresh controls after an unloading";
     delete &Form::of<Sample>();
+}
+
+TEST_F(Forms, ACallerWritesBehindTheLoading)
+{
+    Sample other;
+    other.Load();
+    other.first->setText(u"written"_s);
+    other.Show();
+    settle();
+    EXPECT_EQ(other.log.count(u"load"_s), 1);
+    EXPECT_EQ(other.first->text(), u"written");
+}
+
+TEST_F(Forms, ADisabledFormTakesEscAlone)
+{
+    screen.focus(u"first"_s);
+    form.turnOff();
+    form.log.clear();
+    for (const Qt::Key key : {Qt::Key_F2, Qt::Key_A, Qt::Key_Return, Qt::Key_Tab})
+        screen.press(key);
+    EXPECT_TRUE(form.log.isEmpty());
+    EXPECT_EQ(form.first->text(), u"");
+    screen.press(Qt::Key_Escape);
+    EXPECT_EQ(form.log.takeLast(), u"unload");
+    form.Show();
+    EXPECT_TRUE(form.isEnabled());
+    form.setEnabled(false);
+    form.close();
+    EXPECT_EQ(form.log.takeLast(), u"unload");
+}
+
+TEST_F(Forms, TheFocusComesBackToWhereItWasOrWasGoing)
+{
+    focusAndForget(u"first"_s);
+    {
+        const WindowOff off(form);
+        EXPECT_FALSE(form.button->isEnabled());
+    }
+    EXPECT_EQ(screen.focused(), u"first");
+    EXPECT_TRUE(form.log.isEmpty()) << "nothing was lost or got";
+
+    const QStringList moved = {u"first lost"_s, u"second got"_s};
+    {
+        const WindowOff off(form);
+        form.focusOn(form.second);
+        EXPECT_TRUE(form.log.isEmpty());
+    }
+    EXPECT_EQ(screen.focused(), u"second");
+    EXPECT_EQ(form.log, moved) << "asked for meanwhile";
+
+    focusAndForget(u"first"_s);
+    form.onLoss = [this] { const WindowOff off(form); };
+    screen.press(Qt::Key_Tab);
+    EXPECT_EQ(screen.focused(), u"second");
+    EXPECT_EQ(form.log, moved) << "on its way when the window went off";
+
+    form.turnOff();
+    form.second->setEnabled(false);
+    form.turnOn();
+    EXPECT_EQ(screen.focused(), u"memo") << "its own control takes none any more";
+}
+
+TEST_F(Forms, AFrameIsHiddenBehindTheFocus)
+{
+    focusAndForget(u"first"_s);
+    form.hideFrame(form.first, form.button);
+    EXPECT_EQ(screen.focused(), u"button");
+    EXPECT_EQ(form.log, QStringList{u"first lost"_s}) << "the neighbour has not been asked";
+}
+
+TEST_F(Forms, AWaitPointerGoesWithItsWindow)
+{
+    const auto waits = [] { return QGuiApplication::overrideCursor() != nullptr; };
+    try {
+        const WindowOff off(form);
+        EXPECT_TRUE(waits());
+        throw RuntimeError(13, u"broken"_s);
+    } catch (const RuntimeError&) {
+        EXPECT_TRUE(form.isEnabled() && !waits());
+    }
+    {
+        const WindowOff off(form);
+        form.Unload();
+        EXPECT_FALSE(waits());
+    }
+    form.Show();
+    form.turnOff();
+    Sample search;
+    ModalDriver driver;
+    driver.expect(u"Form"_s, [&](ScreenDriver& opened) {
+        EXPECT_FALSE(waits()) << "this one waits for the user";
+        {
+            const Hourglass own;
+            EXPECT_TRUE(waits());
+        }
+        EXPECT_FALSE(waits());
+        opened.press(Qt::Key_Escape);
+    });
+    search.ShowModal();
+    EXPECT_TRUE(waits()) << "left standing";
+    form.Unload();
+    EXPECT_FALSE(waits());
+}
+
+TEST_F(Forms, AFailureOfTheFocusThatComesBackIsTold)
+{
+    QString told;
+    Application::setFailureHandler(
+        [&](const std::exception& error) { told = QString::fromUtf8(error.what()); });
+    screen.focus(u"first"_s);
+    form.onLoss = [] { throw RuntimeError(13, u"broken"_s); };
+    {
+        const WindowOff off(form);
+        form.focusOn(form.second);
+    }
+    settle();
+    Application::setFailureHandler(
+        [](const std::exception& error) { ADD_FAILURE() << "uncaught in a handler: " << error.what(); });
+    EXPECT_EQ(told, u"broken");
+}
+
+TEST_F(Forms, TheWheelLeavesAComboBoxWithoutTheFocusAlone)
+{
+    auto* area = new QScrollArea(&form);
+    auto* inside = new QWidget;
+    inside->setFixedSize(200, 2000);
+    auto* combo = new QComboBox(inside);
+    combo->addItems({u"0"_s, u"1"_s, u"2"_s});
+    area->setWidget(inside);
+    form.layout()->addWidget(area);
+    area->show();
+    settle();
+    screen.focus(u"first"_s);
+    const auto turn = [combo] {
+        QWheelEvent wheel({5, 5}, combo->mapToGlobal(QPointF(5, 5)), {}, {0, -120}, {}, {}, Qt::NoScrollPhase,
+                          false);
+        QSpontaneKeyEvent::setSpontaneous(&wheel);
+        qApp->notify(combo, &wheel);
+    };
+    turn();
+    EXPECT_EQ(combo->currentIndex(), 0);
+    EXPECT_EQ(screen.focused(), u"first");
+    EXPECT_GT(area->verticalScrollBar()->value(), 0) << "what lies around scrolls";
+    combo->setFocus();
+    turn();
+    EXPECT_EQ(combo->currentIndex(), 1);
 }
 
 TEST_F(Forms, SendKeysReachesTheFocusedControl)
@@ -318,6 +472,10 @@ TEST(Calendar, TurningTheMonthIsNoChoice)
     EXPECT_TRUE(chosen.isEmpty()) << "the program's own setting is no choice";
     calendar.show();
     auto* days = calendar.findChild<QTableView*>(u"qt_calendar_calendarview"_s);
+    QTest::keyClicks(days, u"2511 "_s);
+    QTest::keyClick(days, Qt::Key_Return);
+    EXPECT_TRUE(chosen.isEmpty()) << "no day is typed";
+    EXPECT_EQ(calendar.Value(), QDate(2026, 12, 31));
     QTest::keyClick(days, Qt::Key_Left);
     EXPECT_EQ(chosen, QList<QDate>{QDate(2026, 12, 30)}) << "the arrow keys choose";
     settle();

@@ -96,14 +96,9 @@ QString TextLimit::admitted(const QString& before, const QString& text, const QS
 {
     if (isNone())
         return text;
-    if (!isNumber())
-        return beginning(text, size_ - size(before) - size(after));
-    if (holds(before + text + after))
-        return text;
-    qsizetype taken = 0;
-    while (taken < text.size() && holds(before + text.left(taken + 1) + after))
-        ++taken;
-    return text.left(taken);
+    if (isNumber())
+        return holds(before + text + after) ? text : QString();
+    return beginning(text, size_ - size(before) - size(after));
 }
 
 QString TextLimit::beginning(const QString& text, qsizetype room) const

@@ -25,7 +25,8 @@ public:
 
     bool holds(const QString& text) const;
 
-    /// As much of the beginning of `text` as has room between the two pieces.
+    /// As much of the beginning of `text` as has room between the two pieces. The figures of a number come in
+    /// together or not at all: cut, they would be another number.
     QString admitted(const QString& before, const QString& text, const QString& after) const;
 
     /// Taking a comma away makes a greater number: a box for numbers refuses the deletion, too.
