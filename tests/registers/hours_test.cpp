@@ -1,4 +1,5 @@
 #include "app/shell_fixture.h"
+#include "platform/forms/codedcombo.h"
 #include "registers/frmcadferiados.h"
 #include "registers/frmcadhorarios.h"
 
@@ -58,6 +59,9 @@ TEST_F(Hours, TheProfessionalDecidesThePlaces)
         ASSERT_EQ(people.size(), 5) << "those of the tenant, by name, and home care";
         EXPECT_EQ(people[2], QString(u"CARLA"_s.leftJustified(45) + u'|' +
                                      u"CARDIOLOGIA"_s.leftJustified(45) + u"|0|3|11"_s));
+        const auto* box = static_cast<CodedCombo*>(screen.find(u"cboPro"_s));
+        EXPECT_EQ(box->shown(people[2]), u"CARLA - CARDIOLOGIA");
+        EXPECT_EQ(box->shown(people[4]), u"HOME");
         EXPECT_EQ(screen.text(u"cboPro"_s), u"") << "nobody is chosen for the user";
         EXPECT_FALSE(screen.enabled(u"Command1"_s));
 

@@ -1,11 +1,20 @@
+#include "agenda/frmcli_agenda.h"
+#include "agenda/frmcli_agendacf.h"
+#include "app/frmcadusuario.h"
 #include "app/shell_fixture.h"
+#include "platform/forms/textlimit.h"
 #include "registers/frmcadcli.h"
+#include "registers/frmcadferiados.h"
 #include "registers/frmcadfor.h"
 #include "registers/frmcadhorarios.h"
 #include "registers/frmcadproduto.h"
 #include "registers/frmcadprofissionais.h"
 #include "registers/telasdebusca.h"
 #include "registers/telasdecadastro.h"
+
+#include <QClipboard>
+#include <QLineEdit>
+#include <QPlainTextEdit>
 
 using namespace Qt::StringLiterals;
 
@@ -118,4 +127,42 @@ TEST_F(ByKeyboard, MasterDataIsKept)
                                 u"2 - SEGUNDA-FEIRA|8:00/8:30|0|1|1"_s,
                                 u"JOSÉ DA SILVA|52998224725|1980-03-15|14 3333|RUA A|10|1|1|PÓ"_s,
                                 u"CASA MÉDICA|CASA"_s, u"0012|GAZE|1|3.5000|10.0000|0"_s}));
+}
+
+TEST_F(ByKeyboard, NoBoxTakesMoreThanItsColumnHolds)
+{
+    execute(u"insert into especialidades (idesp,idlic,nmesp) values (3,'C1','CARDIOLOGIA')"_s);
+    enter<frmCadConvenios>({u""_s, QString(200, u'n'), u"99999999999999"_s, u""_s});
+    open<frmCadProfissionais>([](ScreenDriver& screen) {
+        for (const auto& [box, text] : QList<QPair<QString, QString>>{{u"txtnome"_s, u"ana"_s},
+                                                                      {u"txtdtnasc"_s, u"01021970"_s},
+                                                                      {u"txtfone"_s, QString(60, u'1')},
+                                                                      {u"txtIdEsp"_s, u"3"_s},
+                                                                      {u"txtVR"_s, u"12345678901234,5"_s}})
+            screen.type(box, text);
+        screen.focus(u"txtmemo"_s);
+        QGuiApplication::clipboard()->setText((QString(99, u'X') + u'\n').repeated(800));
+        screen.press(Qt::Key_V, Qt::ControlModifier);
+        screen.click(u"cmdsalva"_s);
+        screen.press(Qt::Key_Escape);
+    });
+    EXPECT_EQ(flat(u"select length(nmconv),pdesc from convenios"_s), QStringList{u"150|99999999999.0000"_s});
+    EXPECT_EQ(flat(u"select length(fonefixo),valor,length(obs) from profissionais"_s),
+              QStringList{u"50|12345678901.50|65535"_s});
+
+    // And none has been forgotten.
+    const std::unique_ptr<QWidget> screens[] = {
+        std::make_unique<frmCadConvenios>(),     std::make_unique<frmcadcli>(),
+        std::make_unique<frmCadProfissionais>(), std::make_unique<frmCadFor>(),
+        std::make_unique<frmCadProduto>(),       std::make_unique<frmCadHorarios>(),
+        std::make_unique<frmCadFeriados>(),      std::make_unique<frmcadusuario>(),
+        std::make_unique<frmCli_Agenda>(),       std::make_unique<frmCli_AgendaCF>()};
+    for (const auto& screen : screens) {
+        for (const QLineEdit* box : screen->findChildren<QLineEdit*>())
+            EXPECT_TRUE(box->isReadOnly() || box->objectName().startsWith(u"qt_") ||
+                        !TextLimit::of(box).isNone())
+                << screen->objectName().toStdString() << '.' << box->objectName().toStdString();
+        for (const QPlainTextEdit* memo : screen->findChildren<QPlainTextEdit*>())
+            EXPECT_FALSE(TextLimit::of(memo).isNone()) << screen->objectName().toStdString();
+    }
 }

@@ -63,6 +63,14 @@ void insertText(QWidget* control, const QString& text)
     }
 }
 
+/// The entry of a box's own menu. That of a line has no name, and all have texts in the system's language.
+bool isPaste(const QAction& action)
+{
+    return action.objectName() == QLatin1String("edit-paste") ||
+           action.text().endsWith(u'\t' +
+                                  QKeySequence(QKeySequence::Paste).toString(QKeySequence::NativeText));
+}
+
 Form* formOf(const QWidget* control)
 {
     return control ? qobject_cast<Form*>(control->window()) : nullptr;
@@ -151,7 +159,7 @@ bool FormKeyboard::contextMenu(const Form& form, QWidget* box, QContextMenuEvent
     else
         menu.reset(static_cast<QPlainTextEdit*>(box)->createStandardContextMenu());
     for (QAction* action : menu->actions())
-        if (action->objectName() == QLatin1String("edit-paste")) {
+        if (isPaste(*action)) {
             action->disconnect();
             connect(action, &QAction::triggered, box,
                     [box, &form] { insertText(box, form.inCase(QApplication::clipboard()->text())); });

@@ -18,15 +18,6 @@ namespace {
 /// The longest text that is read as a number: digits, groups, sign, currency and blanks.
 constexpr qsizetype longestNumber = 40;
 
-qsizetype decimalsOf(const QString& number)
-{
-    qsizetype mark = number.indexOf(u',');
-    // A single point that is no group's is the mark.
-    if (mark < 0 && toNumber(number) != toNumber(QString(number).remove(u'.')))
-        mark = number.indexOf(u'.');
-    return mark < 0 ? 0 : number.trimmed().size() - mark - 1;
-}
-
 class Deletions : public QValidator
 {
 public:
@@ -72,9 +63,8 @@ bool TextLimit::holds(const QString& text) const
 
 bool TextLimit::holdsNumber(const QString& number) const
 {
-    if (kind_ == Kind::Decimal)
-        return decimalsOf(number) <= decimals_ &&
-               std::abs(toNumber(number)) < std::pow(10, size_ - decimals_);
+    if (kind_ == Kind::Decimal) // less what would be rounded up to one digit more
+        return std::abs(toNumber(number)) < std::pow(10, size_ - decimals_) - 0.5 * std::pow(10, -decimals_);
     try {
         const qint64 whole = integerPart(number);
         return kind_ == Kind::BigInt ||
@@ -96,14 +86,9 @@ QString TextLimit::admitted(const QString& before, const QString& text, const QS
 {
     if (isNone())
         return text;
-    if (!isNumber())
-        return beginning(text, size_ - size(before) - size(after));
-    if (holds(before + text + after))
-        return text;
-    qsizetype taken = 0;
-    while (taken < text.size() && holds(before + text.left(taken + 1) + after))
-        ++taken;
-    return text.left(taken);
+    if (isNumber())
+        return holds(before + text + after) ? text : QString();
+    return beginning(text, size_ - size(before) - size(after));
 }
 
 QString TextLimit::beginning(const QString& text, qsizetype room) const

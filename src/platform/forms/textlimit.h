@@ -10,7 +10,7 @@ class QWidget;
 ///   varchar(150)    characters
 ///   text            65,535 bytes of UTF-8
 ///   date            dd/mm/yyyy
-///   decimal(15,2)   a number of 13 digits before the comma and 2 behind it
+///   decimal(15,2)   a number of 13 digits before the comma; decimals beyond the 2 are rounded later
 ///   int, bigint     a code, of whose number the whole part is kept
 ///
 /// A text that is no number stays for the screen to refuse. What the program itself puts into a box is never
@@ -25,7 +25,8 @@ public:
 
     bool holds(const QString& text) const;
 
-    /// As much of the beginning of `text` as has room between the two pieces.
+    /// As much of the beginning of `text` as has room between the two pieces. The figures of a number come in
+    /// together or not at all: cut, they would be another number.
     QString admitted(const QString& before, const QString& text, const QString& after) const;
 
     /// Taking a comma away makes a greater number: a box for numbers refuses the deletion, too.
