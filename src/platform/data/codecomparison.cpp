@@ -44,7 +44,7 @@ private:
     }
 
     /// The name that ends or begins at a place, going in a direction, is a code; moves the place behind it.
-    bool takesCode(qsizetype& place, int direction) const
+    bool takesCode(qsizetype& place, qsizetype direction) const
     {
         const qsizetype outer = place + 2 * direction;
         const bool isQualified = token(place + direction).is(".");
