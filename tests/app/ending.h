@@ -3,24 +3,24 @@
 #include "shell_fixture.h"
 
 #include <QProcess>
+#include <gmock/gmock.h>
 
 /// The program in a process of its own, for what ends it.
 class Ending : public Program
 {
 protected:
-    struct Outcome
-    {
-        int status;
-        QStringList boxes; ///< "title|text", and "|critical"
-    };
-
-    Outcome run(const QString& scenario, const QStringList& answers = {})
+    /// The boxes until it ends with the status: "title|text", and "|critical".
+    std::vector<std::string> boxes(const QString& scenario, int status, const QStringList& answers = {})
     {
         QProcess process;
         process.start(QString::fromUtf8(SCENARIO_PROGRAM), QStringList{folder.path(), scenario} + answers);
         process.waitForFinished(30000);
-        const QString lines = QString::fromUtf8(process.readAllStandardOutput());
-        return {process.exitStatus() == QProcess::NormalExit ? process.exitCode() : -1,
-                lines.split(u'\n', Qt::SkipEmptyParts)};
+        EXPECT_EQ(process.exitStatus(), QProcess::NormalExit) << scenario.toStdString();
+        EXPECT_EQ(process.exitCode(), status) << scenario.toStdString();
+        std::vector<std::string> lines;
+        for (const QByteArray& line : process.readAllStandardOutput().split('\n'))
+            if (!line.isEmpty())
+                lines.push_back(line.toStdString());
+        return lines;
     }
 };

@@ -10,6 +10,13 @@ using namespace Qt::StringLiterals;
 
 using namespace Variaveis;
 
+using testing::AllOf;
+using testing::ElementsAre;
+using testing::EndsWith;
+using testing::HasSubstr;
+using testing::IsEmpty;
+using testing::StartsWith;
+
 namespace {
 
 const QStringList always = {u"mnuoff"_s, u"mnuupdate"_s};
@@ -176,18 +183,13 @@ TEST_F(Program, TheConfigurationScreenKeepsTheFile)
 TEST_F(Ending, WithoutConfigurationTheFirstAccessIsOffered)
 {
     QFile::remove(ArquivosINI::Caminho());
-    const QString question = u"Atenção|SE FOR O PRIMEIRO ACESSO CLIQUE SIM!\\nOU CONTATE O SUPORTE!"_s;
-    const Outcome no = run(u"close-login"_s, {u"nao"_s});
-    EXPECT_EQ(no.status, 0);
-    ASSERT_EQ(no.boxes.size(), 2);
-    EXPECT_TRUE(no.boxes[0].startsWith(u"ATENÇÃO|"_s)) << no.boxes[0].toStdString();
-    EXPECT_EQ(no.boxes[1], question);
+    const std::string question = "Atenção|SE FOR O PRIMEIRO ACESSO CLIQUE SIM!\\nOU CONTATE O SUPORTE!";
+    EXPECT_THAT(boxes(u"close-login"_s, 0, {u"nao"_s}), ElementsAre(StartsWith("ATENÇÃO|"), question));
     EXPECT_FALSE(Files::exists(ArquivosINI::Caminho()));
 
-    const Outcome yes = run(u"configure"_s, {u"sim"_s, u"sim"_s});
-    EXPECT_EQ(yes.status, 0);
-    EXPECT_EQ(yes.boxes.mid(1), (QStringList{question, u"Atenção|Confirma os dados?"_s,
-                                             u"Atenção|Configuração salva com sucesso!"_s}));
+    EXPECT_THAT(boxes(u"configure"_s, 0, {u"sim"_s, u"sim"_s}),
+                ElementsAre(StartsWith("ATENÇÃO|"), question, "Atenção|Confirma os dados?",
+                            "Atenção|Configuração salva com sucesso!"));
     EXPECT_EQ(ArquivosINI::Le(ArquivosINI::Caminho()).conexao, u"Servidor");
     EXPECT_EQ(ArquivosINI::Le(ArquivosINI::Caminho()).idlic, u"c1");
 }
@@ -196,14 +198,9 @@ TEST_F(Ending, ATenantWithoutUsersIsOfferedItsFirst)
 {
     Database::instance().execute(
         u"delete from usuarios; insert into usuarios (idlic,nmusuario) values ('C2','X')"_s);
-    const QString question = u"Atenção|PRIMEIRO ACESSO --- DESEJA CRIAR O USUÁRIO ADMINISTRADOR AGORA?"_s;
-    const Outcome no = run(u"close-login"_s, {u"nao"_s});
-    EXPECT_EQ(no.status, 0);
-    EXPECT_EQ(no.boxes, QStringList{question});
-
-    const Outcome yes = run(u"first-user"_s, {u"sim"_s});
-    EXPECT_EQ(yes.status, 0);
-    EXPECT_EQ(yes.boxes, (QStringList{question, u"Atenção|Salvo com sucesso!"_s}));
+    const std::string question = "Atenção|PRIMEIRO ACESSO --- DESEJA CRIAR O USUÁRIO ADMINISTRADOR AGORA?";
+    EXPECT_THAT(boxes(u"close-login"_s, 0, {u"nao"_s}), ElementsAre(question));
+    EXPECT_THAT(boxes(u"first-user"_s, 0, {u"sim"_s}), ElementsAre(question, "Atenção|Salvo com sucesso!"));
     EXPECT_EQ(rows(u"select nmusuario,ususenha from usuarios where idlic = 'C1'"_s),
               (QList<QStringList>{{u"ANA"_s, u"X"_s}}));
     EXPECT_EQ(Database::instance().value(
@@ -215,35 +212,23 @@ TEST_F(Ending, ClosingTheLoginOrTheWindowEndsTheProgram)
 {
     Files::write(Files::inProgramFolder(u"\\adm_atu.exe"_s), "x");
     for (const QString& scenario : {u"close-login"_s, u"log-off"_s, u"close-window"_s}) {
-        const Outcome end = run(scenario);
-        EXPECT_EQ(end.status, 0) << scenario.toStdString();
-        EXPECT_TRUE(end.boxes.isEmpty()) << end.boxes.join(u'\n').toStdString();
+        EXPECT_THAT(boxes(scenario, 0), IsEmpty());
         EXPECT_FALSE(Files::exists(Files::inProgramFolder(u"\\adm_atu.exe"_s)));
     }
 }
 
 TEST_F(Ending, AFailedStatementIsToldInOneBoxAndEndsTheProgram)
 {
-    const Outcome login = run(u"quote-at-login"_s);
-    EXPECT_EQ(login.status, 1);
-    ASSERT_EQ(login.boxes.size(), 1);
-    EXPECT_TRUE(login.boxes[0].startsWith(u"Tremosilva 1.0|Erro 1064\\n"_s)) << login.boxes[0].toStdString();
-    EXPECT_TRUE(login.boxes[0].endsWith(
-        u"\\n\\nselect * from usuarios where idlic = 'C1' and nmusuario = 'D'AVILA' and ususenha = ''|critical"_s))
-        << login.boxes[0].toStdString();
-
-    const Outcome screen = run(u"quote-in-a-screen"_s);
-    EXPECT_EQ(screen.status, 1);
-    ASSERT_EQ(screen.boxes.size(), 1);
-    EXPECT_TRUE(screen.boxes[0].contains(u"Erro 1064"_s) && screen.boxes[0].contains(u"'O'HARA'"_s))
-        << screen.boxes[0].toStdString();
+    EXPECT_THAT(boxes(u"quote-at-login"_s, 1),
+                ElementsAre(AllOf(StartsWith("Tremosilva 1.0|Erro 1064\\n"),
+                                  EndsWith("\\n\\nselect * from usuarios where idlic = 'C1' and nmusuario = "
+                                           "'D'AVILA' and ususenha = ''|critical"))));
+    EXPECT_THAT(boxes(u"quote-in-a-screen"_s, 1),
+                ElementsAre(AllOf(HasSubstr("Erro 1064"), HasSubstr("'O'HARA'"))));
 }
 
 TEST_F(Ending, ALogoThatIsNoPictureStopsTheStart)
 {
     Files::write(Files::inProgramFolder(u"\\logo.jpg"_s), "no picture");
-    const Outcome end = run(u"close-login"_s);
-    EXPECT_EQ(end.status, 1);
-    ASSERT_EQ(end.boxes.size(), 1);
-    EXPECT_TRUE(end.boxes[0].startsWith(u"Tremosilva 1.0|Erro 481\\n"_s)) << end.boxes[0].toStdString();
+    EXPECT_THAT(boxes(u"close-login"_s, 1), ElementsAre(StartsWith("Tremosilva 1.0|Erro 481\\n")));
 }

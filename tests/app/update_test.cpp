@@ -12,6 +12,10 @@
 
 using namespace Qt::StringLiterals;
 
+using testing::ElementsAre;
+using testing::IsEmpty;
+using testing::StartsWith;
+
 namespace {
 
 /// The vendor's server, as long as the object lives.
@@ -52,15 +56,13 @@ TEST_F(Ending, TheUpdaterTakesOverAndTheNextStartRemovesIt)
     for (const QString& scenario : {u"update"_s, u"update-over-old"_s}) {
         OneAnswer server(OneAnswer::http("200 OK", script));
         const Vendor vendor(server.host());
-        const Outcome end = run(scenario);
-        EXPECT_EQ(end.status, 0) << scenario.toStdString();
-        EXPECT_TRUE(end.boxes.isEmpty()) << end.boxes.join(u'\n').toStdString();
+        EXPECT_THAT(boxes(scenario, 0), IsEmpty());
         EXPECT_TRUE(server.request().startsWith("GET /down/tremosilva/adm_atu.exe HTTP/1.1\r\n"));
         EXPECT_TRUE(server.request().contains("\r\nUser-Agent: Mozilla/5.0\r\n"));
         EXPECT_TRUE(hasRun(++started)) << scenario.toStdString();
         EXPECT_EQ(Files::read(updater()), script) << "it stays until the next start";
     }
-    run(u"close-login"_s);
+    boxes(u"close-login"_s, 0);
     EXPECT_FALSE(Files::exists(updater()));
 }
 
@@ -68,11 +70,8 @@ TEST_F(Ending, AFailedUpdateEndsTheProgramWithAnError)
 {
     const auto expectError = [&](const QString& host, int number) {
         const Vendor vendor(host);
-        const Outcome end = run(u"update"_s);
-        EXPECT_EQ(end.status, 1) << number;
-        ASSERT_EQ(end.boxes.size(), 1) << end.boxes.join(u'\n').toStdString();
-        EXPECT_TRUE(end.boxes[0].startsWith(u"Tremosilva 1.0|Erro %1\\n"_s.arg(number)))
-            << end.boxes[0].toStdString();
+        EXPECT_THAT(boxes(u"update"_s, 1),
+                    ElementsAre(StartsWith("Tremosilva 1.0|Erro " + std::to_string(number) + "\\n")));
     };
     OneAnswer cut(OneAnswer::http("200 OK", script).chopped(5));
     expectError(cut.host(), 12030);
