@@ -110,15 +110,15 @@ protected:
 
     /// Opens a screen modally and works on it; the steps must leave it.
     template <class Screen>
-    void open(std::function<void(ScreenDriver&)> steps)
+    void open(const std::function<void(ScreenDriver&)>& steps)
     {
-        modal.expect(QString::fromLatin1(Screen::staticMetaObject.className()), std::move(steps));
+        modal.expect(QString::fromLatin1(Screen::staticMetaObject.className()), steps);
         Form::of<Screen>().ShowModal();
     }
 
     /// Opens a screen, works on it, and leaves it by Esc, which closes the connection.
     template <class Screen>
-    void on(std::function<void(ScreenDriver&)> steps)
+    void on(const std::function<void(ScreenDriver&)>& steps)
     {
         open<Screen>([steps](ScreenDriver& screen) {
             steps(screen);
