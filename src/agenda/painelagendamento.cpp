@@ -333,7 +333,6 @@ void PainelAgendamento::Command9_Click()
         return;
     Agendamento::cancela(ui->txtIdAgenda->text());
     Q_EMIT alterado();
-    hide();
     Command8_Click();
 }
 

@@ -14,6 +14,7 @@ namespace {
 std::vector<WireValue> valuesOf(const Row& row, const std::vector<qsizetype>& columns)
 {
     std::vector<WireValue> values;
+    values.reserve(columns.size());
     for (const qsizetype column : columns)
         values.push_back(row.value(column));
     return values;
@@ -23,6 +24,7 @@ std::vector<WireValue> valuesOf(const Row& row, const std::vector<qsizetype>& co
 std::vector<QByteArray> fieldNames(const std::vector<Column>& columns)
 {
     std::vector<QByteArray> names;
+    names.reserve(columns.size());
     for (const Column& column : columns) {
         const bool isSecond = columnPlace(columns, QString::fromUtf8(column.name)) != qsizetype(names.size());
         names.push_back(isSecond ? QByteArray() : column.name);
