@@ -157,7 +157,7 @@ void booking(benchmark::State& state)
     Agenda agenda;
     int number = 400;
     FixedClock clock(QDateTime(today, QTime(8, 30)));
-    double total = 0, longest = 0;
+    double longest = 0;
     for (auto _ : state) {
         agenda.go(workingDay(number++));
         clock.advance(1);
@@ -169,7 +169,6 @@ void booking(benchmark::State& state)
         agenda.driver().click(u"Command7"_s);
         const double seconds = double(timer.nsecsElapsed()) / 1e9;
         state.SetIterationTime(seconds);
-        total += seconds;
         longest = std::max(longest, seconds);
         if (agenda.driver().visible(u"frmAgendamento"_s))
             state.SkipWithError("not booked");
@@ -200,7 +199,7 @@ void closing(benchmark::State& state)
         Database::instance().rows(u"select idagenda, idpac, nmpac, idpro, idproc, idconv from "
                                   "agenda_clinica where status <> '2' limit 1"_s)[0];
     FixedClock clock(QDateTime(today, QTime(8, 30)));
-    double total = 0, longest = 0;
+    double longest = 0;
     for (auto _ : state) {
         frmCli_AgendaCF screen;
         screen.recebe({.idPac = first[1],
@@ -234,7 +233,6 @@ void closing(benchmark::State& state)
         driver.click(u"Command1"_s);
         const double seconds = double(timer.nsecsElapsed()) / 1e9;
         state.SetIterationTime(seconds);
-        total += seconds;
         longest = std::max(longest, seconds);
         if (screen.isLoaded())
             state.SkipWithError("not closed");

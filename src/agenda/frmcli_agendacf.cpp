@@ -28,10 +28,10 @@ void mostraNome(QLineEdit* caixa, const std::optional<QString>& nome)
 
 void toma(const std::optional<Escolha>& escolha, QLineEdit* codigo, QLineEdit* nome)
 {
-    if (!escolha || !isNumeric(escolha->codigo))
+    if (!escolha)
         return;
-    codigo->setText(escolha->codigo.trimmed());
-    nome->setText(escolha->nome.trimmed());
+    codigo->setText(escolha->codigo);
+    nome->setText(escolha->nome);
 }
 
 /// Takes the current line out of the list, and out of `linhas` behind it, if the user says so.
@@ -122,13 +122,13 @@ void frmCli_AgendaCF::procuraProcedimento()
 {
     const QString daClinica = u"0"_s;
     if (ui->txtIdProc->isEnabled())
-        toma(escolhe<frmBuscaProcedimentos>({daClinica, {}}), ui->txtIdProc, ui->txtNmProc);
+        toma(escolheNumero<frmBuscaProcedimentos>({daClinica, {}}), ui->txtIdProc, ui->txtNmProc);
 }
 
 void frmCli_AgendaCF::procuraConvenio()
 {
     if (ui->txtIdConv->isEnabled())
-        toma(escolhe<frmBuscaConvenios>(), ui->txtIdConv, ui->txtNmConv);
+        toma(escolheNumero<frmBuscaConvenios>(), ui->txtIdConv, ui->txtNmConv);
 }
 
 void frmCli_AgendaCF::txtIdProc_Change()

@@ -26,7 +26,7 @@ namespace {
 /// A code that was chosen in a search goes to its box, the name beside it; false where none was.
 bool toma(const std::optional<Escolha>& escolha, QLineEdit* caixa, QLineEdit* nome)
 {
-    if (!escolha || !isNumeric(escolha->codigo))
+    if (!escolha)
         return false;
     caixa->setText(escolha->codigo);
     nome->setText(escolha->nome);
@@ -181,7 +181,7 @@ void PainelAgendamento::escolheProcedimento(const QString& codigo)
 
 void PainelAgendamento::buscaPaciente()
 {
-    toma(escolhe<frmBuscaPacientes>(), ui->txtIdPac, ui->txtNmPac);
+    toma(escolheNumero<frmBuscaPacientes>(), ui->txtIdPac, ui->txtNmPac);
 }
 
 void PainelAgendamento::buscaConvenio()
@@ -190,7 +190,7 @@ void PainelAgendamento::buscaConvenio()
     const bool noPaciente = ui->txtIdPac->hasFocus();
     if (noPaciente)
         ui->txtIdConv->setFocus();
-    if (!toma(escolhe<frmBuscaConvenios>(), ui->txtIdConv, ui->txtNmConv) && noPaciente)
+    if (!toma(escolheNumero<frmBuscaConvenios>(), ui->txtIdConv, ui->txtNmConv) && noPaciente)
         ui->txtIdPac->setFocus();
 }
 

@@ -1,5 +1,6 @@
 #include "app/frmcadusuario.h"
 
+#include "app/core/caixas.h"
 #include "app/core/menu.h"
 #include "app/core/sql.h"
 #include "app/core/variaveis.h"
@@ -122,8 +123,7 @@ void frmcadusuario::marcaLista()
 
 void frmcadusuario::txtoksenha_Change()
 {
-    const bool completas =
-        !ui->txtsenha->text().trimmed().isEmpty() && !ui->txtoksenha->text().trimmed().isEmpty();
+    const bool completas = !isVazia(ui->txtsenha) && !isVazia(ui->txtoksenha);
     const bool iguais = completas && ui->txtsenha->text() == ui->txtoksenha->text();
     ui->Command1->setEnabled(iguais);
     ui->Command3->setEnabled(iguais);

@@ -150,9 +150,9 @@ void CadastroPessoa::pesquisaLigado()
     if (pessoa.txtcodcli->hasFocus())
         pessoa.codigoLigado->setFocus();
     const auto escolha = descricao_.ligacao.pesquisa();
-    if (!escolha || !isNumeric(escolha->codigo))
+    if (!escolha)
         return;
-    pessoa.codigoLigado->setText(escolha->codigo.trimmed());
+    pessoa.codigoLigado->setText(escolha->codigo);
     pessoa.codigoLigado->setFocus();
 }
 
@@ -235,7 +235,7 @@ void CadastroPessoa::preencheEmpresa()
     preenche(pessoa.txtemail, valor("email"));
     const QString endereco = Funcoes::BuscaCepJson(pessoa.txtcepr->text());
     // The first two figures are the state's.
-    pessoa.txtCdMun->setText(Funcoes::ValorJson(endereco, u"ibge"_s).mid(2, 10));
+    preenche(pessoa.txtCdMun, Funcoes::ValorJson(endereco, u"ibge"_s).mid(2, 10));
 }
 
 void CadastroPessoa::txtcepr_LostFocus()
@@ -264,7 +264,7 @@ bool CadastroPessoa::desisteSemNascimento()
 
 bool CadastroPessoa::semTelefone()
 {
-    if (!pessoa.txtfone->text().trimmed().isEmpty() || !pessoa.txtnrcel->text().trimmed().isEmpty())
+    if (!isVazia(pessoa.txtfone) || !isVazia(pessoa.txtnrcel))
         return false;
     MsgBox(u"Informe o fone fixo e/ou celular!"_s, u"Atenção"_s);
     return true;

@@ -57,11 +57,6 @@ bool CadastroSimples::codigoInformado() const
     return isNumeric(ui->txtcodcli->text());
 }
 
-QString CadastroSimples::codigoDigitado() const
-{
-    return codigoDaCaixa(ui->txtcodcli);
-}
-
 void CadastroSimples::Limpa()
 {
     ui->cmdsalva->setEnabled(true);
@@ -95,7 +90,7 @@ void CadastroSimples::txtcodcli_LostFocus()
     std::optional<Hourglass> ampulheta(std::in_place);
     ADODB::Recordset& linhas = Adodc1.Recordset();
     Adodc1.Refresh();
-    linhas.Find(descricao_.codigo + " = " + codigoDigitado());
+    linhas.Find(descricao_.codigo + " = " + codigoDaCaixa(ui->txtcodcli));
     if (linhas.Eof()) {
         ampulheta.reset();
         MsgBox(u"--- ERRO --- CÓDIGO NÃO ENCONTRADO!"_s, u"ATENÇÃO"_s);
@@ -109,7 +104,7 @@ void CadastroSimples::txtcodcli_LostFocus()
 
 bool CadastroSimples::recusa()
 {
-    if (!ui->txtnome->text().trimmed().isEmpty())
+    if (!isVazia(ui->txtnome))
         return false;
     MsgBox(u"--- ERRO --- NOME NÃO INFORMADO!"_s, u"ATENÇÃO"_s);
     return true;

@@ -51,8 +51,6 @@ protected:
     virtual void grava();
 
     bool codigoInformado() const;
-    /// The code as a statement or a search wants it.
-    QString codigoDigitado() const;
 
     std::unique_ptr<Ui::CadastroSimples> ui;
     Adodc Adodc1;

@@ -1,6 +1,7 @@
 #include "registers/escolha.h"
 
 #include "app/core/variaveis.h"
+#include "platform/values/number.h"
 
 #include <utility>
 
@@ -15,4 +16,11 @@ std::optional<Escolha> escolhe(Form& dialogo, const Escolha& antes)
     if (escolha.codigo.trimmed().isEmpty())
         return {};
     return escolha;
+}
+
+std::optional<Escolha> comNumero(const std::optional<Escolha>& escolha)
+{
+    if (!escolha || !isNumeric(escolha->codigo))
+        return {};
+    return Escolha{escolha->codigo.trimmed(), escolha->nome.trimmed()};
 }

@@ -20,3 +20,12 @@ std::optional<Escolha> escolhe(const Escolha& antes = {})
 {
     return escolhe(Form::of<Dialogo>(), antes);
 }
+
+/// Where only a number will do: nothing for another code. Code and name come without blanks around them.
+std::optional<Escolha> comNumero(const std::optional<Escolha>& escolha);
+
+template <class Dialogo>
+std::optional<Escolha> escolheNumero(const Escolha& antes = {})
+{
+    return comNumero(escolhe<Dialogo>(antes));
+}

@@ -1,5 +1,6 @@
 #include "registers/frmcadcli.h"
 
+#include "app/core/caixas.h"
 #include "platform/forms/dialogs.h"
 #include "registers/telasdebusca.h"
 #include "ui_frmcadcli.h"
@@ -22,7 +23,7 @@ frmcadcli::frmcadcli()
                       .ligacao = {.tabela = u"convenios"_s,
                                   .codigo = u"idconv"_s,
                                   .nome = u"nmconv"_s,
-                                  .pesquisa = [] { return escolhe<frmBuscaConvenios>(); }}}),
+                                  .pesquisa = [] { return escolheNumero<frmBuscaConvenios>(); }}}),
       ui(std::make_unique<Ui::frmcadcli>())
 {
     ui->setupUi(this);
@@ -37,13 +38,12 @@ frmcadcli::~frmcadcli() = default;
 
 bool frmcadcli::recusa()
 {
-    if (ui->txtnome->text().trimmed().isEmpty() || ui->txtNmConv->text().trimmed().isEmpty()) {
+    if (isVazia(ui->txtnome) || isVazia(ui->txtNmConv)) {
         MsgBox(u"--- ERRO --- NOME NÃO INFORMADO!"_s, u"ATENÇÃO"_s);
         return true;
     }
     for (const Pergunta& pergunta : perguntas_)
-        if (pergunta.resposta->currentText().startsWith(QLatin1Char('1')) &&
-            pergunta.descricao->text().trimmed().isEmpty()) {
+        if (pergunta.resposta->currentText().startsWith(QLatin1Char('1')) && isVazia(pergunta.descricao)) {
             MsgBox(pergunta.falta, u"Atenção"_s);
             return true;
         }

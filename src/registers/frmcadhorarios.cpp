@@ -1,5 +1,7 @@
 #include "registers/frmcadhorarios.h"
 
+#include "app/core/caixas.h"
+#include "app/core/itens.h"
 #include "app/core/sql.h"
 #include "app/core/variaveis.h"
 #include "platform/forms/dialogs.h"
@@ -21,15 +23,7 @@ using namespace Variaveis;
 
 namespace {
 
-constexpr int larguraNome = 45;
-
-QString item(const QString& nome, const QString& especialidade, const QString& ondeatd, const QString& idesp,
-             const QString& idpro)
-{
-    return QStringList{fixedWidth(nome, larguraNome), fixedWidth(especialidade, larguraNome), ondeatd, idesp,
-                       idpro}
-        .join(QLatin1Char('|'));
-}
+constexpr int larguraEspecialidade = 45;
 
 QStringList locais(const QString& ondeatd)
 {
@@ -92,13 +86,14 @@ void frmCadHorarios::Form_Load()
                 aspas(idlic) + " order by nmpro",
             Conexao, 0, 1);
     for (; !rs.Eof(); rs.MoveNext())
-        ui->cboPro->addItem(item(rs.Fields("nmpro").text(), rs.Fields("nmesp").text(),
-                                 rs.Fields("ondeatd").text(), rs.Fields("idesp").text(),
-                                 rs.Fields("idpro").text()));
+        ui->cboPro->addItem(itemComCodigos(rs.Fields("nmpro").text(),
+                                           {fixedWidth(rs.Fields("nmesp").text(), larguraEspecialidade),
+                                            rs.Fields("ondeatd").text(), rs.Fields("idesp").text(),
+                                            rs.Fields("idpro").text()}));
     rs.Close();
     const QString home = u"HOME"_s;
     const QString todos = u"0"_s;
-    ui->cboPro->addItem(item(home, home, u"1"_s, todos, todos));
+    ui->cboPro->addItem(itemComCodigos(home, {fixedWidth(home, larguraEspecialidade), u"1"_s, todos, todos}));
     ui->cboPro->setCurrentIndex(-1);
 }
 
@@ -132,7 +127,7 @@ bool frmCadHorarios::recusa()
         MsgBox(u"--- ERRO --- DADOS INCORRETO!"_s, u"ATENÇÃO"_s);
         return true;
     }
-    if (ui->txtHR->text().trimmed().isEmpty()) {
+    if (isVazia(ui->txtHR)) {
         MsgBox(u"--- ERRO --- INFORME O(s) HORÁRIO(s)"_s, u"ATENÇÃO"_s);
         return true;
     }

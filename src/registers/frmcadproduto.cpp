@@ -89,8 +89,7 @@ void frmCadProduto::cmdretorna_Click()
 void frmCadProduto::Command2_Click()
 {
     ui->txtCdGrupo->setFocus(); // before the choice: leaving the code box may empty the screen
-    const auto grupo = escolhe<frmBuscaGrupo>();
-    if (grupo && isNumeric(grupo->codigo))
+    if (const auto grupo = escolheNumero<frmBuscaGrupo>())
         ui->txtCdGrupo->setText(grupo->codigo);
 }
 

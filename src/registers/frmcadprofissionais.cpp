@@ -1,5 +1,6 @@
 #include "registers/frmcadprofissionais.h"
 
+#include "app/core/caixas.h"
 #include "app/core/sql.h"
 #include "platform/forms/dialogs.h"
 #include "platform/values/format.h"
@@ -30,7 +31,7 @@ frmCadProfissionais::frmCadProfissionais()
                       .ligacao = {.tabela = u"especialidades"_s,
                                   .codigo = u"idesp"_s,
                                   .nome = u"nmesp"_s,
-                                  .pesquisa = [] { return escolhe<frmBuscaEspecialidades>(); }}}),
+                                  .pesquisa = [] { return escolheNumero<frmBuscaEspecialidades>(); }}}),
       ui(std::make_unique<Ui::frmCadProfissionais>())
 {
     ui->setupUi(this);
@@ -55,8 +56,8 @@ void frmCadProfissionais::txtVR_LostFocus()
 
 bool frmCadProfissionais::recusa()
 {
-    if (!isNumeric(local()) || ui->txtnome->text().trimmed().isEmpty() ||
-        ui->txtNmEsp->text().trimmed().isEmpty() || !isNumeric(ui->txtVR->text())) {
+    if (!isNumeric(local()) || isVazia(ui->txtnome) || isVazia(ui->txtNmEsp) ||
+        !isNumeric(ui->txtVR->text())) {
         MsgBox(u"--- ERRO --- NOME NÃO INFORMADO!"_s, atencao);
         return true;
     }

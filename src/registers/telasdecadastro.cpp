@@ -1,5 +1,6 @@
 #include "registers/telasdecadastro.h"
 
+#include "app/core/caixas.h"
 #include "app/core/sql.h"
 #include "app/core/variaveis.h"
 #include "platform/forms/dialogs.h"
@@ -44,7 +45,7 @@ frmCadConvenios::frmCadConvenios()
 
 bool frmCadConvenios::recusa()
 {
-    if (ui->txtnome->text().trimmed().isEmpty() || !isNumeric(ui->txtPDesc->text())) {
+    if (isVazia(ui->txtnome) || !isNumeric(ui->txtPDesc->text())) {
         MsgBox(erroDeNome, titulo);
         return true;
     }
@@ -73,7 +74,7 @@ void frmCadConvenios::gravaCampos(ADODB::Recordset& linha)
 bool frmCadConvenios::achaParaEditar()
 {
     Adodc1.Refresh();
-    Adodc1.Recordset().Find("idconv like " + aspas(codigoDigitado()));
+    Adodc1.Recordset().Find("idconv like " + aspas(codigoDaCaixa(ui->txtcodcli)));
     return !Adodc1.Recordset().Eof();
 }
 
@@ -118,7 +119,7 @@ QString frmCadProcedimentos::local() const
 
 bool frmCadProcedimentos::recusa()
 {
-    if (!ui->txtnome->text().trimmed().isEmpty() && isNumeric(local()))
+    if (!isVazia(ui->txtnome) && isNumeric(local()))
         return false;
     MsgBox(erroDeNome, titulo);
     return true;
@@ -142,7 +143,7 @@ CadastroPorComando::CadastroPorComando(const DescricaoCadastro& descricao, Inser
 void CadastroPorComando::grava()
 {
     const QString nome = ui->txtnome->text();
-    ExecutaComando(codigoInformado() ? altera_(nome, codigoDigitado()) : insere_(nome));
+    ExecutaComando(codigoInformado() ? altera_(nome, codigoDaCaixa(ui->txtcodcli)) : insere_(nome));
 }
 
 frmCadGrupoEstoque::frmCadGrupoEstoque()

@@ -55,7 +55,8 @@ TEST(CodeComparison, WhatIsNoCodeOrNoPlainComparisonIsLeftAsWritten)
     // Left sides, and what cannot be read with certainty.
     expectCompared(u"select * from a where "_s,
                    u"nome like 12|idpac not like 12|not idpac like 12|x.a.idpac like 12|1 + idpac like 12|"
-                   "-idpac like 12|@idpac like 12|nome = idpac like 12|nome between 1 and idpac like 12|"
+                   "-idpac like 12|@idpac like 12|nome = idpac like 12|nome between 1 and idpac like 12|nome "
+                   "between 1 + 2 and idpac like 12|"
                    "/* x */ idpac like 12|nome = 'a\\'b' and idpac like 12|nome = 'D'Á' and idpac like 12|"
                    "idpac like 12 -- and|nome = 'x and idpac like 12|idpac like 12)|(idpac like 12"_s);
     // Places that are no condition, and statements in which a name may be something else than the column of a

@@ -149,4 +149,6 @@ TEST_F(Limits, ADeletionMakesNoGreaterNumber)
     EXPECT_EQ(line->text(), u"1234,6");
     line->setText(u"99999,99"_s);
     EXPECT_EQ(line->text(), u"99999,99") << "what the program puts in stays as it is";
+    QTest::keyClick(line, Qt::Key_Backspace);
+    EXPECT_EQ(line->text(), u"99999,9") << "and can be shortened";
 }

@@ -30,6 +30,7 @@ CREATE TABLE agenda_clinica (
 
 -- Procedures of closed attendances. idlan repeats when one closing holds a procedure twice, so it is no key;
 -- idatendimento binds the rows of a closing to their payments. hr is the slot without its colon.
+-- valor takes every price that an appointment holds.
 CREATE TABLE atendimentos (
     idreg         INT NOT NULL AUTO_INCREMENT PRIMARY KEY,
     idlan         VARCHAR(120),
@@ -40,7 +41,7 @@ CREATE TABLE atendimentos (
     dt            DATE,
     hr            VARCHAR(20),
     qtde          DECIMAL(15, 4),
-    valor         DECIMAL(15, 4),
+    valor         DECIMAL(17, 4),
     cf            CHAR(1),
     idatendimento VARCHAR(60),
     idconv        INT,
@@ -56,7 +57,7 @@ CREATE TABLE atendimento_finan (
     idatend  VARCHAR(60),
     mp       VARCHAR(30),
     obs      VARCHAR(1000),
-    valor    DECIMAL(15, 4),
+    valor    DECIMAL(17, 4),
     cf       CHAR(1),
     evcad    VARCHAR(100),
     KEY (idlic, idatend)

@@ -24,7 +24,7 @@ public:
             for (qsizetype i = 0; i < qsizetype(condition.size()); ++i) {
                 if (token(i).is("between")) {
                     // Its `and` begins no condition.
-                    if (!token(i + 1).isValue() || !token(i + 3).isValue())
+                    if (!token(i + 1).isValue() || !token(i + 2).is("and") || !token(i + 3).isValue())
                         return {};
                     i += 3;
                 } else if (token(i).is("like") && isOfCodes(i)) {

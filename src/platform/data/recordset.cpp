@@ -170,7 +170,14 @@ void Recordset::Requery()
         key = BaseTable::keyColumns(columns_, first->tableAlias, primaryKey(*first));
     const auto current = onRow() ? std::optional(rowAt(position_)) : std::nullopt;
     const qsizetype position = position_;
-    const auto place = run(current ? &*current : nullptr);
+    std::optional<qsizetype> place;
+    try {
+        place = run(current ? &*current : nullptr);
+    } catch (...) {
+        if (rows_->isWhole())
+            endView();
+        throw;
+    }
     if (current)
         position_ = place ? positionOf(*place) : positionLike(*current, key, position);
     if (position_ == rowsHeld())

@@ -88,7 +88,7 @@ public:
 
     /// Runs the statement again. The filter stays. The current row is the one with the same primary key (of
     /// the first column's table), else the one at the same position (paged: the one that followed it), else
-    /// the first. A failure leaves a result in memory as it was and closes a forward-only one.
+    /// the first. A failure leaves the rows in memory as they were and closes a forward-only result.
     void Requery();
 
     bool Eof() const;

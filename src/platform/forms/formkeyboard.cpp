@@ -101,10 +101,10 @@ bool FormKeyboard::eventFilter(QObject* receiver, QEvent* event)
         // The wheel alone gives no focus.
         if (qobject_cast<QComboBox*>(control) && control->focusPolicy() == Qt::WheelFocus)
             control->setFocusPolicy(Qt::StrongFocus);
+        TextLimit::watchDeletions(control);
         return false;
     case QEvent::FocusIn:
         form->focusReason_ = static_cast<QFocusEvent*>(event)->reason();
-        TextLimit::watchDeletions(control);
         return false;
     case QEvent::Wheel:
         if (!isOnlyUnderTheWheel(control))

@@ -35,7 +35,11 @@ Hourglass::Hourglass() : level_(waiting().size() - 1)
 
 Hourglass::~Hourglass()
 {
-    --waiting()[qMin(level_, waiting().size() - 1)];
+    // One that outlived its level is counted on a lower one.
+    qsizetype level = qMin(level_, waiting().size() - 1);
+    while (level > 0 && waiting()[level] == 0)
+        --level;
+    --waiting()[level];
     show();
 }
 

@@ -109,6 +109,10 @@ void TextLimit::watchDeletions(QWidget* box)
     auto* line = qobject_cast<QLineEdit*>(box);
     if (!line || line->validator())
         return;
-    if (const TextLimit limit = of(line); limit.isNumber())
-        line->setValidator(new Deletions(limit, line));
+    const TextLimit limit = of(line);
+    if (!limit.isNumber())
+        return;
+    line->setValidator(new Deletions(limit, line));
+    if (!limit.holds(line->text()))
+        line->setText(line->text()); // so that the line knows, and lets it be shortened
 }
