@@ -23,8 +23,7 @@ QString rewritten(const QString& text, bool decimals = false)
     return bag.JSON();
 }
 
-/// "number text" of the RuntimeError that the call throws, "" if it throws
-/// none. It comes from JsonBag.
+/// "number text" of the RuntimeError that the call throws, "" if it throws none. It comes from JsonBag.
 template <class Call>
 QString failureOf(Call call)
 {
@@ -35,11 +34,6 @@ QString failureOf(Call call)
         return QString::number(error.number()) + u' ' + error.description();
     }
     return {};
-}
-
-QString nested(int levels)
-{
-    return QString(levels, u'[') + QString(levels, u']');
 }
 
 } // namespace
@@ -83,9 +77,8 @@ TEST(JsonReading, Accepts)
         {u"[9007199254740993,0.00001,0.000001,9754103.8898074246]"_s,
          u"[9007199254740992,0.00001,1e-06,9754103.889807425]"_s},
         {u"[1.7976931348623157e+308,5e-324,2.2250738585072014e-308,-0]"_s},
-        {u"[1.,007,-012.50,1.e1,1true]"_s, u"[1,7,-12.5,10,1,true]"_s},
-        {u"[1e-999,-1e-999,0e999999999999]"_s, u"[0,-0,0]"_s},
-        {nested(JsonBag::deepest)},
+        {u"[1.,007,-012.50,1.e1,1true,-1e-999]"_s, u"[1,7,-12.5,10,1,true,-0]"_s},
+        {QString(JsonBag::deepest, u'[') + QString(JsonBag::deepest, u']')},
         {u"[\"%1\",\"%2\\n\"]"_s.arg(QString(200'000, u'x'), QString(100, u'y'))},
     };
     for (const auto& row : rows)
@@ -125,14 +118,12 @@ TEST(JsonReading, RejectsWithThePosition)
 
 TEST(JsonReading, DecimalsKeepTheirDigits)
 {
-    for (const QStringList& row :
-         textTable(u"1234567890123456789012345678|-12345678901234.56789012345678|"
-                   u"79228162514264337593543950335|"
-                   "0.00001234567890123456789012345678|12345678901234567890123456784.5="
-                   "12345678901234567890123456785|"
-                   "0.99999999999999999999999999995=1|1.50=1.5|1e3=1000|25e-1=2.5|-0=0|"
-                   "007=7|"
-                   "1E-25=0.0000000000000000000000001|1e-99999999999=0"))
+    for (const QStringList& row : textTable(
+             u"1234567890123456789012345678|-12345678901234.56789012345678|79228162514264337593543950335|"
+             "0.00001234567890123456789012345678|12345678901234567890123456784.5="
+             "12345678901234567890123456785|"
+             "0.99999999999999999999999999995=1|1.50=1.5|1e3=1000|25e-1=2.5|-0=0|007=7|"
+             "1E-25=0.0000000000000000000000001|1e-99999999999=0"))
         EXPECT_EQ(rewritten(u"[%1]"_s.arg(row[0]), true), u"[%1]"_s.arg(row.last()));
     for (const QStringList& row : textTable(u"79228162514264337593543950336|1e99999999999|1e"))
         EXPECT_EQ(failureOf([&] { rewritten(u"[%1]"_s.arg(row[0]), true); }),
@@ -168,8 +159,8 @@ TEST(JsonReading, AlikeObjectsOfADocumentStandAlone)
     child->setItem(u"nome", u"EVA");
     bag.Item(1).bag().Remove(u"uf");
     bag.Item(3).bag().setItem(u"uf", u"AC");
-    EXPECT_EQ(bag.JSON(), u"[{\"nome\":\"ANA\"},{\"uf\":\"RJ\",\"nome\":\"EVA\"},"
-                          u"{\"nome\":\"LIA\",\"uf\":\"AC\"}]");
+    EXPECT_EQ(bag.JSON(),
+              u"[{\"nome\":\"ANA\"},{\"uf\":\"RJ\",\"nome\":\"EVA\"},{\"nome\":\"LIA\",\"uf\":\"AC\"}]");
     bag.Clear();
     EXPECT_EQ(child->JSON(), u"{\"uf\":\"RJ\",\"nome\":\"EVA\"}");
     // The document's texts go with its last bag.
@@ -184,19 +175,16 @@ TEST(JsonWriting, LinesAndIndents)
     JsonBag bag;
     bag.setJSON(u"{\"a\":[1,{\"b\":\"x y\"},[]],\"c\":{},\"d\":null}"_s);
     bag.Whitespace = true;
-    EXPECT_EQ(bag.JSON(), u"{\r\n    \"a\":[\r\n        1,\r\n        {\r\n      "
-                          u"      \"b\":\"x y\"\r\n"
-                          "        },\r\n        []\r\n    ],\r\n    "
-                          "\"c\":{},\r\n    \"d\":null\r\n}");
+    EXPECT_EQ(bag.JSON(), u"{\r\n    \"a\":[\r\n        1,\r\n        {\r\n            \"b\":\"x y\"\r\n"
+                          "        },\r\n        []\r\n    ],\r\n    \"c\":{},\r\n    \"d\":null\r\n}");
 }
 
 TEST(JsonWriting, WhatHasNoFormIsTold)
 {
-    const std::pair<JsonValue, QString> rows[] = {
-        {JsonValue(std::nan("")), u"51 x, value nan failed to serialize"_s},
-        {JsonValue(QVariant(QDate(2026, 3, 16))),
-         u"51 x, unknown/unsupported type = %1"_s.arg(QMetaType::QDate)}};
-    for (const auto& [value, failure] : rows) {
+    for (const auto& [value, failure] :
+         {std::pair(JsonValue(std::nan("")), u"51 x, value nan failed to serialize"_s),
+          {JsonValue(QVariant(QDate(2026, 3, 16))),
+           u"51 x, unknown/unsupported type = %1"_s.arg(QMetaType::QDate)}}) {
         JsonBag bag;
         bag.setItem(u"x", value);
         EXPECT_EQ(failureOf([&] { bag.JSON(); }), failure);
@@ -234,13 +222,11 @@ TEST(JsonBagItems, WrongCallsAreErrors)
     object.setItem(u"a", 1);
     JsonBag array;
     array.setJSON(u"[1]"_s);
-    EXPECT_EQ(failureOf([&] { object.setIsArray(true); }),
-              u"5 Cannot change IsArray setting after items have been added");
-    EXPECT_EQ(failureOf([&] { object.Item(u"A"); }), u"5 Invalid procedure call or argument");
     const std::pair<int, std::function<void()>> rows[] = {
-        {94, [&] { object.Item(); }},         {9, [&] { array.Item(2); }},
-        {5, [&] { array.setItem(u"a", 1); }}, {9, [&] { array.setItem(0, 1); }},
-        {5, [&] { object.setItem(1, 1); }},   {5, [&] { array.Name(1); }},
+        {5, [&] { object.setIsArray(true); }}, {5, [&] { object.Item(u"A"); }},
+        {94, [&] { object.Item(); }},          {9, [&] { array.Item(2); }},
+        {5, [&] { array.setItem(u"a", 1); }},  {9, [&] { array.setItem(0, 1); }},
+        {5, [&] { object.setItem(1, 1); }},    {5, [&] { array.Name(1); }},
     };
     for (const auto& [number, call] : rows)
         EXPECT_EQ(errorOf(call), number);
