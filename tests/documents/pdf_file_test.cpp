@@ -1,10 +1,10 @@
 /// Whole documents, byte for byte.
+#include "documents/pdf/outline.h"
 #include "documents/pdffixture.h"
 
 #include "platform/system/shell.h"
 
 #include <QImage>
-#include <QRegularExpression>
 #include <gmock/gmock.h>
 
 using namespace Qt::StringLiterals;
@@ -200,36 +200,28 @@ TEST_F(PDFFile, WishesForTheViewer)
 
 TEST_F(PDFFile, Outlines)
 {
-    /// What the objects of the bookmarks and their root say of their neighbours, counted from the first
-    /// bookmark; "" where the document has no outline.
-    const auto neighbours = [this](const QList<int>& levels) {
-        PDFPrinter pdf;
-        configure(pdf, oneFont());
-        pdf.PDFUseOutlines(true);
-        pdf.PDFBeginDoc();
+    // The neighbours of each bookmark
+    const auto neighbours = [](const QList<int>& levels) {
+        std::vector<PDFBookmark> bookmarks;
         for (const int level : levels)
-            pdf.PDFSetBookmark(u"Agenda Clinica"_s, level, 40);
-        pdf.PDFEndDoc();
-        expectReadable(1);
-        constexpr int FirstObject = 8;
-        static const QRegularExpression line(u"<</T|/(Parent|Prev|Next|First|Last) (\\d+)"_s);
-        const QString objects = QString::fromLatin1(bytes()).section(u"<</T"_s, 1);
+            bookmarks.push_back({u"x"_s, level, 40, 1});
         std::string found;
-        for (const auto& match : line.globalMatch(objects))
-            found += match.captured(1).isEmpty()
-                         ? "|"
-                         : ' ' + match.captured(1).toStdString() + ' ' +
-                               std::to_string(match.captured(2).toInt() - FirstObject);
-        return found;
+        const PDFOutline outline = PDFLinkBookmarks(bookmarks);
+        for (const PDFOutlineItem& item : outline.items) {
+            found += "in " + std::to_string(item.parent);
+            for (const auto& [name, place] : {std::pair(" after ", item.previous),
+                                              {" before ", item.next},
+                                              {" from ", item.first},
+                                              {" to ", item.last}})
+                found += place ? name + std::to_string(*place) : "";
+            found += "|";
+        }
+        return found + std::to_string(outline.lastOfRoot);
     };
     // The second is not linked to the first; an item is linked to the one before the deeper ones.
-    EXPECT_EQ(neighbours({0, 0, 0, 1}),
-              " Parent 4| Parent 4 Next 2| Parent 4 Prev 1 First 3 Last 3| Parent 2| First 0 Last 3");
-    EXPECT_EQ(neighbours({0, 1, 2, 1}), " Parent 4 First 1 Last 3| Parent 0 Next 3 First 2 Last 2| Parent 1| "
-                                        "Parent 0 Prev 1| First 0 Last 3");
-    EXPECT_EQ(neighbours({0}), "");
-    EXPECT_TRUE(bytes().contains("/Outlines 1 0 R\r\n"));
-    for (const QList<int>& faulty : {QList<int>{}, {0, 0}, {0, 2}, {0, -1, 1}})
+    EXPECT_EQ(neighbours({0, 0, 0, 1}), "in 4|in 4 before 2|in 4 after 1 from 3 to 3|in 2|3");
+    EXPECT_EQ(neighbours({0, 1, 2, 1}), "in 4 from 1 to 3|in 0 before 3 from 2 to 2|in 1|in 0 after 1|3");
+    for (const QList<int>& faulty : {QList{0, 0}, {0, 2}, {0, -1, 1}})
         EXPECT_EQ(errorOf([&] { neighbours(faulty); }), 9);
 }
 

@@ -72,13 +72,13 @@ TEST_F(PDFImages, Refused)
         QString name;
         QByteArray file;
         QString reason;
-    } rows[] = {{u"curto.jpg"_s, good.left(247) + QByteArray::fromHex("ffd9"), u"Fichier image non JPEG."_s},
-                {u"cortado.jpg"_s, good.left(270),
-                 u"Marqueur de début JPEG ou marqueur de fin JPEG non valide."_s},
-                {u"unidade.jpg"_s, framed(0xC0, 3, jfif(3)),
-                 u"Erreur de résolution d'image , l'Opcode est 3\nLes Opcodes valides sont  0, 1, 2."_s},
-                {u"foto.png"_s, good,
-                 u"Seule les images de types JPG sont supportées.\nFormat d'image non supportée."_s}};
+    } rows[] = {
+        {u"curto.jpg"_s, good.left(247) + QByteArray::fromHex("ffd9"), u"Fichier image non JPEG."_s},
+        {u"cortado.jpg"_s, good.left(270), u"Marqueur de début JPEG ou marqueur de fin JPEG non valide."_s},
+        {u"unidade.jpg"_s, framed(0xC0, 3, jfif(3)),
+         u"Erreur de résolution d'image , l'Opcode est 3\nLes Opcodes valides sont  0, 1, 2."_s},
+        {u"foto.png"_s, good,
+         u"Seule les images de types JPG sont supportées.\nFormat d'image non supportée."_s}};
     for (const auto& row : rows) {
         put(row.name, row.file);
         dialogs_.expect(u"Impossible d'inclure l'image dans le fichier PDF.\n"_s + row.reason,

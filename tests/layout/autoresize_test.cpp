@@ -6,7 +6,6 @@
 #include <QGroupBox>
 #include <QPushButton>
 #include <QScreen>
-#include <QStyleOption>
 #include <QTabWidget>
 #include <QVBoxLayout>
 #include <gtest/gtest.h>
@@ -95,26 +94,14 @@ TEST_F(Resizing, PlacesAndSizesFollowTheirOwnRatioAndFontsTheSmaller)
 TEST_F(Resizing, NoTextLosesItsEdges)
 {
     form.combo->addItem(u"0 - NÃO"_s);
-    form.combo->resize(form.combo->sizeHint());
     form.button->setText(u"Confirmação de Notificação"_s);
-    form.button->resize(form.button->sizeHint());
+    for (QWidget* control : std::initializer_list<QWidget*>{form.combo, form.button})
+        control->resize(control->sizeHint());
     Q_EMIT form.loaded(); // the sizes are noted now
-    QStyleOptionComboBox list;
-    QStyleOptionButton button;
-    const auto widthOf = [](const QWidget* control, const QString& text) {
-        return control->fontMetrics().horizontalAdvance(text);
-    };
-    for (const double factor : {0.55, 0.99, 1.03, 2.0}) {
+    for (const double factor : {0.55, 0.75, 0.99, 1.03, 1.5, 2.0}) {
         resize(int(600 * factor), int(400 * factor));
-        list.initFrom(form.combo);
-        button.initFrom(form.button);
-        const QStyle& style = *form.style();
-        const QRect field =
-            style.subControlRect(QStyle::CC_ComboBox, &list, QStyle::SC_ComboBoxEditField, form.combo);
-        EXPECT_GE(field.width(), widthOf(form.combo, form.combo->currentText())) << factor;
-        EXPECT_GE(style.subElementRect(QStyle::SE_PushButtonContents, &button, form.button).width(),
-                  widthOf(form.button, form.button->text()))
-            << factor;
+        EXPECT_GE(form.combo->width(), form.combo->sizeHint().width()) << factor;
+        EXPECT_GE(form.button->width(), form.button->sizeHint().width()) << factor;
     }
 }
 
