@@ -316,23 +316,13 @@ TEST_F(PDFContent, BadArgumentsAreToldAndReplaced)
     configure(pdf);
     pdf.PDFBeginDoc();
     pdf.PDFSetFont(0, 9, 0);
-    const struct
-    {
-        std::function<void()> give;
-        QString title, text;
-    } rows[] = {
-        {[&] { pdf.PDFSetTextColor(u"FF0000"_s); }, u"Couleur HTMl"_s,
-         u"Code couleur HTMl invalide FF0000.\nLa couleur utilisée sera le noir."_s},
-        {[&] { pdf.PDFCell(u"A"_s, 1, 1, 50, 10, 5); }, u"Lien URL Objet Cellule"_s,
-         u"URL objet cellule non valide : 5.\nImpossible d'inclure le lien dans la cellule."_s},
-        {[&] { pdf.PDFSetFont(5, 9, 12); }, u"Nom de Font"_s,
-         u"Nom de font incorrecte : 5.\nLa font utilisée sera Times New Roman non gras , non italique."_s}};
-    for (const auto& row : rows) {
-        dialogs_.expect(row.text, row.title + u" - Vespadoc 4.0"_s, Icon::Critical);
-        row.give();
-        dialogs_.verify();
-    }
-    EXPECT_EQ(pdf.PDFGetTextColor(), u"0.000 0.000 0.000 rg");
+    dialogs_.expect(u"URL objet cellule non valide : 5.\nImpossible d'inclure le lien dans la cellule."_s,
+                    u"Lien URL Objet Cellule - Vespadoc 4.0"_s, Icon::Critical);
+    pdf.PDFCell(u"A"_s, 1, 1, 50, 10, 5);
+    dialogs_.expect(u"Nom de font incorrecte : 5.\n"
+                    "La font utilisée sera Times New Roman non gras , non italique."_s,
+                    u"Nom de Font - Vespadoc 4.0"_s, Icon::Critical);
+    pdf.PDFSetFont(5, 9, 12);
     EXPECT_EQ(errorOf([&] { pdf.PDFTextOut(u"A"_s, 1, 1); }), 53);
     EXPECT_EQ(errorOf([&] { pdf.PDFDrawPolygon({{1, 2, 3, 4, 5, 6, 7}}); }), 9);
 }
