@@ -31,6 +31,7 @@ TEST_F(PDFReaders, TwoOfThemAgreeOnTextsColoursAndPictures)
     pdf.PDFImage(path(u"foto.jpg"_s), 300, 300, 120, 80);
     pdf.PDFEndDoc();
     expectReadable(1);
+    EXPECT_TRUE(bytes().contains("/OpenAction [3 0 R /Fit]\r\n/PageLayout /SinglePage\r\n")) << "no wishes";
 
     EXPECT_TRUE(printed(u"pdfinfo"_s, {path()}).contains(u"Agenda da Clínica"));
     EXPECT_TRUE(printed(u"mutool"_s, {u"show"_s, path(), u"outline"_s}).contains(u"dois"));
