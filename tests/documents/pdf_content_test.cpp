@@ -299,6 +299,8 @@ TEST_F(PDFContent, NamesAndWidthsOfFonts)
     pdf.PDFLoadAfm(oneFont());
     EXPECT_DOUBLE_EQ(width(u"Ana"_s, helvetica, 10), 18);
     EXPECT_EQ(errorOf([&] { pdf.PDFLoadAfm(path(u"nada"_s)); }), 76);
+    pdf.PDFLoadAfm(path(QString())); // no fonts there: the ones before stay
+    EXPECT_DOUBLE_EQ(width(u"Ana"_s, helvetica, 10), 18);
     put(u"one/Helvetica.afm"_s, "StartCharMetrics\r\nC 65 ; WX 1 ;\r\n");
     pdf.PDFPathConfiguration(path(u"one"_s));
     EXPECT_EQ(errorOf([&] { width(u"A"_s, helvetica, 9); }), 62) << "broken off";
