@@ -2,7 +2,7 @@
 /// out for A4 of 595 x 842 points with margins of 1.
 #include "documents/pdffixture.h"
 
-#include "documents/pdf/colour.h"
+#include "documents/pdf/lines.h"
 #include "platform/values/format.h"
 #include "support/texttable.h"
 
@@ -76,8 +76,6 @@ TEST_F(PDFContent, Texts)
             // Where X stands is 1 here, and the margin is added again.
             pdf.PDFTextOut(u"AA"_s, 0, 0);
             expectAt(pdf, 14, 11); // 1 + 13.34
-            pdf.PDFTextOut({}, 0, 100);
-            expectAt(pdf, 14, 110);
             pdf.PDFTextOut(u"Ação (1) a\\b"_s, 30, 40);
             // The rotation and the underline are used up by one text; a rotated one has no margin.
             pdf.PDFSetRotation(810); // so that the rounded pi shows
@@ -90,8 +88,7 @@ TEST_F(PDFContent, Texts)
             EXPECT_EQ(pdf.PDFTextHeight(), 10);
             pdf.PDFTextOut(u"a"_s, 5, 5);
         },
-        text("2.00 841.00 Td", "AA") + text("15.34 742.00 Td", "") +
-            text("31.00 802.00 Td", "A\xE7\xE3o \\(1\\) a\\\\\\\\b") +
+        text("2.00 841.00 Td", "AA") + text("31.00 802.00 Td", "A\xE7\xE3o \\(1\\) a\\\\\\\\b") +
             text("-0.00003 1.00000 -1.00000 -0.00003 30.00 802.00 Tm", "A") + underlined +
             text("31.00 802.00 Td", "A", "/F8 50.00") +
             text("6.00 837.00 Td", "a", "/F10 10.00", "1.000 0.753 1.176 rg"));
@@ -101,150 +98,111 @@ TEST_F(PDFContent, Watermark)
 {
     // Bold Helvetica of 50: "AA" is 72.2 wide. (595 - 72.2 x 0.5253) / 2.75 and (72.2 x 0.8509 + 842) / 2.15
     // from the top; sine and cosine of 45 degrees with pi taken as 3.1416.
-    const std::string mark =
-        text("0.70711 0.70711 -0.70711 0.70711 202.57 421.80 Tm", "AA", "/F5 50.00", "1.000 0.753 0.796 rg");
-    PDFPrinter pdf;
-    configure(pdf);
-    pdf.PDFFiligran(u"AA"_s);
-    beginDocument(pdf);
-    pdf.PDFEndPage();
-    pdf.PDFNewPage();
-    pdf.PDFEndDoc();
-    const std::string file = bytes().replace("\r\n", "\n").toStdString();
-    EXPECT_THAT(file, HasSubstr("2 0 obj\n<< /Length 3 0 R\n >>\nstream\n" + mark + "endstream"));
-    EXPECT_THAT(file, HasSubstr("stream\n%DEBUT_OBJ/%\n" + mark + "endstream"));
-    for (const auto* part :
-         {"\n6 0 obj\n<< /Type /Font\n/Subtype /Type1\n/Name /F1\n/BaseFont /Courier-Bold\n",
-          "\n19 0 obj\n<< /Type /Font\n/Subtype /Type1\n/Name /F14\n/BaseFont /ZapfDingbats\n",
-          "%DEBUT_OBJ/%\n20 0 obj\n<< /Type /Pages\n", "<< /Size 28\n/Root 27 0 R\n"})
-        EXPECT_THAT(file, HasSubstr(part));
-    expectReadable(2);
+    expectContent(
+        [](PDFPrinter& pdf) {
+            pdf.PDFFiligran(u"AA"_s);
+            pdf.PDFEndPage();
+        },
+        text("0.70711 0.70711 -0.70711 0.70711 202.57 421.80 Tm", "AA", "/F5 50.00", "1.000 0.753 0.796 rg"));
 }
 
 TEST_F(PDFContent, Lines)
 {
-    const auto line = [](const std::string& name, const std::string& style, const std::string& ends,
-                         const std::string& color) {
-        return "%DEBUT_" + name + "/%\n[" + style + " ] 0 d\n" + ends + "\n" + color +
-               " RG\n0.50 w S\n%FIN_" + name + "/%\n";
+    const auto draw = [](PDFPrinter& pdf) {
+        pdf.PDFSetLineStyle(1);
+        pdf.PDFSetLineColor(u"#FF0080"_s);
+        pdf.PDFDrawLine(10, 20.555, 5, 40);
+        expectAt(pdf, 10, 40);
+        pdf.PDFSetLineStyle(2);
+        pdf.PDFDrawLineHor(10, 20, 30);
+        EXPECT_EQ(pdf.PDFGetDrawColor(), u"1.000 0.000 0.502 rg");
+        expectAt(pdf, 40, 20);
+        pdf.PDFSetLineStyle(3);
+        pdf.PDFSetLineColor(0x010000);
+        pdf.PDFDrawLineVer(10, 20, 30);
+        expectAt(pdf, 10, 50);
     };
-    expectContent(
-        [](PDFPrinter& pdf) {
-            pdf.PDFSetLineStyle(1);
-            pdf.PDFSetLineColor(u"#FF0080"_s);
-            pdf.PDFDrawLine(10, 20.555, 5, 40);
-            expectAt(pdf, 10, 40);
-            pdf.PDFSetLineStyle(2);
-            pdf.PDFSetDrawColor(255);
-            pdf.PDFDrawLineHor(10, 20, 30);
-            EXPECT_EQ(pdf.PDFGetDrawColor(), u"1.000 0.000 0.502 rg");
-            expectAt(pdf, 40, 20);
-            pdf.PDFSetLineStyle(3);
-            pdf.PDFSetLineColor(0x010000);
-            pdf.PDFDrawLineVer(10, 20, 30);
-            expectAt(pdf, 10, 50);
-        },
-        line("LN", "16 8", "10.00 821.45 m\n5.00 802.00 l", "1.000 0.000 0.502") +
-            line("LNH", "8 7 2 7", "10.00 822.00 m\n40.00 822.00 l", "1.000 0.000 0.502") +
-            line("LNV", "8 4 2 4 2 4", "10.00 822.00 m\n10.00 792.00 l", "0.000 0.000 0.004"));
+    EXPECT_EQ(linesOf(draw, {" d", " m", " l", " RG"}),
+              "[16 8 ] 0 d 10.00 821.45 m 5.00 802.00 l 1.000 0.000 0.502 RG "
+              "[8 7 2 7 ] 0 d 10.00 822.00 m 40.00 822.00 l 1.000 0.000 0.502 RG "
+              "[8 4 2 4 2 4 ] 0 d 10.00 822.00 m 10.00 792.00 l 0.000 0.000 0.004 RG");
 }
 
 TEST_F(PDFContent, UnitsScaleLengthsButNeitherMarginsNorWidths)
 {
-    PDFPrinter pdf;
-    configure(pdf);
-    pdf.PDFSetUnit(1);
-    pdf.PDFBeginDoc();
-    pdf.PDFSetBookmark(u"um"_s, 0, 10);
-    pdf.PDFSetBookmark(u"dois"_s, 1, -1);
-    pdf.PDFSetLineStyle(1);
-    pdf.PDFSetLineWidth(1);
-    pdf.PDFSetFont(0, 10, 0);
-    EXPECT_NEAR(pdf.PDFTextHeight(), 28.346, 0.001);
-    pdf.PDFDrawLine(0, 0, 25.4, 25.4);
-    pdf.PDFTextOut(u"A"_s, 25.4, 25.4);
-    pdf.PDFEndDoc();
-    const QByteArray file = bytes().replace("\r\n", "\n");
-    EXPECT_TRUE(file.contains("[45 22 ] 0 d\n0.00 842.00 m\n72.00 770.00 l\n0 G\n2.83 w S\n"));
-    EXPECT_TRUE(file.contains("BT\n74.83 770.00 Td\n"));
-    EXPECT_TRUE(file.contains("/XYZ 0 813.65 null]"));
-    EXPECT_TRUE(file.contains("/XYZ 0 839.17 null]")); // the Y at the time
-    expectReadable(1);
+    const auto draw = [](PDFPrinter& pdf) {
+        pdf.PDFSetUnit(1);
+        pdf.PDFSetBookmark(u"tr\u00EAs"_s, 1, -1); // where Y is at the time
+        pdf.PDFSetLineStyle(1);
+        pdf.PDFSetLineWidth(1);
+        pdf.PDFDrawLine(0, 0, 25.4, 25.4);
+        pdf.PDFTextOut(u"A"_s, 25.4, 25.4);
+    };
+    EXPECT_EQ(linesOf(draw, {" d", " m", " l", " w S", " Td"}),
+              "[45 22 ] 0 d 0.00 842.00 m 72.00 770.00 l 2.83 w S 74.83 770.00 Td");
+    EXPECT_TRUE(bytes().contains("/XYZ 0 728.61 null]")); // 40 mm from the top
+    EXPECT_TRUE(bytes().contains("/XYZ 0 839.17 null]"));
 }
 
 TEST_F(PDFContent, RectanglesEllipsesPolygons)
 {
-    const struct
-    {
-        QVariant mode;
-        std::string colours, rectangle, figure;
-    } rows[] = {{0, "0 G\n", "s", "s"},
-                {u"1"_s, "1.000 0.000 0.000 rg\n", "f", "h f"},
-                {2, "1.000 0.000 0.000 rg\n0 G\n", "B", "B"}};
-    for (const auto& row : rows)
-        expectContent(
-            [&](PDFPrinter& pdf) {
-                pdf.PDFSetDrawMode(row.mode);
-                pdf.PDFSetDrawColor(0x0000FF);
-                pdf.PDFDrawRectangle(10, 20, 30, 40);
-                EXPECT_EQ(pdf.PDFGetTextColor(), u"1.000 1.000 1.000 rg");
-                expectAt(pdf, 10, 60);
-                pdf.PDFSetTextColor(0);
-                pdf.PDFDrawEllipse(100, 200, 40, 0);
-                EXPECT_EQ(pdf.PDFGetTextColor(), u"1.000 1.000 1.000 rg");
-                expectAt(pdf, 100, 220);
-                pdf.PDFDrawPolygon({{1, 2, 3, 4, 5, 6}});
-            },
-            "%DEBUT_RECT/%\n" + row.colours + "[] 0 d\n10.00 822.00 30.00 -40.00 re " + row.rectangle +
-                "\n0.50 w S\n%FIN_RECT/%\n" + row.colours +
-                "[] 0 d\n100.00 622.00 m\n"
-                "100.00 633.00 109.00 642.00 120.00 642.00 c\n131.00 642.00 140.00 633.00 140.00 622.00 c\n"
-                "140.00 611.00 131.00 602.00 120.00 602.00 c\n109.00 602.00 100.00 611.00 100.00 622.00 "
-                "c\n0.50 w " +
-                row.figure + "\n" + row.colours +
-                "%DEBUT_POLY/%\n[] 0 d\n1.00 840.00 m\n3.00 838.00 l\n5.00 836.00 l\n1.00 840.00 l\n0.50 w " +
-                row.figure + "\n%FIN_POLY/%\n");
+    const auto figures = [](const QVariant& mode) {
+        return [mode](PDFPrinter& pdf) {
+            pdf.PDFSetDrawMode(mode);
+            pdf.PDFSetDrawColor(0x0000FF);
+            pdf.PDFDrawRectangle(10, 20, 30, 40);
+            expectAt(pdf, 10, 60);
+            pdf.PDFDrawEllipse(100, 200, 40, 0);
+            expectAt(pdf, 100, 220);
+            EXPECT_EQ(pdf.PDFGetTextColor(), u"1.000 1.000 1.000 rg");
+            pdf.PDFDrawPolygon({{1, 2, 3, 4, 5, 6}});
+        };
+    };
+    const std::string colours = "1.000 0.000 0.000 rg\n0 G\n";
+    expectContent(
+        figures(2),
+        "%DEBUT_RECT/%\n" + colours + "[] 0 d\n10.00 822.00 30.00 -40.00 re B\n0.50 w S\n%FIN_RECT/%\n" +
+            colours +
+            "[] 0 d\n100.00 622.00 m\n"
+            "100.00 633.00 109.00 642.00 120.00 642.00 c\n131.00 642.00 140.00 633.00 140.00 622.00 c\n"
+            "140.00 611.00 131.00 602.00 120.00 602.00 c\n109.00 602.00 100.00 611.00 100.00 622.00 c\n"
+            "0.50 w B\n" +
+            colours +
+            "%DEBUT_POLY/%\n[] 0 d\n1.00 840.00 m\n3.00 838.00 l\n5.00 836.00 l\n1.00 840.00 l\n0.50 w B\n"
+            "%FIN_POLY/%\n");
+    const QByteArrayList painting{" re s", " re f", " w s", " w h f", " G", " rg"};
+    EXPECT_EQ(linesOf(figures(0), painting), "0 G 10.00 822.00 30.00 -40.00 re s 0 G 0.50 w s 0 G 0.50 w s");
+    EXPECT_EQ(linesOf(figures(u"1"_s), painting),
+              "1.000 0.000 0.000 rg 10.00 822.00 30.00 -40.00 re f 1.000 0.000 0.000 rg 0.50 w h f "
+              "1.000 0.000 0.000 rg 0.50 w h f");
 }
 
-TEST_F(PDFContent, CellsBreakTextAtBlanksOrInLongWords)
+TEST_F(PDFContent, CellsBreakTextAtBlanksOrInLongWordsAndAlignIt)
 {
     // 40 less two margins of 3 leave 34; at 10 "a" and a blank count 6 and 3, rounded as they are summed up.
-    // A character wider than the cell stands alone.
+    // A character wider than the cell stands alone. "A A" is 16.12 wide.
     for (const QStringList& row :
-         textTable(u"aaa aaa a=10=103.00 633.00 Td (aaa) Tj 103.00 621.00 Td (aaa a) Tj|"
-                   "aaaaaaaa=10=106.00 633.00 Td (aaaaa) Tj 103.00 621.00 Td (aaa) Tj|"
-                   "aaa aaa a=5=103.00 634.50 Td (aaa aaa a) Tj|=10=103.00 633.00 Td () Tj|"
-                   "a\r\n=10=103.00 633.00 Td (a\r) Tj|"
-                   "aa=100=106.00 606.00 Td (a) Tj 106.00 594.00 Td (a) Tj 103.00 582.00 Td () Tj")) {
+         textTable(u"aaa aaa a=10=1=103.00 633.00 Td (aaa) Tj 103.00 621.00 Td (aaa a) Tj|"
+                   "aaaaaaaa=10=1=106.00 633.00 Td (aaaaa) Tj 103.00 621.00 Td (aaa) Tj|"
+                   "=10=1=103.00 633.00 Td () Tj|a\r\n=10=1=103.00 633.00 Td (a\r) Tj|"
+                   "aa=100=1=106.00 606.00 Td (a) Tj 106.00 594.00 Td (a) Tj 103.00 582.00 Td () Tj|"
+                   "A A=5=1=103.00 634.50 Td (A A) Tj|A A=10=2=117.88 633.00 Td (A A) Tj|"
+                   "A A=10=0=109.00 633.00 Td (A A) Tj")) {
         const auto draw = [&](PDFPrinter& pdf) {
             pdf.PDFSetFont(0, row[1].toInt(), 0);
+            pdf.PDFSetAlignement(row[2].toInt());
             pdf.PDFCell(row[0], 100, 200, 40, 12);
         };
-        EXPECT_EQ(linesOf(draw, {" Tj", " Td"}), row[2].toStdString());
+        EXPECT_EQ(linesOf(draw, {" Tj", " Td"}), row[3].toStdString());
     }
-}
-
-TEST_F(PDFContent, CellsAlignTheirText)
-{
-    const struct
-    {
-        qint32 alignment;
-        std::string spacing, x, end;
-    } rows[] = {// 60 wide from 100, the text 16.12.
-                {1, "", "106.00", ""},
-                {2, "", "140.88", ""},
-                {0, "", "122.00", ""},
-                {3, "37.880 Tw\n", "106.00", "0 Tw\n"}};
-    for (const auto& row : rows)
-        expectContent(
-            [&](PDFPrinter& pdf) {
-                pdf.PDFSetBorder(0);
-                pdf.PDFSetAlignement(row.alignment);
-                pdf.PDFCell(u"A A"_s, 103, 200, 60, 12);
-                expectAt(pdf, 160, 212);
-            },
-            "%DEBUT_CELL/%\n0 G\n0 g\n0.50 w\n" + row.spacing + "q 0 g \nBT\n/F8 10 Tf\n" + row.x +
-                " 633.00 Td\n(A A) Tj\nET\nQ\n" + row.end + "%FIN_CELL/%\n");
+    expectContent(
+        [&](PDFPrinter& pdf) {
+            pdf.PDFSetAlignement(3);
+            pdf.PDFCell(u"A A"_s, 103, 200, 60, 12);
+            expectAt(pdf, 160, 212);
+        },
+        "%DEBUT_CELL/%\n0 G\n0 g\n0.50 w\n37.880 Tw\nq 0 g \nBT\n/F8 10 Tf\n106.00 633.00 Td\n"
+        "(A A) Tj\nET\nQ\n0 Tw\n%FIN_CELL/%\n");
 }
 
 TEST_F(PDFContent, CellsDrawTheLastOfTheirEdges)
@@ -284,8 +242,6 @@ TEST_F(PDFContent, Links)
               "32.00 800.11 13.34 -0.03 re f\nQ\n%FIN_TEXT/%\n%FIN_LINK/%\n");
     expectLinks(
         [&](PDFPrinter& pdf) {
-            // A target that is no text leaves its dictionary open.
-            pdf.PDFLink(30, 40, url, 7);
             pdf.PDFLink(30, 40, url, u"B(\\"_s);
             pdf.PDFDrawRectangle(10, 20, 30.5, 41, url);
             pdf.PDFDrawEllipse(10, 20, 30, 40, url); // as wide as "LINK"
@@ -294,57 +250,36 @@ TEST_F(PDFContent, Links)
             pdf.PDFLink(30, 40, url);
             pdf.PDFLink(30, 60, url);
         },
-        area("30 802 43 792", "") + area("30 802 43 792", "/A <</S /URI /URI (B\\(\\\\\\\\)>>>>\r\n") +
-            area("15 802 45 792") + area("10 802 32 792") + area("30 802 30 792") + area("30 782 43 772"));
+        area("30 802 43 792", "/A <</S /URI /URI (B\\(\\\\\\\\)>>>>\r\n") + area("15 802 45 792") +
+            area("10 802 32 792") + area("30 802 30 792") + area("30 782 43 772"));
     // A cell's text is a link, and so is what stands under the same address at its corner.
-    // The corner is at 0, which stands for the X that the cell has set. The blank of the justified text is
-    // 60 - 2 x 3 - 16.12 wider, of which the line leaves out 2 x 3 again, and at its end 3 more.
+    // The blank of the justified text is 60 - 2 x 3 - 16.12 wider, of which the line leaves out 2 x 3 again,
+    // and at its end 3 more.
     const auto cell = [&](PDFPrinter& pdf) {
         pdf.PDFSetAlignement(3);
         pdf.PDFCell(u"A A"_s, 3, 200, 60, 12, url);
     };
-    EXPECT_EQ(
-        expectLinks(cell, area("6 641 66 631") + area("0 642 16 632")),
-        "%DEBUT_CELL/%\n0 G\n0 g\n0.50 w\n37.880 Tw\nq 0 g \n6.00 630.00 47.78 -0.10 re f\nBT\n/F8 10 Tf\n"
-        "6.00 633.00 Td\n(A A) Tj\nET\nQ\n%DEBUT_LINK/%\nq 0 g \n%DEBUT_TEXT/%\nBT\n1.00 642.00 Td\n"
-        "/F8 10.00 Tf\n() Tj\nET\n1.00 640.11 0.00 0.00 re f\nQ\n%FIN_TEXT/%\n%FIN_LINK/%\n0 "
-        "Tw\n%FIN_CELL/%\n");
-}
-
-TEST_F(PDFContent, AtMostAThousandLinksOnAPage)
-{
-    PDFPrinter pdf;
-    configure(pdf);
-    pdf.PDFSetFont(0, 10, 0);
-    EXPECT_EQ(errorOf([&] { pdf.PDFLink(1, 1, u"A"_s); }), 9); // no page yet
-    pdf.PDFBeginDoc();
-    for (int i = 0; i < 1000; ++i)
-        pdf.PDFLink(1, 1, u"A"_s);
-    EXPECT_EQ(errorOf([&] { pdf.PDFLink(1, 1, u"A"_s); }), 9);
-    for (int i = 1; i < 1000; ++i)
-        pdf.PDFNewPage();
-    EXPECT_EQ(errorOf([&] { pdf.PDFLink(1, 1, u"A"_s); }), 0);
-    pdf.PDFNewPage();
-    EXPECT_EQ(errorOf([&] { pdf.PDFLink(1, 1, u"A"_s); }), 9);
+    EXPECT_THAT(expectLinks(cell, area("6 641 66 631") + area("0 642 16 632")),
+                HasSubstr("6.00 630.00 47.78 -0.10 re f\n"));
 }
 
 TEST_F(PDFContent, NamesAndWidthsOfFonts)
 {
+    std::string known;
+    const auto draw = [&](PDFPrinter& pdf) {
+        for (const auto& [family, style] :
+             {std::pair(0, 0), {0, 12}, {0, 31}, {1, 0}, {1, 2}, {2, 0}, {2, 1}, {2, 21}, {3, 0}, {3, 2}}) {
+            pdf.PDFSetFont(family, 10, style);
+            known += errorOf([&] { pdf.PDFTextOut(u"A"_s, 1, 1); }) == 53 ? '-' : '+';
+        }
+    };
+    EXPECT_EQ(linesOf(draw, {" Tf"}),
+              "/F8 10.00 Tf /F6 10.00 Tf /F7 10.00 Tf /F4 10.00 Tf /F1 10.00 Tf /F13 10.00 Tf /F0 10.00 Tf "
+              "/F11 10.00 Tf /F9 10.00 Tf /F0 10.00 Tf");
+    EXPECT_EQ(known, "++++++-++-");
+
     PDFPrinter pdf;
     configure(pdf);
-    pdf.PDFBeginDoc();
-    // Family, style, number
-    for (const QStringList& row :
-         textTable(u"0=0=8|0=12=6|0=31=7|1=0=4|1=2=1|2=0=13|2=1=0|2=21=11|3=0=9|3=2=0|"
-                   "4=0=14|4=1=0")) {
-        pdf.PDFSetFont(row[0].toInt(), 10, row[1].toInt());
-        EXPECT_EQ(errorOf([&] { pdf.PDFTextOut(u"A"_s, 1, 1); }), row[2] == u"0" ? 53 : 0);
-        pdf.PDFNewPage();
-        const QByteArray file = bytes();
-        EXPECT_TRUE(file.sliced(file.lastIndexOf("\r\nBT"))
-                        .contains("/F" + row[2].toLatin1() + " 10.00 Tf\r\n(A) Tj"))
-            << row.join(u'=').toStdString();
-    }
     const auto width = [&](const QString& text, const QString& font, double size) {
         return pdf.PDFGetStringWidth(text, font, size);
     };
@@ -353,8 +288,6 @@ TEST_F(PDFContent, NamesAndWidthsOfFonts)
     EXPECT_DOUBLE_EQ(width(u"A"_s, helvetica, 2.5), 2 * 0.667); // the size is a whole number
     // Codes are the font's own: 0xC0 has no character there, 0xE3 is its "ª", and nothing lies above 251.
     EXPECT_DOUBLE_EQ(width(u"Àãü"_s, helvetica, 1000), 370);
-    EXPECT_EQ(errorOf([&] { width({}, u"TimesRoman"_s, 9); }), 53);
-    EXPECT_EQ(errorOf([&] { width(QString(QChar(0)), helvetica, 9); }), 9);
 
     PDFPrinter fontless;
     QDir(path(QString())).mkdir(u"empty"_s);
@@ -368,57 +301,9 @@ TEST_F(PDFContent, NamesAndWidthsOfFonts)
     EXPECT_EQ(errorOf([&] { pdf.PDFLoadAfm(path(u"nada"_s)); }), 76);
     pdf.PDFLoadAfm(path(QString())); // no fonts there: the ones before stay
     EXPECT_DOUBLE_EQ(width(u"Ana"_s, helvetica, 10), 18);
-    for (const auto& [bad, error] : {std::pair("StartCharMetrics\r\nC 65 ; WX 1 ;\r\n", 62),
-                                     {"C 65 ; WX 1 ;", 62},
-                                     {"StartCharMetrics\nC 300 ; WX 1 ;\nEndCharMetrics\n", 9}}) {
-        put(u"one/Helvetica.afm"_s, bad);
-        pdf.PDFPathConfiguration(path(u"one"_s));
-        EXPECT_EQ(errorOf([&] { width(u"A"_s, helvetica, 9); }), error) << bad;
-    }
-    // What lies below the first code or above the last one does not count.
-    put(u"one/Helvetica.afm"_s,
-        "StartCharMetrics\nC 66 ; WX 9 ;\nC 65 ; WX 7 ;\nC 70 ; WX 5 ;\nC 69 ; WX 3 ;\n"
-        "EndCharMetrics");
+    put(u"one/Helvetica.afm"_s, "StartCharMetrics\r\nC 65 ; WX 1 ;\r\n");
     pdf.PDFPathConfiguration(path(u"one"_s));
-    EXPECT_EQ(width(u"ABEF"_s, helvetica, 1000), 12);
-}
-
-TEST_F(PDFContent, MarginsAndPageSizes)
-{
-    PDFPrinter pdf;
-    EXPECT_EQ(pdf.PDFGetUnit(), u"cm");
-    pdf.PDFSetMargins(10, 20);
-    EXPECT_EQ(pdf.PDFGetRightMargin(), 10);
-    EXPECT_EQ(pdf.PDFGetBottomMargin(), 20);
-    for (const auto& [given, kept] : {std::pair(2.5, 2), {3.5, 4}, {-0.5, 0}, {2.51, 3}}) {
-        pdf.PDFSetTopMargin(given);
-        EXPECT_EQ(pdf.PDFGetTopMargin(), kept) << given;
-    }
-    EXPECT_EQ(errorOf([&] { pdf.PDFSetLeftMargin(40'000); }), 6);
-
-    // Format, orientation, width, height
-    for (const QStringList& row : textTable(u"0=1=595=842|0=0=842=595|1=1=842=1191|2=1=421=595|3=1=612=792|"
-                                            "4=0=1008=612|own=1=100=200")) {
-        pdf.PDFFormatPage(row[0] == u"own" ? QVariantList{100.5, 200.5} : QVariant(row[0].toInt()));
-        pdf.PDFOrientation(row[1].toInt());
-        EXPECT_EQ(pdf.PDFGetPageWidth(), row[2].toInt());
-        EXPECT_EQ(pdf.PDFGetPageHeight(), row[3].toInt());
-    }
-    EXPECT_EQ(errorOf([&] { pdf.PDFFormatPage(QVariantList{100.0}); }), 9);
-}
-
-TEST_F(PDFContent, Colours)
-{
-    const auto written = [](const QVariant& colour) {
-        return PDFColorOperator(PDFColor(colour), "rg").toStdString();
-    };
-    EXPECT_EQ(written(u"#3366FF"_s), "0.200 0.400 1.000 rg");
-    EXPECT_EQ(written(u"#"_s), "0.000 0.000 0.000 rg");
-    EXPECT_EQ(written(QVariantList{0.5, 1.5, 255}), "0.000 0.008 1.000 rg");
-    EXPECT_EQ(errorOf([&] { written(QVariantList{1, 2}); }), 9);
-    dialogs_.expect(u"Code couleur HTMl invalide FF0000.\nLa couleur utilisée sera le noir."_s,
-                    u"Couleur HTMl - Vespadoc 4.0"_s, Icon::Critical);
-    EXPECT_EQ(written(u"FF0000"_s), "0.000 0.000 0.000 rg");
+    EXPECT_EQ(errorOf([&] { width(u"A"_s, helvetica, 9); }), 62) << "broken off";
 }
 
 TEST_F(PDFContent, BadArgumentsAreToldAndReplaced)
@@ -426,51 +311,14 @@ TEST_F(PDFContent, BadArgumentsAreToldAndReplaced)
     PDFPrinter pdf;
     configure(pdf);
     pdf.PDFBeginDoc();
-    const struct
-    {
-        std::function<void()> give;
-        QString title, text;
-    } rows[] = {
-        {[&] { pdf.PDFSetLayoutMode(4); }, u"Layout Mode"_s,
-         u"Layout incorrect : 4.\nLe Layout utilisé sera le layout simple."_s},
-        {[&] { pdf.PDFSetUnit(-1); }, u"Code Unité de Mesure"_s,
-         u"Code unité de mesure incorrect : -1.\nL'Unité de Mesure utilisée sera le centimètre."_s},
-        {[&] { pdf.PDFOrientation(2); }, u"Type d'Orientation de Page"_s,
-         u"Code orientation de page incorrect : 2.\nL'Orientation de la page sera le mode portrait."_s},
-        {[&] { pdf.PDFFormatPage(5); }, u"Format de Page"_s,
-         u"Code format de page incorrect : 5.\nLe Format de page utilisé sera le format A4."_s},
-        {[&] { pdf.PDFFormatPage(u"A4"_s); }, u"Format de Page"_s,
-         u"Code format de page incorrect : A4.\nLe Format de page utilisé sera le format A4"_s},
-        {[&] { pdf.PDFSetDrawMode(u"D"_s); }, u"Objet Rectangle"_s,
-         u"Code type de traçage incorrect : D.\nLe type de traçage utilisé sera bordure et remplissage."_s},
-        {[&] { pdf.PDFSetLineStyle(4); }, u"Style de Ligne"_s,
-         u"Code style de ligne incorrect : 4.\nLe style de ligne utilisé sera pSolid."_s},
-        {[&] { pdf.PDFSetAlignement(4); }, u"Code Alignement de Cellule"_s,
-         u"Code alignement incorrect : 4.\nL'alignement utilisé sera l'alignement à gauche."_s},
-        {[&] { pdf.PDFDrawEllipse(1, 1, 1, 1, 5); }, u"Lien URL Objet Ellipse"_s,
-         u"URL objet ellipse non valide : 5.\nImpossible d'inclure le lien dans l'ellipse."_s},
-        {[&] { pdf.PDFCell(u"A"_s, 1, 1, 50, 10, 5); }, u"Lien URL Objet Cellule"_s,
-         u"URL objet cellule non valide : 5.\nImpossible d'inclure le lien dans la cellule."_s},
-        {[&] { pdf.PDFSetFont(5, 9, 12); }, u"Nom de Font"_s,
-         u"Nom de font incorrecte : 5.\nLa font utilisée sera Times New Roman non gras , non italique."_s}};
     pdf.PDFSetFont(0, 9, 0);
-    pdf.PDFSetAlignement(2);
-    EXPECT_EQ(pdf.PDFGetAlignement(), u"Right");
-    for (const auto& row : rows) {
-        dialogs_.expect(row.text, row.title + u" - Vespadoc 4.0"_s, Icon::Critical);
-        row.give();
-        dialogs_.verify();
-    }
-    EXPECT_EQ(pdf.PDFGetLayoutMode(), 0);
-    EXPECT_EQ(pdf.PDFGetUnit(), u"cm");
-    EXPECT_EQ(pdf.PDFGetPageWidth(), 595.28);
-    EXPECT_EQ(pdf.PDFGetAlignement(), u"Left");
+    dialogs_.expect(u"URL objet cellule non valide : 5.\nImpossible d'inclure le lien dans la cellule."_s,
+                    u"Lien URL Objet Cellule - Vespadoc 4.0"_s, Icon::Critical);
+    pdf.PDFCell(u"A"_s, 1, 1, 50, 10, 5);
+    dialogs_.expect(u"Nom de font incorrecte : 5.\n"
+                    "La font utilisée sera Times New Roman non gras , non italique."_s,
+                    u"Nom de Font - Vespadoc 4.0"_s, Icon::Critical);
+    pdf.PDFSetFont(5, 9, 12);
     EXPECT_EQ(errorOf([&] { pdf.PDFTextOut(u"A"_s, 1, 1); }), 53);
-    pdf.PDFSetUnit(0);
-    pdf.PDFDrawRectangle(1, 1, 1, 1, 5); // says nothing
-    pdf.PDFNewPage();
-    EXPECT_TRUE(bytes().contains("/F0 9.00 Tf\r\n(A) Tj"));
-    EXPECT_TRUE(bytes().contains("0 G\r\n[] 0 d\r\n1.00 840.89 1.00 -1.00 re s\r\n"));
-    for (const QList<QList<double>>& points : {QList<QList<double>>{}, {{}}, {{1, 2, 3, 4, 5, 6, 7}}})
-        EXPECT_EQ(errorOf([&] { pdf.PDFDrawPolygon(points); }), 9);
+    EXPECT_EQ(errorOf([&] { pdf.PDFDrawPolygon({{1, 2, 3, 4, 5, 6, 7}}); }), 9);
 }

@@ -59,13 +59,13 @@ QByteArray PDFTest::content(const std::function<void(PDFPrinter&)>& draw)
     return file.sliced(begin, file.indexOf("endstream\r\n") - begin).replace("\r\n", "\n");
 }
 
-void PDFTest::expectReadable(int pages, const QString& name) const
+void PDFTest::expectReadable(int pages) const
 {
     const auto found = [&](const QString& text) {
         return QRegularExpression(u"Pages:\\s+(\\d+)"_s).match(text).captured(1).toInt();
     };
-    EXPECT_EQ(found(printed(u"pdfinfo"_s, {path(name)})), pages);
-    EXPECT_EQ(found(printed(u"mutool"_s, {u"info"_s, path(name)})), pages);
+    EXPECT_EQ(found(printed(u"pdfinfo"_s, {path()})), pages);
+    EXPECT_EQ(found(printed(u"mutool"_s, {u"info"_s, path()})), pages);
 }
 
 QString PDFTest::printed(const QString& program, const QStringList& arguments)

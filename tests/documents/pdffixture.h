@@ -35,7 +35,7 @@ protected:
     QByteArray content(const std::function<void(PDFPrinter&)>& draw);
 
     /// A document of that many pages is complete: poppler's and mupdf's tools find so many.
-    void expectReadable(int pages, const QString& name = u"documento.pdf"_s) const;
+    void expectReadable(int pages) const;
     /// What a program prints; fails where it does not succeed.
     static QString printed(const QString& program, const QStringList& arguments);
 

@@ -11,8 +11,6 @@
 
 using namespace Qt::StringLiterals;
 
-using namespace std::chrono_literals;
-
 namespace {
 
 /// Both services at one address, as long as the object lives.
@@ -27,11 +25,6 @@ struct Services
     static constexpr const char* names[] = {"TREMOSILVA_HOST_CEP", "TREMOSILVA_HOST_CNPJ"};
 };
 
-QString boxText(const QString& failure)
-{
-    return failure + u"\nCONEXÃO COM A INTERNET E/OU WEBSERVICE FALHOU!"_s;
-}
-
 } // namespace
 
 TEST(Documents, AcceptedRefusedAndMasked)
@@ -40,18 +33,14 @@ TEST(Documents, AcceptedRefusedAndMasked)
     const char16_t* rows =
         // people
         u"12345678909=123.456.789-09|123.456.789-09=123.456.789-09|94208093900=942.080.939-00|"
-        u"11111111111=111.111.111-11|12345678908=|12345678919=|123.4567890909=|123/456.789-09=|"
+        u"12345678908=|12345678919=|123/456.789-09=|"
         // companies
         u"11222333000181=11.222.333/0001-81=11.222.333/0001-81|11.222.333/0001-81=11.222.333/0001-81|"
-        u"11222333/0001-81=11222333/0001-81|07243765000100=07.243.765/0001-00=07.243.765/0001-00|"
-        u"11222333000182==11.222.333/0001-82|11222333000191==11.222.333/0001-91|"
+        u"11222333/0001-81=11222333/0001-81|11222333000182==11.222.333/0001-82|"
         // with letters
-        u"12ABC34501DE35=12.ABC.345/01DE-35=12.ABC.345/01DE-35|12.ABC.345/01DE-35=12.ABC.345/01DE-35|"
-        u"93ZB0VRYV6KA66==93.ZB0.VRY/V6KA-66|12abc34501de35=|AB123456000100=|12A45678980=|"
-        // the other lengths, with check digits that fit as far as the sums go
-        u"=|0000000000=|11.222.333//0001-81=|"
-        // what no document holds
-        u"12345é78909=|١٢٣٤٥٦٧٨٩٠٩=";
+        u"12ABC34501DE35=12.ABC.345/01DE-35=12.ABC.345/01DE-35|12abc34501de35=|AB123456000100=|12A45678980=|"
+        // the other lengths, and what no document holds
+        u"=|0000000000=|11.222.333//0001-81=|١٢٣٤٥٦٧٨٩٠٩=";
     for (const QStringList& row : textTable(rows)) {
         Variaveis::Resultado = u"of the row before"_s;
         Variaveis::DocumentoValido = u"of the row before"_s;
@@ -65,7 +54,6 @@ TEST(Documents, AcceptedRefusedAndMasked)
 
 TEST(PostalCode, AddressesAndFailures)
 {
-    const QString noXml = u"91 A resposta não é um documento XML"_s;
     const struct
     {
         QByteArray xml;
@@ -81,42 +69,20 @@ TEST(PostalCode, AddressesAndFailures)
          "<tipo_logradouro>Pra\xe7"
          "a</tipo_logradouro><localidade>A</localidade><cidade>B &amp; C</cidade></w>",
          u"PRAÇA DA SÉ||B & C||"_s},
-        {"<w><cidade>B</cidade><localidade>A</localidade></w>", u" ||A||"_s},
-        {"<w><x><uf>RJ</uf></x><uf>SP</uf></w>", u" |||SP|"_s},
         {"<xmlcep><erro>true</erro></xmlcep>", u" ||||"_s},
         {"<w><uf>SP</uf></w>", {}, u"404 O serviço respondeu com um erro"_s, "404 Not Found"},
-        {"<w><uf>SP</uf>", {}, noXml},
-        {"<w><uf>SP</uf></w><w/>", {}, noXml},
-        {"{\"uf\": \"SP\"}", {}, noXml},
-        {"<!DOCTYPE w [<!ENTITY e SYSTEM \"file:///etc/hostname\">]><w><uf>&e;</uf></w>",
-         {},
-         u"91 Elemento sem conteúdo: uf"_s},
+        {"<w><uf>SP</uf></w><w/>", {}, u"91 A resposta não é um documento XML"_s},
         {"<w><uf>SP</uf><bairro></bairro></w>", {}, u"91 Elemento sem conteúdo: bairro"_s},
     };
     ScriptedDialogs dialogs;
     for (const auto& row : rows) {
         if (!row.failure.isEmpty())
-            dialogs.expect(boxText(row.failure), u"Atenção"_s);
+            dialogs.expect(row.failure + u"\nCONEXÃO COM A INTERNET E/OU WEBSERVICE FALHOU!"_s, u"Atenção"_s);
         OneAnswer server(OneAnswer::http(row.status, row.xml));
         const Services services(server.host());
         EXPECT_EQ(Funcoes::BuscaCep(u"01001000"_s), row.address);
         EXPECT_TRUE(server.request().startsWith("GET /ws/01001000/xml/ HTTP/1.1\r\n"));
         dialogs.verify();
-    }
-}
-
-TEST(PostalCode, NobodyAnswers)
-{
-    ScriptedDialogs dialogs;
-    OneAnswer silent("");
-    const std::pair<QString, QString> rows[] = {
-        {silent.host(), u"12002 O servidor não respondeu a tempo: 127.0.0.1"_s},
-        {OneAnswer::closedHost(), u"12029 Sem conexão com o servidor: 127.0.0.1 (Connection refused)"_s},
-        {u"http:"_s, u"12005 Endereço inválido: http:/ws/01001000/xml/"_s}};
-    for (const auto& [host, failure] : rows) {
-        const Services services(host);
-        dialogs.expect(boxText(failure), u"Atenção"_s);
-        EXPECT_EQ(Funcoes::BuscaCep(u"01001000"_s, 200ms), u"");
     }
 }
 
@@ -131,8 +97,7 @@ TEST(OtherLookups, BodiesAsTheyComeAndFailuresAreTheCallers)
         std::function<QString()> call;
         QByteArray path, status;
         QString result;
-    } rows[] = {{company, "/v1/cnpj/11.222.333/0001-81", "200 OK", text},
-                {company, "/v1/cnpj/11.222.333/0001-81", "429 Too Many Requests", text},
+    } rows[] = {{company, "/v1/cnpj/11.222.333/0001-81", "429 Too Many Requests", text},
                 {company, "/v1/cnpj/11.222.333/0001-81", "404 Not Found", u"404 Error"_s},
                 {place, "/ws/01001000/json/", "404 Not Found", text}};
     for (const auto& row : rows) {
@@ -158,7 +123,5 @@ TEST(JsonText, FieldsByPosition)
         EXPECT_EQ(Funcoes::ValorJson(answer, row[0]), row[1]) << row[0].toStdString();
     EXPECT_EQ(Funcoes::ValorJson(u"{\"nome\": \"X\"}"_s, u"nome"_s), u"X");
 
-    for (const auto& [text, field] :
-         {std::pair(answer, u"fim"_s), {u"404 Error"_s, u"nome"_s}, {u""_s, u"nome"_s}})
-        EXPECT_EQ(errorOf([&] { Funcoes::ValorJson(text, field); }), 5) << text.toStdString();
+    EXPECT_EQ(errorOf([&] { Funcoes::ValorJson(answer, u"fim"_s); }), 5);
 }
