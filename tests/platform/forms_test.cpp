@@ -330,6 +330,11 @@ TEST_F(Forms, TheWheelLeavesAComboBoxWithoutTheFocusAlone)
     combo->setFocus();
     turn();
     EXPECT_EQ(combo->currentIndex(), 1);
+
+    Form notLoaded;
+    QComboBox early(&notLoaded);
+    early.show();
+    EXPECT_EQ(early.focusPolicy(), Qt::StrongFocus) << "also one that its screen shows before it is loaded";
 }
 
 TEST_F(Forms, SendKeysReachesTheFocusedControl)

@@ -42,12 +42,13 @@ CREATE TABLE perfilusuario (
     PRIMARY KEY (idlic, nmusuario, campo)
 );
 
--- Insurance plans; pdesc is the discount percentage that the agenda applies.
+-- Insurance plans; pdesc is the discount percentage that the agenda applies. An appointment's price has room for what
+-- comes of it.
 CREATE TABLE convenios (
     idconv INT NOT NULL AUTO_INCREMENT PRIMARY KEY,
     idlic  VARCHAR(20) NOT NULL,
     nmconv VARCHAR(150),
-    pdesc  DECIMAL(15, 4),
+    pdesc  DECIMAL(7, 4),
     evcad  VARCHAR(100),
     evup   VARCHAR(100),
     KEY (idlic, nmconv)

@@ -168,10 +168,10 @@ void Form::focusOn(QWidget* control)
         control->setFocus();
 }
 
-void Form::hideFrame(QWidget* frame, QWidget* next)
+void Form::hideFrame(QWidget* part, QWidget* next)
 {
     focusOn(next);
-    frame->hide();
+    part->hide();
 }
 
 WindowOff::WindowOff(Form& form) : form_(&form)

@@ -159,7 +159,7 @@ protected:
     void focusOn(QWidget* control);
     /// Hides a part of the screen and goes on at a control outside it. Hidden with the focus in it, the part
     /// would hand it to some neighbour, whose handlers run.
-    void hideFrame(QWidget* frame, QWidget* next);
+    void hideFrame(QWidget* part, QWidget* next);
 
     /// On getting the focus the box selects its whole text.
     void selectOnFocus(QLineEdit* box) { selecting_ << box; }

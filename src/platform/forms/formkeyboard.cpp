@@ -93,16 +93,16 @@ bool FormKeyboard::eventFilter(QObject* receiver, QEvent* event)
         return false;
     auto* control = qobject_cast<QWidget*>(receiver);
     Form* form = formOf(control);
-    if (!form || !form->isLoaded())
-        return false;
-
-    switch (event->type()) {
-    case QEvent::Polish:
+    if (form && event->type() == QEvent::Polish) {
         // The wheel alone gives no focus.
         if (qobject_cast<QComboBox*>(control) && control->focusPolicy() == Qt::WheelFocus)
             control->setFocusPolicy(Qt::StrongFocus);
         TextLimit::watchDeletions(control);
+    }
+    if (!form || !form->isLoaded())
         return false;
+
+    switch (event->type()) {
     case QEvent::FocusIn:
         form->focusReason_ = static_cast<QFocusEvent*>(event)->reason();
         return false;

@@ -88,7 +88,8 @@ public:
 private:
     friend class Session;
 
-    explicit Statement(std::shared_ptr<Session> session);
+    /// Of which nothing is run yet; its failures tell of `sql`.
+    Statement(const QByteArray& sql, std::shared_ptr<Session> session);
 
     /// A column's place in the block. Every row of the block has one slot per column: the cell's length, then
     /// its bytes.

@@ -50,7 +50,7 @@ void fail(SQLSMALLINT type, SQLHANDLE handle, const QByteArray& sql)
     SQLGetDiagRec(type, handle, 1, state, &native, message, sizeof message, &size);
     const QByteArrayView stateText(reinterpret_cast<const char*>(state));
     constexpr SQLINTEGER writeError = 5014; // a broken pipe
-    const bool isLost = native == writeError;
+    const bool isLost = native == writeError || native == Error::ServerLost;
     throw Error(isLost        ? Error::ServerLost
                 : native != 0 ? native
                               : ownNumber(stateText),

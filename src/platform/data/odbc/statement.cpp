@@ -40,9 +40,10 @@ ColumnKind kindOf(SQLLEN type)
 
 } // namespace
 
-Statement::Statement(std::shared_ptr<Session> session) : session_(std::move(session))
+Statement::Statement(const QByteArray& sql, std::shared_ptr<Session> session)
+    : session_(std::move(session)), sql_(sql)
 {
-    checked(SQL_HANDLE_DBC, session_->connection_, {},
+    checked(SQL_HANDLE_DBC, session_->connection_, sql_,
             [&] { return SQLAllocHandle(SQL_HANDLE_STMT, session_->connection_, &handle_); });
     session_->statements_.insert(this);
 }
@@ -50,9 +51,8 @@ Statement::Statement(std::shared_ptr<Session> session) : session_(std::move(sess
 // Delegating, so that the destructor frees the handle where the statement fails.
 Statement::Statement(std::shared_ptr<Session> session, const QByteArray& sql,
                      const std::vector<WireValue>& parameters)
-    : Statement(std::move(session))
+    : Statement(sql, std::move(session))
 {
-    sql_ = sql;
     std::vector<SQLLEN> lengths(parameters.size());
     for (std::size_t i = 0; i < parameters.size(); ++i) {
         static const QByteArray none;
@@ -135,7 +135,7 @@ void Statement::setAttribute(int what, void* value)
 std::vector<QByteArray> Statement::primaryKey(std::shared_ptr<Session> session, const QByteArray& catalog,
                                               const QByteArray& table)
 {
-    Statement keys(std::move(session));
+    Statement keys({}, std::move(session));
     keys.setAttribute(SQL_ATTR_CURSOR_TYPE, attribute(SQL_CURSOR_STATIC));
     checked(SQL_HANDLE_STMT, keys.handle_, {}, [&] {
         return SQLPrimaryKeys(keys.handle_, bytes(catalog), SQL_NTS, nullptr, 0, bytes(table), SQL_NTS);
