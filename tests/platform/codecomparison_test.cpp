@@ -25,18 +25,15 @@ TEST(CodeComparison, CodesAreComparedByEqualityInConditions)
 {
     expectCompared(u"select * from a where "_s,
                    u"idpac ~ '12' and nome like '12'|idlic = 'x like 1'and IDPAC ~ 0 or(idpro ~ 7)order by 1|"
-                   "idpac\n~\tidpro and dia between '1' and '2' and idpro ~ 4 for update|not (idpro ~ 5)|"
-                   "nome = \"it's\" and obs = 'd''água' and idpac ~ 999999999999999;"_s);
+                   "idpac\n~\tidpro and dia between '1' and '2' and idpro ~ 4 for update|"
+                   "nome = \"it's\" and obs = 'd''água' and not (idpac ~ 999999999999999);"_s);
     expectCompared(u""_s, u"delete from a where `idpac` ~ 1 limit 1|"
                           "update a set idpac = 2, nome = 'idpac like 1' where a.idpac ~ 1|"
-                          "select count(*) from a force index (`x`) where ((idpac ~ 1) and (`idpro` = ?))|"
-                          "select nome as paciente, idpac codigo from a where idpac ~ 5 group by 1"_s);
-}
-
-TEST(CodeComparison, ANameStandsForTheColumnOfItsTable)
-{
+                          "select nome as paciente, idpac codigo from a force index (`x`) where ((idpac ~ 1) "
+                          "and (`idpro` = ?)) group by 1"_s);
+    // A name stands for the column of its table.
     expectCompared(u"select * from "_s,
-                   u"a where idpro ~ 2|b where idpro like 2|z where idpac like 2|b A where a.idpro like 2|"
+                   u"b where idpro like 2|z where idpac like 2|b A where a.idpro like 2|"
                    "a x join b AS y on X.idpro ~ x.idpac and y.idpro like x.idpro and a.idpac like 1|"
                    "a, b where idpac ~ 1 and idpro like 2 and a.idpro ~ 3 and cdfor ~ a.cdfor|"
                    "a, z where idpac like 1 and a.idpac ~ 1|"

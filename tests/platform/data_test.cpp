@@ -164,20 +164,6 @@ TEST_F(Data, ClosingTheConnectionClosesItsRecordsets)
     EXPECT_EQ(errorOf([&] { memory.AddNew(); }), 3704);
 }
 
-TEST_F(Data, AChangingStatementRunsThroughExecuteOpenAndCommand)
-{
-    EXPECT_EQ(connection.Execute(u"insert into plano (nmplano) values ('A'), ('B'), ('C')"_s), 3);
-    Recordset rs;
-    rs.Open(u"delete from plano where idplano like 1"_s, connection, 2, 3);
-    EXPECT_EQ(rs.State(), 0);
-    Command command;
-    command.setActiveConnection(&connection);
-    command.setCommandText(u"update plano set nmplano = 'Z' where idplano = 2"_s);
-    rs.Open(command, 1, 2);
-    EXPECT_EQ(rs.State(), 0);
-    EXPECT_EQ(planos(), (Table{{u"2"_s, u"Z"_s}, {u"3"_s, u"C"_s}}));
-}
-
 TEST_F(Data, ATransactionShowsAtItsCommitAndGoesWithItsConnection)
 {
     const auto insertInTransaction = [this](const QString& name) {

@@ -2,7 +2,6 @@
 #include "platform/data/error.h"
 #include "platform/datafixture.h"
 #include "platform/forms/datagrid.h"
-#include "platform/forms/form.h"
 
 #include <QHeaderView>
 #include <QScrollBar>
@@ -74,38 +73,6 @@ TEST_F(Grid, ShowsTheRowsWithCaptionsMasksAndAlignment)
     grid.setColumns({});
     EXPECT_EQ(grid.model()->columnCount(), 9);
     EXPECT_EQ(shown(0, 7), u""); // a null
-}
-
-/// A screen that writes down the rows which it was asked to open.
-class Screen : public Form
-{
-public:
-    Screen(DataGrid& grid, ADODB::Recordset& rows) : rows_(rows)
-    {
-        onDblClick(&grid, &Screen::grid_DblClick);
-    }
-
-    QList<qint64> opened;
-
-private:
-    void grid_DblClick() { opened << rows_.Fields("idplano").integer(); }
-
-    ADODB::Recordset& rows_;
-};
-
-TEST_F(Grid, ADoubleClickOnARowOpensItAndNothingElseDoes)
-{
-    source.setRecordSource(u"select * from plano where idplano <= 3 order by idplano"_s);
-    source.Refresh();
-    Screen screen(grid, rs());
-    QTest::mouseDClick(grid.viewport(), Qt::LeftButton, {}, middleOf(1));
-    QCoreApplication::processEvents();
-    QTest::mouseDClick(grid.viewport(), Qt::RightButton, {}, middleOf(2));
-    QTest::mouseDClick(grid.viewport(), Qt::LeftButton, {}, QPoint(50, grid.viewport()->height() - 5));
-    QTest::mouseClick(grid.viewport(), Qt::LeftButton, {}, middleOf(0));
-    press(Qt::Key_Return);
-    QCoreApplication::processEvents();
-    EXPECT_EQ(screen.opened, (QList<qint64>{2}));
 }
 
 TEST_F(Grid, TheGridsRowIsTheRecordsetsAndEveryChangeOfItIsToldOnceAndSeen)
