@@ -87,24 +87,16 @@ TEST_P(BoundRows, ARecordsetUsedAgainKnowsNothingOfItsLastResult)
 {
     database().execute(u"insert into plano (idplano) select seq from seq_1_to_120;"
                        "insert into produto values ('A', '1', 'luva'), ('A', '2', 'gaze')"_s);
-    for (const bool isLost : {false, true}) {
-        Recordset rs;
-        open(rs, u"select * from plano order by idplano"_s);
-        rs.Filter(u"idplano > 100"_s);
-        rs.Fields("nmplano") = u"half typed"_s;
-        if (isLost)
-            (pageSize > 0 ? readers.back() : connection).Close();
-        else
-            rs.Close();
-        if (connection.State() == 0)
-            connection.Open();
-        open(rs, u"select * from produto order by cdpro"_s);
-        rs.MoveNext();
-        rs.Fields("dspro") = isLost ? u"soro"_s : u"fio"_s;
-        rs.Update();
-        EXPECT_EQ(database().value(u"select max(concat(cdpro, dspro)) from produto"_s),
-                  isLost ? u"2soro" : u"2fio");
-    }
+    Recordset rs;
+    open(rs, u"select * from plano order by idplano"_s);
+    rs.Filter(u"idplano > 100"_s);
+    rs.Fields("nmplano") = u"half typed"_s;
+    rs.Close();
+    open(rs, u"select * from produto order by cdpro"_s);
+    rs.MoveNext();
+    rs.Fields("dspro") = u"fio"_s;
+    rs.Update();
+    EXPECT_EQ(database().value(u"select group_concat(dspro) from produto"_s), u"luva,fio");
 }
 
 TEST_P(BoundRows, AnUpdateTouchesOneRowAndOnlyWhatWasSet)

@@ -110,18 +110,4 @@ TEST_F(CodesOnTheWire, TheCatalogueSaysWhatACodeIs)
     EXPECT_TRUE(isTurned(u"visita where codvis like 1"_s));
 }
 
-TEST_F(CodesOnTheWire, BoundRowsAndChangesAreSentSoToo)
-{
-    database().execute(u"insert into plano (nmplano) values ('A'), ('B'), ('C')"_s);
-    QStringList seen;
-    const StatementWatch watch([&](const StatementEvent& event) { seen << event.sent; });
-    pageSize = 1;
-    Recordset rs;
-    open(rs, u"select * from plano where idplano like 2 or idplano like '3' order by nmplano"_s);
-    rs.MoveNext();
-    EXPECT_EQ(rs.Fields("nmplano").text(), u"C");
-    EXPECT_EQ(connection.Execute(u"delete from plano where idplano like 2"_s), 1);
-    EXPECT_EQ(seen.filter(u"like"_s), QStringList());
-}
-
 } // namespace

@@ -158,27 +158,17 @@ TEST_F(Grid, WidthsAndHeightsFollowTheGridAndItsFont)
     EXPECT_GE(grid.rowHeight(0), before + before / 2);
 }
 
-TEST_F(Grid, AClosedOrLostSourceIsAnEmptyGridThatRefreshFillsAgain)
+TEST_F(Grid, AClosedSourceIsAnEmptyGridThatRefreshFillsAgain)
 {
-    source.setRecordSource(u"select connection_id() as idplano, '' as nmplano, 0 as pdesc, '' as inicio"_s);
-    source.Refresh();
-    const QString session = rs().Fields("idplano").text();
-    source.setRecordSource(u"select * from plano order by idplano"_s);
-    for (const bool isLost : {true, false}) {
+    for (int round = 0; round < 2; ++round) {
         source.Refresh();
         EXPECT_EQ(grid.model()->rowCount(), 200);
         EXPECT_EQ(currentRow(), 0);
-        if (isLost) {
-            database().execute(u"kill "_s + session);
-            EXPECT_NE(errorOf([&] { source.Refresh(); }), 0);
-        } else {
-            source.Close();
-        }
+        source.Close();
         press(Qt::Key_Down);
-        EXPECT_EQ(rs().State(), 0);
+        EXPECT_EQ(grid.model()->rowCount(), 0);
+        EXPECT_EQ(currentRow(), -1);
     }
-    EXPECT_EQ(grid.model()->rowCount(), 0);
-    EXPECT_EQ(currentRow(), -1);
 }
 
 TEST_F(Grid, TheSourceMayGoBeforeTheGridAndTheGridBeforeTheSource)
@@ -202,19 +192,14 @@ TEST_F(Grid, TheSourceMayGoBeforeTheGridAndTheGridBeforeTheSource)
     EXPECT_EQ(currentRow(), 1);
 }
 
-TEST_F(Grid, AFailingHandlerAndAnUnknownColumnAreErrors)
+TEST_F(Grid, AFailingHandlerKeepsNoOtherGridFromItsRow)
 {
     DataGrid second;
     second.setDataSource(&source);
     source.Refresh();
-    const auto failing = QObject::connect(&grid, &DataGrid::rowChanged, [] { Errors::objectNotSet(); });
+    QObject::connect(&grid, &DataGrid::rowChanged, [] { Errors::objectNotSet(); });
     EXPECT_EQ(errorOf([&] { rs().MoveNext(); }), 91);
     EXPECT_EQ(second.currentIndex().row(), 1);
-    QObject::disconnect(failing);
-    source.setRecordSource(u"select idplano, nmplano from plano"_s);
-    EXPECT_EQ(errorOf([&] { source.Refresh(); }), 3265);
-    EXPECT_EQ(rs().State(), 0);
-    EXPECT_EQ(grid.model()->rowCount(), 0);
 }
 
 } // namespace
