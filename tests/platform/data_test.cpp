@@ -75,9 +75,9 @@ TEST_F(Data, AFieldIsFoundByNameAndReadAsNumberAndDateOutOfTextToo)
 TEST_F(Data, RowsComeWholeWhateverIsReadOfThem)
 {
     const QString sql =
-        u"select seq as n, if(seq % 3, repeat('é', if(seq < 800 or seq % 97, seq * 7 % 300, 150000)),"
-        " null) as t, date('2026-01-31') as d, repeat('z', seq % 300) as z"
-        " from seq_1_to_2000 where seq <= %1"_s;
+        u"select seq as n, repeat('a', 250) as a, if(seq % 3, repeat('é', if(seq < 800 or seq % 97,"
+        " seq * 7 % 300, 150000)), null) as t, date('2026-01-31') as d, repeat('z', seq % 300) as z,"
+        " repeat('c', 250) as c from seq_1_to_2000 where seq <= %1"_s;
     for (const int count : {0, 1, 256, 257, 1500})
         for (const int location : locations)
             for (const int every : {1, 350}) { // of all rows, or of a few now and then
