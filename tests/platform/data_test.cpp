@@ -24,31 +24,23 @@ Error thrownBy(Call call)
     throw std::logic_error("no error");
 }
 
-TEST_F(Data, AFieldSaysWhatItHoldsAndShowsItAsTheWorkstationWritesIt)
+TEST_F(Data, AFieldIsShownAsTheWorkstationWritesIt)
 {
-    // An expression, the text that is shown, and the value with its type.
+    // Summer time began at midnight on 4 November 2018: the clock was never at half past.
     const QStringView cases =
-        u"-12 -> -12 -> qlonglong -12|9223372036854775807 -> 9223372036854775807 -> qlonglong "
-        "9223372036854775807|cast(1234.5 as decimal(15,2)) -> 1234,50 -> double 1234.5|"
-        "cast(-0.05 as decimal(15,4)) -> -0,0500 -> double -0.05|12.5e0 -> 12,5 -> double 12.5|"
-        "date('2026-01-31') -> 31/01/2026 -> QDate 2026-01-31|"
-        "time('08:05:00') -> 08:05:00 -> QTime 08:05:00.000|"
-        "timestamp('2026-01-31 08:05:09') -> 31/01/2026 08:05:09 -> QDateTime 2026-01-31T08:05:09.000|"
-        "timestamp('2026-01-31 00:00:00') -> 31/01/2026 -> QDateTime 2026-01-31T00:00:00.000|"
-        // Summer time began at midnight: the clock was never at half past.
-        "timestamp('2018-11-04 00:30:00') -> 04/11/2018 00:30:00 -> QDateTime |"
-        "'ação 日本 😀' -> ação 日本 😀 -> QString ação 日本 😀|'' ->  -> QString |cast(null as date) ->  -> "
-        "null";
+        u"-12 -> -12|9223372036854775807 -> 9223372036854775807|cast(1234.5 as decimal(15,2)) -> 1234,50|"
+        "cast(-0.05 as decimal(15,4)) -> -0,0500|12.5e0 -> 12,5|date('2026-01-31') -> 31/01/2026|"
+        "time('08:05:00') -> 08:05:00|timestamp('2026-01-31 08:05:09') -> 31/01/2026 08:05:09|"
+        "timestamp('2026-01-31 00:00:00') -> 31/01/2026|"
+        "timestamp('2018-11-04 00:30:00') -> 04/11/2018 00:30:00|'ação 日本 😀' -> ação 日本 😀|'' -> |"
+        "cast(null as date) -> ";
     for (const int location : locations)
         for (const QStringList& row : textTable(cases, u" -> ")) {
             Recordset rs;
             rs.setCursorLocation(location);
             rs.Open(u"select %1 as v"_s.arg(row[0]), connection);
-            const QVariant value = rs.Fields("v").value();
             EXPECT_EQ(rs.Fields("v").text(), row[1]) << row[0].toStdString();
-            EXPECT_EQ(rs.Fields("v").isNull() ? u"null"_s
-                                              : QString(value.typeName()) + u' ' + value.toString(),
-                      row[2]);
+            EXPECT_EQ(rs.Fields("v").isNull(), row[0].contains(u"null"));
         }
 }
 
