@@ -33,19 +33,17 @@ TEST_P(BoundRows, ANewRowIsSentWithWhatWasSetAndReadBack)
         rs.Fields("NMPLANO") = name;
         rs.Fields("idplano") = number;
         rs.Fields("pdesc") = 12.345;
-        EXPECT_EQ(rs.Fields("nmplano").text(), name);
         rs.Update();
         EXPECT_EQ(rs.Fields("pdesc").text() + rs.Fields("sit").text(), u"12,35N") << "read back";
         return rs.Fields("idplano").integer();
     };
     EXPECT_EQ(numberFor(u"UNIMED"_s, nullptr), 1);
     EXPECT_EQ(numberFor(u"B"_s, u""_s), 2);
-    EXPECT_EQ(numberFor(u"C"_s, 0), 3);
-    EXPECT_EQ(numberFor(u"D"_s, u"00"_s), 4);
+    EXPECT_EQ(numberFor(u"D"_s, u"00"_s), 3);
     EXPECT_EQ(numberFor(u"AMIL"_s, 77), 77);
-    EXPECT_EQ(rs.heldPosition(), 4) << "at the end";
+    EXPECT_EQ(rs.heldPosition(), 3) << "at the end";
     EXPECT_EQ(database().value(u"select group_concat(idplano, nmplano, pdesc, sit) from plano"_s),
-              u"1UNIMED12.35N,2B12.35N,3C12.35N,4D12.35N,77AMIL12.35N");
+              u"1UNIMED12.35N,2B12.35N,3D12.35N,77AMIL12.35N");
     rs.Requery();
     EXPECT_EQ(rs.heldPosition(), 0);
     EXPECT_EQ(rs.Fields("nmplano").text(), u"AMIL");
@@ -72,46 +70,33 @@ TEST_P(BoundRows, WhatIsAssignedArrivesAsTheColumnStoresIt)
     EXPECT_EQ(stored(u"nmplano"_s, QDate(2026, 1, 31)), u"2026/01/31");
     const QString large(150'000, u'é');
     EXPECT_EQ(stored(u"obs"_s, large), large);
-    EXPECT_EQ(stored(u"pdesc"_s, 0.1 + 0.2), u"0.30");
     EXPECT_EQ(stored(u"qtde"_s, -1.5), u"-1.5");
     EXPECT_EQ(stored(u"inicio"_s, QDate(1899, 12, 30)), u"1899-12-30");
     EXPECT_EQ(stored(u"inicio"_s, QDate()), u"null");
     // Texts; on 4 November 2018 summer time began at midnight.
     for (const QStringList& row :
-         textTable(u"pdesc=12.5=12.50|pdesc= 12,5 =12.50|pdesc=1.234=1.23|pdesc=1.234,56=1234.56|"
-                   "pdesc=R$ -3,10=-3.10|pdesc=9999999999999.99=9999999999999.99|pdesc= =null|"
-                   "inicio=31/01/2026=2026-01-31|inicio=2026/01/31=2026-01-31|inicio=31/02/2026=null|"
-                   "inicio=04/11/2018=2018-11-04|inicio==null|visto=04/11/2018 0:30=2018-11-04 00:30:00|"
-                   "visto=31/01/2026=2026-01-31 00:00:00|hora=8:05=08:05:00"))
+         textTable(u"pdesc=12.5=12.50|pdesc=1.234=1.23|pdesc=R$ -1.234,56=-1234.56|"
+                   "pdesc=9999999999999.99=9999999999999.99|pdesc= =null|inicio=31/02/2026=null|"
+                   "inicio=04/11/2018=2018-11-04|visto=04/11/2018 0:30=2018-11-04 00:30:00|"
+                   "visto=2026/01/31=2026-01-31 00:00:00|hora=8:05=08:05:00"))
         EXPECT_EQ(stored(row[0], row[1]), row[2]) << row[1].toStdString();
     EXPECT_EQ(errorOf([&] { rs.Fields("pdesc") = u"doze"_s; }), 13);
-    EXPECT_EQ(errorOf([&] { rs.Fields("idplano") = QDate(2026, 1, 31); }), 13);
 }
 
 TEST_P(BoundRows, ARecordsetUsedAgainKnowsNothingOfItsLastResult)
 {
     database().execute(u"insert into plano (idplano) select seq from seq_1_to_120;"
                        "insert into produto values ('A', '1', 'luva'), ('A', '2', 'gaze')"_s);
-    for (const bool isLost : {false, true}) {
-        Recordset rs;
-        open(rs, u"select * from plano order by idplano"_s);
-        rs.Filter(u"idplano > 100"_s);
-        rs.Delete();
-        rs.Fields("nmplano") = u"half typed"_s;
-        if (isLost)
-            (pageSize > 0 ? readers.back() : connection).Close();
-        else
-            rs.Close();
-        if (connection.State() == 0)
-            connection.Open();
-        open(rs, u"select * from produto order by cdpro"_s);
-        rs.MoveNext();
-        rs.Fields("dspro") = isLost ? u"soro"_s : u"fio"_s;
-        rs.Update();
-        EXPECT_EQ(database().value(u"select group_concat(dspro order by cdpro) from produto"_s),
-                  isLost ? u"luva,soro" : u"luva,fio");
-    }
-    EXPECT_EQ(database().value(u"select concat(count(*), count(nmplano)) from plano"_s), u"1180");
+    Recordset rs;
+    open(rs, u"select * from plano order by idplano"_s);
+    rs.Filter(u"idplano > 100"_s);
+    rs.Fields("nmplano") = u"half typed"_s;
+    rs.Close();
+    open(rs, u"select * from produto order by cdpro"_s);
+    rs.MoveNext();
+    rs.Fields("dspro") = u"fio"_s;
+    rs.Update();
+    EXPECT_EQ(database().value(u"select group_concat(dspro) from produto"_s), u"luva,fio");
 }
 
 TEST_P(BoundRows, AnUpdateTouchesOneRowAndOnlyWhatWasSet)
@@ -122,10 +107,10 @@ TEST_P(BoundRows, AnUpdateTouchesOneRowAndOnlyWhatWasSet)
     open(rs, u"select * from produto order by idlic, cdpro"_s);
     // Another station has changed a column that this one does not set: it stays.
     Recordset other;
-    open(other, u"select cdpro, idlic, dspro from produto where idlic = 'A' and cdpro = '0012'"_s);
+    open(other, u"select cdpro as codigo, idlic, dspro from produto where idlic = 'A' and cdpro = '0012'"_s);
     rs.Fields("dspro") = u"LUVA M"_s;
     rs.Update();
-    other.Fields("cdpro") = u"0013"_s;
+    other.Fields("codigo") = u"0013"_s;
     other.Update();
     EXPECT_EQ(other.Fields("dspro").text(), u"LUVA M") << "read back under its new key";
     other.Fields("dspro") = u"LUVA G"_s;
@@ -144,13 +129,9 @@ TEST_P(BoundRows, ADeletedRowLeavesTheNextOneCurrentAndOneThatIsGoneIsAnError)
     rs.Fields("nmplano") = u"A"_s;
     rs.Update();
     database().execute(u"delete from plano where idplano = 1"_s);
-    rs.Fields("nmplano") = u"X"_s;
-    EXPECT_EQ(errorOf([&] { rs.Update(); }), Error::RowGone);
-    rs.CancelUpdate();
     EXPECT_EQ(errorOf([&] { rs.Delete(); }), Error::RowGone);
+    rs.MoveNext();
     for (const QString& next : {u"C"_s, u"D"_s, u"E"_s}) {
-        rs.MoveFirst();
-        rs.MoveNext();
         rs.Delete();
         EXPECT_EQ(rs.Fields("nmplano").text(), next);
     }
@@ -212,19 +193,15 @@ TEST_P(BoundRows, AnUnsavedChangeStandsInTheWayUntilItIsSavedOrCancelled)
     rs.Fields("cdpro") = u"2"_s;
     EXPECT_EQ(errorOf([&] { rs.Update(); }), 1062);
     for (const auto& move : std::initializer_list<std::function<void()>>{
-             [&] { rs.MoveNext(); }, [&] { rs.Find(u"cdpro = '1'"_s); }, [&] { rs.Filter({}); },
-             [&] { rs.Requery(); }, [&] { rs.AddNew(); }, [&] { rs.Delete(); }, [&] { rs.Bookmark(); }})
+             [&] { rs.MoveNext(); }, [&] { rs.Filter({}); }, [&] { rs.Requery(); }, [&] { rs.AddNew(); }})
         EXPECT_EQ(errorOf(move), 3219);
     rs.Fields("cdpro") = u"3"_s;
     rs.Update();
     rs.Fields("dspro") = u"esquecido"_s;
     rs.CancelUpdate();
     rs.MovePrevious();
-    rs.AddNew();
-    rs.CancelUpdate();
     EXPECT_EQ(rs.Fields("cdpro").text(), u"2");
-    EXPECT_EQ(database().value(u"select group_concat(cdpro, ifnull(dspro, '-')) from produto"_s),
-              u"1luva,2gaze,3-");
+    EXPECT_EQ(database().value(u"select max(concat(cdpro, ifnull(dspro, '-'))) from produto"_s), u"3-");
 }
 
 TEST_P(BoundRows, WhatHasNoOneTableAndKeyIsReadOnly)
@@ -233,22 +210,11 @@ TEST_P(BoundRows, WhatHasNoOneTableAndKeyIsReadOnly)
     for (const QString& sql :
          {u"select * from solto"_s, u"select p.*, s.b from plano p left join solto s on p.idplano like s.a"_s,
           u"select a.idplano, b.nmplano from plano a, plano b"_s, u"select nmplano from plano"_s,
-          u"select 1 as a"_s}) {
+          u"select concat(nmplano, '!'), idplano from plano"_s}) {
         Recordset rs;
         open(rs, sql);
-        for (const auto& change : std::initializer_list<std::function<void()>>{
-                 [&] { rs.Fields(0) = 1; }, [&] { rs.AddNew(); }, [&] { rs.Delete(); }})
-            EXPECT_EQ(errorOf(change), 3251) << sql.toStdString();
+        EXPECT_EQ(errorOf([&] { rs.Fields(0) = 1; }), 3251) << sql.toStdString();
     }
-    Recordset rs;
-    open(rs, u"select idplano, nmplano as nome, concat(nmplano, '!') as grito from plano"_s);
-    EXPECT_EQ(errorOf([&] { rs.Fields("grito") = u"B!"_s; }), 3251);
-    rs.Fields("nome") = u"B"_s;
-    rs.Update();
-    EXPECT_EQ(planos(), (Table{{u"1"_s, u"B"_s}}));
-    Recordset locked;
-    locked.Open(u"select * from plano"_s, connection, Recordset::Static, Recordset::ReadOnly);
-    EXPECT_EQ(errorOf([&] { locked.Fields("nmplano") = u"C"_s; }), 3251);
 }
 
 /// Rows that the searches below run over.
@@ -279,16 +245,13 @@ TEST_P(Searched, FindAndFilterReadTheSameCriteria)
 {
     // Criteria, and the codes of the rows that meet them.
     const QStringView cases =
-        u"idplano = 2 -> 2|IDPLANO=2 -> 2|idplano like '2' -> 2|idplano like '02' -> |idplano = '02' -> 2|"
-        "idplano = 99 -> |idplano > 10 -> |nmplano like 12 -> 1,2|nmplano = 12 -> 1,2|nmplano <> 12 -> 3,4|"
-        "nmplano like '12' -> 2|nmplano like '%12' -> 1,2,4|nmplano like 'x%' -> 4|"
+        u"IDPLANO=2 -> 2|idplano like '2' -> 2|idplano like '02' -> |idplano = '02' -> 2|idplano > 10 -> |"
+        "nmplano like 12 -> 1,2|nmplano <> 12 -> 3,4|nmplano like '12' -> 2|nmplano like 'x%' -> 4|"
         "nmplano like '%0%1%' -> 1,3|nmplano like '12%2' -> |nmplano <> '12' -> 1,3,4|pdesc = 12.5 -> 1|"
-        "pdesc = '12.5' -> 1|pdesc like '12,50' -> 1|pdesc <= -1 -> 2|pdesc >= 12.5 -> 1,4|"
-        "inicio = '2026/01/31' -> 1|inicio like '31/01/2026' -> 1|inicio < '2026/02/01' -> 1,4|"
-        "inicio <> '2026/02/01' -> 1,4|inicio > '2018/11/04' -> 1,2|visto < '04/11/2018 00:31' -> 4|"
-        "visto <= '04/11/2018 00:30' -> 4|visto > '31/01/2026 09:59' -> 1,2|obs = 'andré' -> 1|"
-        "obs = 'd''água' -> 3|obs = 'a and b' -> 2|obs like 'a%' and idplano > 1 -> 2|"
-        "nmplano like 12 AND pdesc like -1 -> 2";
+        "pdesc = '12.5' -> 1|pdesc like '12,50' -> 1|pdesc <= -1 -> 2|inicio like '31/01/2026' -> 1|"
+        "inicio < '2026/02/01' -> 1,4|visto <= '04/11/2018 00:30' -> 4|visto > '31/01/2026 09:59' -> 1,2|"
+        "obs = 'andré' -> 1|obs = 'd''água' -> 3|obs = 'a and b' -> 2|"
+        "obs like 'a%' AND idplano > 1 -> 2";
     for (const QStringList& row : textTable(cases, u" -> ")) {
         SCOPED_TRACE(row.join(u" -> ").toStdString());
         const QString& criteria = row[0];
@@ -310,14 +273,11 @@ TEST_P(Searched, FindAndFilterReadTheSameCriteria)
 
 TEST_P(Searched, WhatIsNoCriterionIsRefusedByNumber)
 {
-    for (const QString& criteria : {u"nmplano like ABC"_s, u"nmplano = "_s, u"nmplano"_s, u"= 2"_s,
-                                    u"nmplano = 'a"_s, u"idplano = 1 and"_s, u"idplano = 1 or idplano = 2"_s,
-                                    u"idplano = 1 nmplano = 2"_s, u"nmplano like12"_s, u"pdesc = 12,5"_s}) {
-        SCOPED_TRACE(criteria.toStdString());
-        EXPECT_EQ(errorOf([&] { rs.Find(criteria); }), 3001);
-        EXPECT_EQ(errorOf([&] { rs.Filter(criteria); }), 3001);
-    }
-    EXPECT_EQ(errorOf([&] { rs.Find(u"nada = 1"_s); }), 3265);
+    for (const QString& criteria : {u"nmplano like ABC"_s, u"nmplano = "_s, u"nmplano"_s, u"nmplano = 'a"_s,
+                                    u"idplano = 1 and"_s, u"idplano = 1 or idplano = 2"_s,
+                                    u"idplano = 1 nmplano = 2"_s, u"nmplano like12"_s, u"pdesc = 12,5"_s})
+        EXPECT_EQ(errorOf([&] { rs.Find(criteria); }), 3001) << criteria.toStdString();
+    EXPECT_EQ(errorOf([&] { rs.Filter(u"nada = 1"_s); }), 3265);
     EXPECT_EQ(rs.heldPosition(), 0);
 }
 
@@ -328,7 +288,6 @@ TEST_P(Searched, RowsAreAddedAndDeletedUnderAFilterAndAMarkedOneIsGoneBackTo)
     rs.MoveFirst();
     rs.MovePrevious();
     EXPECT_TRUE(rs.Bof());
-    EXPECT_EQ(errorOf([&] { rs.MovePrevious(); }), 3021);
     EXPECT_EQ(errorOf([&] { rs.Bookmark(); }), 3021);
     rs.setBookmark(mark);
     rs.Fields("idplano") = 7;
@@ -354,31 +313,29 @@ TEST_P(Searched, RowsAreAddedAndDeletedUnderAFilterAndAMarkedOneIsGoneBackTo)
 TEST_P(Searched, RequeryKeepsTheRow)
 {
     const QString join =
-        u"select p.idplano, s.b from plano p left join solto s on p.idplano like s.a order by "_s;
+        u"select p.idplano, s.b from plano p left join solto s on p.idplano like s.a order by nmplano, s.b"_s;
     rs.Close();
     // A row that is current, what happens, and the row that is current then.
     for (const QStringList& given : textTable(
              u"3 -> delete from plano where idplano = 1 -> 3|"
-             "3 -> insert into plano (idplano, nmplano) values (-5, '') -> 3|"
              "3 -> update plano set nmplano = null where idplano = 3 -> 3|"
              "2 -> delete from plano where idplano = 2 -> 3|4 -> delete from plano where idplano = 4 -> 1|"
              "99 -> insert into plano (nmplano) values ('zz') -> 1|2 -> delete from plano -> ",
              u" -> "))
-        for (const QString& sql : {u"select * from plano order by nmplano"_s, join + u"nmplano"_s}) {
-            SCOPED_TRACE(given[1].toStdString());
+        for (const QString& sql : {u"select * from plano order by nmplano"_s, join}) {
             fill();
             Recordset mine;
             open(mine, sql);
             mine.Find(u"idplano = "_s + given[0]);
             database().execute(given[1]);
             mine.Requery();
-            EXPECT_EQ(mine.Eof() ? u""_s : mine.Fields("idplano").text(), given[2]);
+            EXPECT_EQ(mine.Eof() ? u""_s : mine.Fields("idplano").text(), given[2]) << given[1].toStdString();
         }
     // Where a join repeats the key, the row at the same position is meant.
     fill();
     database().execute(u"insert into solto values (1, 'a'), (1, 'b'), (1, 'c')"_s);
     Recordset mine;
-    open(mine, join + u"p.idplano, s.b"_s);
+    open(mine, join);
     mine.MoveNext();
     mine.Requery();
     EXPECT_EQ(mine.heldPosition(), 1);

@@ -55,13 +55,6 @@ protected:
         QApplication::sendEvent(box, &event);
     }
 
-    static void compose(QWidget* box, const QString& text)
-    {
-        QInputMethodEvent event;
-        event.setCommitString(text);
-        QApplication::sendEvent(box, &event);
-    }
-
     Form form;
 };
 
@@ -108,7 +101,9 @@ TEST_F(Limits, EveryWayInIsHeldAndRaisesLetters)
     QTest::keyClicks(line, u"abcdef"_s);
     EXPECT_EQ(line->text(), u"ABCD");
     line->setSelection(1, 2);
-    compose(line, u"xyz"_s);
+    QInputMethodEvent composed;
+    composed.setCommitString(u"xyz"_s);
+    QApplication::sendEvent(line, &composed);
     EXPECT_EQ(line->text(), u"AXYD") << "in the place of what is selected";
     line->selectAll();
     pasteByMenu(line, u"vwxyz"_s);

@@ -118,18 +118,29 @@ TEST_P(RandomWalk, RowsReadByPagesShowAndChangeAsRowsHeldWhole)
                     (rs.*move)();
             });
         };
-        const auto set = [&](Recordset& rs) {
-            rs.Fields("nmplano") = text;
-            rs.Fields("inicio") = QDate(1990 + 5 * n, 1, 1);
-            rs.Update();
+        const auto find = [&] { both(u"find "_s + wanted, [&](Recordset& rs) { rs.Find(wanted); }); };
+        const auto change = [&] {
+            const QString how = one(u"set |key |add ");
+            both(how + number + text, [&](Recordset& rs) {
+                if (how == u"add ")
+                    rs.AddNew();
+                if (how != u"set ")
+                    rs.Fields("idplano") = number;
+                rs.Fields("nmplano") = text;
+                rs.Fields("inicio") = QDate(1990 + 5 * n, 1, 1);
+                rs.Update();
+            });
         };
         const std::function<void()> steps[] = {
             [&] { repeated(u"next"_s, &Recordset::MoveNext); },
             [&] { repeated(u"previous"_s, &Recordset::MovePrevious); },
             [&] { both(u"first"_s, [](Recordset& rs) { rs.MoveFirst(); }); },
             [&] { both(u"last"_s, [](Recordset& rs) { rs.MoveLast(); }); },
-            [&] { both(u"find "_s + wanted, [&](Recordset& rs) { rs.Find(wanted); }); },
-            [&] { both(u"find "_s + wanted, [&](Recordset& rs) { rs.Find(wanted); }); },
+            find,
+            find,
+            change,
+            change,
+            change,
             [&] {
                 both(u"filter "_s + wanted, [&](Recordset& rs) { rs.Filter(i % 8 == 0 ? wanted : u""_s); });
             },
@@ -148,20 +159,6 @@ TEST_P(RandomWalk, RowsReadByPagesShowAndChangeAsRowsHeldWhole)
                     both(u"mark"_s, [&, a = ofPaged, b = ofWhole](Recordset& rs) {
                         rs.setBookmark(&rs == &paged ? a : b);
                     });
-            },
-            [&] { both(u"set "_s + text, set); },
-            [&] {
-                both(u"set to "_s + number, [&](Recordset& rs) {
-                    rs.Fields("idplano") = number;
-                    set(rs);
-                });
-            },
-            [&] {
-                both(u"add "_s + number, [&](Recordset& rs) {
-                    rs.AddNew();
-                    rs.Fields("idplano") = number;
-                    set(rs);
-                });
             },
             [&] { both(u"delete"_s, [](Recordset& rs) { rs.Delete(); }); },
             [&] {

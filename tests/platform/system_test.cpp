@@ -74,18 +74,17 @@ public:
 /// A certificate for this machine, signed by itself, with its key.
 QSslConfiguration ownCertificate(const QTemporaryDir& folder)
 {
-    const auto file = [&](const QString& name) { return folder.filePath(name); };
+    QFile file(folder.filePath(u"pem"_s));
     const QStringList arguments =
         u"req -x509 -newkey ec -pkeyopt ec_paramgen_curve:prime256v1 -nodes -days 2 -subj /CN=localhost "
-        "-addext subjectAltName=IP:127.0.0.1"_s.split(u' ');
-    EXPECT_EQ(QProcess::execute(u"openssl"_s, arguments + QStringList{u"-keyout"_s, file(u"key"_s), u"-out"_s,
-                                                                      file(u"certificate"_s)}),
-              0);
-    QFile key(file(u"key"_s));
-    EXPECT_TRUE(key.open(QFile::ReadOnly));
+        "-addext subjectAltName=IP:127.0.0.1 -keyout"_s.split(u' ');
+    EXPECT_EQ(
+        QProcess::execute(u"openssl"_s, arguments + QStringList{file.fileName(), u"-out"_s, file.fileName()}),
+        0);
+    EXPECT_TRUE(file.open(QFile::ReadOnly));
     QSslConfiguration tls = QSslConfiguration::defaultConfiguration();
-    tls.setPrivateKey(QSslKey(&key, QSsl::Ec));
-    tls.setLocalCertificateChain(QSslCertificate::fromPath(file(u"certificate"_s)));
+    tls.setPrivateKey(QSslKey(&file, QSsl::Ec));
+    tls.setLocalCertificateChain(QSslCertificate::fromPath(file.fileName()));
     return tls;
 }
 
@@ -95,10 +94,8 @@ TEST_F(ProgramFolder, NamesAreFoundWhateverTheirCase)
 {
     Files::write(Files::inProgramFolder(u"\\tremosilva.ini"_s), "one");
     Files::write(Files::inProgramFolder(u"\\Tremosilva.INI"_s), "two");
-    EXPECT_EQ(QDir(folder.path()).entryList(QDir::Files), QStringList{u"tremosilva.ini"_s})
-        << "one file, not two";
+    EXPECT_EQ(Files::filesOf(folder.path()), QStringList{u"tremosilva.ini"_s}) << "one file, not two";
     EXPECT_EQ(Files::read(Files::inProgramFolder(u"\\TREMOSILVA.ini"_s)), "two");
-
     Files::makeFolder(Files::inProgramFolder(u"\\temp"_s));
     EXPECT_EQ(Files::inProgramFolder(u"\\TEMP\\x.pdf"_s), folder.path() + u"/temp/x.pdf"_s);
 }
@@ -112,9 +109,6 @@ TEST_F(ProgramFolder, FailuresOfFilesAreErrors)
     EXPECT_EQ(errorOf([&] { Shell::open(missing); }), 53);
     Files::write(missing, "x");
     EXPECT_EQ(errorOf([&] { Files::makeFolder(missing + u"/below"_s); }), 75);
-    QFile::setPermissions(missing, QFile::ReadOwner);
-    Files::removeFile(missing);
-    EXPECT_FALSE(Files::exists(missing)) << "write-protected files go too";
 }
 
 TEST_F(ProgramFolder, AFullDiskIsToldAndLeavesNothingHalf)
@@ -139,14 +133,13 @@ TEST_F(ProgramFolder, AFullDiskIsToldAndLeavesNothingHalf)
 TEST_F(ProgramFolder, ProfileValues)
 {
     const QString file = Files::inProgramFolder(u"\\a.ini"_s);
-    Files::write(
-        file, "stray=0\r\n[Other]\r\nkey=1\r\n[CONFIG]\r\n Key = two words \r\nempty=\r\nkey=later\r\nlong=" +
-                  QByteArray(300, 'x') + "\r\n\xe3=\xe7\r\n[After]\r\nafter=3\r\n");
+    Files::write(file,
+                 "stray=0\r\n[Other]\r\nkey=1\r\n[CONFIG]\r\n Key = two words \r\nempty=\r\nkey=later\r\n"
+                 "\xe3=\xe7\r\n[After]\r\nafter=3\r\n");
     for (const QStringList& row : textTable(u"config=KEY=two words|CONFIG=empty=|CONFIG=stray=none|"
                                             "CONFIG=after=none|Other=key=1|CONFIG=ã=ç"))
         EXPECT_EQ(Files::profileValue(row[0], row[1], u"none"_s, file), row[2]) << row[1].toStdString();
-    EXPECT_EQ(Files::profileValue(u"CONFIG"_s, u"long"_s, u"none"_s, file), QString(254, u'x'));
-    EXPECT_EQ(Files::profileValue(u"CONFIG"_s, u"key"_s, u"none"_s, file + u"x"_s), u"none");
+    EXPECT_EQ(Files::profileValue(u"CONFIG"_s, u"key"_s, u"none"_s, file, 4), u"two");
 }
 
 TEST(Http, AnswersComeBackWholeOrAsAnError)
@@ -163,9 +156,7 @@ TEST(Http, AnswersComeBackWholeOrAsAnError)
         {OneAnswer::http("404 Not Found", "gone"), 404, "gone"},
         {"HTTP/1.1 503 Busy\r\n\r\nlater", 503, "later"},
         {OneAnswer::http("200 OK", "#!/bin/sh\n").chopped(1), 0, {}, 12030},
-        {head + "Content-Length: 100\r\n\r\nab", 0, {}, 12030},
         {"HTTP/1.1 302 Found\r\nLocation: ftp://127.0.0.1/x\r\nContent-Length: 0\r\n\r\n", 0, {}, 12156},
-        {"HTTP/1.1 302 Found\r\nContent-Length: 0\r\n\r\n", 0, {}, 12156},
         // Without a length a file is not known to be whole.
         {head + "Transfer-Encoding: chunked\r\n\r\n2\r\nab\r\n0\r\n\r\n", 200, "ab", 0, 12152},
         {head + "\r\nab", 200, "ab", 0, 12152},

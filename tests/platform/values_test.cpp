@@ -9,15 +9,21 @@
 #include <gtest/gtest.h>
 
 #include <functional>
-#include <limits>
 #include <map>
 
 using namespace Qt::StringLiterals;
 
 namespace {
 
-const double Infinity = std::numeric_limits<double>::infinity();
-const double NotANumber = std::numeric_limits<double>::quiet_NaN();
+/// Expects that every row's first text becomes its second one; of a failure, its number behind "!".
+void expectConverted(QStringView rows, const std::function<QString(const QString& text)>& convert)
+{
+    for (const QStringList& row : textTable(rows)) {
+        QString result;
+        const int error = errorOf([&] { result = convert(row[0]); });
+        EXPECT_EQ(error ? u'!' + QString::number(error) : result, row[1]) << row[0].toStdString();
+    }
+}
 
 QDateTime moment(int year, int month, int day, int hour = 0, int minute = 0, int second = 0)
 {
@@ -29,151 +35,95 @@ QDateTime moment(int year, int month, int day, int hour = 0, int minute = 0, int
 TEST(Format, writesNumbersByMask)
 {
     const char16_t* rows =
-        // money
-        u"1234.5=##########0.00=1234,50|0=############0.00=0,00|-0.5=#########0.00=-0,50|"
-        u"-1234567.891=##############0.00=-1234567,89|1e20=#############0.00=100000000000000000000,00|"
-        // quantities and unit prices
-        u"12.5=#########0.00##=12,50|1.23456=#########0.00##=1,2346|1.2304=###########0.00##=1,2304|"
-        u"1.23004=############0.00##=1,23|7.125=################0.00##=7,125|"
-        u"0.00004=#######0.00##=0,00|1e-300=########0.00##=0,00|"
+        // money, quantities and unit prices
+        u"1234.5=##########0.00=1234,50|-0.5=#########0.00=-0,50|1e20=###0.00=100000000000000000000,00|"
+        u"12.5=#########0.00##=12,50|1.23456=#########0.00##=1,2346|0.00004=#######0.00##=0,00|"
+        u"1e-300=########0.00##=0,00|"
         // rounding: on the decimal digits, half away from zero, with the carry through to a new digit
-        u"1.005=0.00=1,01|-1.005=0.00=-1,01|2.675=0.00=2,68|0.125=0.00=0,13|2.5=0=3|1.0049=0.00=1,00|"
-        u"999.995=0.00=1000,00|0.99996=0.00##=1,00|0.30000000000000004=0.00##############=0,30|"
-        u"-0.004=0.00=0,00|0.4999=0.000=0,500|"
-        // codes, times, coordinates
-        u"7=000=007|12345=000=12345|-7=0000=-0007|6=00=06|0=00=00|12=###0.=12,|0.5=###0.00=0,50|"
-        u"0=###=|0=#.##=,|0.25=.00=,25|12.25=.00=12,25|1.1=0.0#0=1,100|"
-        // groups
-        u"1234567.8=#,##0.00=1.234.567,80|999=#,##0=999|1000=#,##0=1.000|12=0,000=0.012|5=0,=5,|5=,0=,5|"
+        u"1.005=0.00=1,01|-1.005=0.00=-1,01|2.5=0=3|999.995=0.00=1000,00|0.99996=0.00##=1,00|"
+        u"0.30000000000000004=0.00##############=0,30|-0.004=0.00=0,00|"
+        // codes, times, groups
+        u"7=000=007|12345=000=12345|-7=0000=-0007|12=###0.=12,|0=#.##=,|0.25=.00=,25|1.1=0.0#0=1,100|"
+        u"1234567.8=#,##0.00=1.234.567,80|999=#,##0=999|12=0,000=0.012|5=0,=5,|5=,0=,5|"
         // documents: the first zero keeps the leading zeros of the number
         u"12345678000195=0#\\.###\\.###\\/####\\-##=12.345.678/0001-95|"
-        u"191=0#\\.###\\.###\\/####\\-##=00.000.000/0001-91|"
-        u"12345678909=0##\\.###\\.###\\-##=123.456.789-09|1234567890=0##\\.###\\.###\\-##=012.345.678-90|"
-        u"5=\\0-0\\=0-5\\";
+        u"1234567890=0##\\.###\\.###\\-##=012.345.678-90|5=\\0-0\\=0-5\\";
     for (const QStringList& row : textTable(rows))
         EXPECT_EQ(Format(row[0].toDouble(), row[1]), row[2]) << row.join(u' ').toStdString();
+    EXPECT_EQ(Currency(-1234567.895), u"-R$ 1.234.567,90");
 }
 
 TEST(Format, writesDatesByMask)
 {
     const char16_t* rows =
-        u"yyyy/mm/dd=2024/03/09|dd/mm/yyyy=09/03/2024|dd/mm/yy=09/03/24|dd/mm/yyyy hh:nn=09/03/2024 14:05|"
-        u"dd/mm/yyyy hh:mm=09/03/2024 14:05|hh:nn=14:05|yymmddhhmmss=240309140507|ddmmyyhhmmss=090324140507|"
-        u"ddmmyyyyhhmmss=09032024140507|yymmddhhnn=2403091405|ddmmyy=090324|ddmmyyyy=09032024|"
-        u"yyyymmdd=20240309|YYYYMMDDHHNNSS=20240309140507|YYYYMMDDHHmmSS=20240309140507|hh dd/mm=14 09/03|"
-        u"mm:ss=05:07|d/m/yy h:n:s=9/3/24 14:5:7|\\dd \\de y=d9 de y";
+        u"yyyy/mm/dd=2024/03/09|dd/mm/yy hh:nn=09/03/24 14:05|dd/mm/yyyy hh:mm=09/03/2024 14:05|"
+        u"YYYYMMDDHHmmSS=20240309140507|hh dd/mm=14 09/03|mm:ss=05:07|d/m/yy h:n:s=9/3/24 14:5:7|"
+        u"\\dd \\de y=d9 de y";
     for (const QStringList& row : textTable(rows))
         EXPECT_EQ(Format(moment(2024, 3, 9, 14, 5, 7), row[0]), row[1]) << row[0].toStdString();
-    EXPECT_EQ(Format(QDate(2007, 2, 28), u"dd/mm/yy hh:nn"), u"28/02/07 00:00");
-    EXPECT_EQ(Format(QDate(987, 1, 2), u"yyyymmdd"), u"09870102");
+    EXPECT_EQ(Format(QDate(987, 1, 2), u"yyyymmdd hh:nn"), u"09870102 00:00");
     EXPECT_EQ(Format(QDateTime(), u"dd/mm/yyyy"), u"");
 }
 
 TEST(Format, readsATextAsTheMaskAsks)
 {
-    const char16_t* rows = u"R$ 1.234,5=##########0.00=1234,50|10.5000=#########0.00##=10,50|"
-                           u"12345678000195=0#\\.###\\.###\\/####\\-##=12.345.678/0001-95|"
-                           u"2024-03-09 14:05:07=dd/mm/yyyy hh:nn=09/03/2024 14:05|8:05=hh:nn=08:05|"
-                           // neither
-                           u"=0.00=| abc=0.00= abc|09/03/2024=0.00=09/03/2024|"
-                           u"31/02/2024=yyyy/mm/dd=31/02/2024|12,5=dd/mm/yyyy=12,5";
-    for (const QStringList& row : textTable(rows))
+    for (const QStringList& row : textTable(
+             u"R$ "
+             u"1.234,5=##########0.00=1234,50|12345678000195=0#\\.###\\.###\\/####\\-##=12.345.678/0001-95|"
+             u"2024-03-09 14:05:07=dd/mm/yyyy hh:nn=09/03/2024 14:05|=0.00=| abc=0.00= abc|"
+             u"09/03/2024=0.00=09/03/2024|31/02/2024=yyyy/mm/dd=31/02/2024|12,5=dd/mm/yyyy=12,5"))
         EXPECT_EQ(Format(row[0], row[1]), row[2]) << row[0].toStdString();
 }
 
-TEST(Format, writesCurrency)
+TEST(Number, readsWhatAWorkstationWritesAndNothingElse)
 {
-    EXPECT_EQ(Currency(1234.56), u"R$ 1.234,56");
-    EXPECT_EQ(Currency(-1234567.895), u"-R$ 1.234.567,90");
-    EXPECT_EQ(Currency(-0.001), u"R$ 0,00");
-}
-
-TEST(Number, readsWhatAWorkstationWrites)
-{
-    const char16_t* rows =
-        u"0=0|007=7| 12,5 =12.5|,5=0.5|5,=5|-3=-3|+3=3|- 3=-3|0,1=0.1|"
-        u"1.234=1234|1.234.567,89=1234567.89|123.456,7=123456.7|-1.234,5678=-1234.5678|"
-        u"R$ 1.234,56=1234.56|R$\u00A01,5=1.5|R$1,5=1.5|-R$ 2,00=-2|R$ -2,00=-2|"
-        u"12.5=12.5|0.125=0.125|-0.125=-0.125|1.2345=1.2345|1234.567=1234.567|150.00=150|.5=0.5";
-    for (const QStringList& row : textTable(rows))
-        EXPECT_EQ(readNumber(row[0]), row[1].toDouble()) << row[0].toStdString();
-}
-
-TEST(Number, refusesWhatIsNone)
-{
-    const char16_t* rows =
+    expectConverted(
+        u"0=0|007=7| 12,5 =12.5|,5=0.5|5,=5|+3=3|- 3=-3|1.234=1234|-1.234.567,89=-1234567.89|"
+        u"R$\u00A01.234,56=1234.56|-R$ 2,00=-2|R$ -2,00=-2|12.5=12.5|0.125=0.125|1234.567=1234.567|.5=0.5",
+        [](auto& text) { return plainNumber(toNumber(text)); });
+    const char16_t* none =
         u"|   |-|+ |,|.|R$|R$ -|--1|-+1|R$R$1|-R$-1|1-|1,2,3|1.23.456|1.234.56|1234.567,8|1.2,3|0.123.456|"
         u".123.456|1,234.5|1..234|0.125,5|1 234|12a|abc|1e5|inf|nan|0x10|\u0661\u0662|123.456.789-09";
-    for (const QStringList& row : textTable(rows)) {
-        EXPECT_FALSE(isNumeric(row[0])) << row[0].toStdString();
+    for (const QStringList& row : textTable(none))
         EXPECT_EQ(errorOf([&] { toNumber(row[0]); }), 13) << row[0].toStdString();
-        EXPECT_EQ(errorOf([&] { integerPart(row[0]); }), 13) << row[0].toStdString();
-    }
     EXPECT_FALSE(isNumeric(QString(400, u'9')));
 }
 
 TEST(Number, becomesWhole)
 {
-    for (const QStringList& row : textTable(u"0.5=0|1.5=2|2.5=2|-0.5=0|-1.5=-2|2.51=3|32766.5=32766|"
-                                            "-32768.5=-32768")) {
-        EXPECT_EQ(toInt16(row[0].toDouble()), row[1].toInt()) << row[0].toStdString();
-        EXPECT_EQ(toInt32(row[0].toDouble()), row[1].toInt()) << row[0].toStdString();
-    }
-    EXPECT_EQ(toInt32(2147483647.4), 2147483647);
-    EXPECT_EQ(toInt64(-9223372036854775808.0), std::numeric_limits<qint64>::min());
-    for (const QStringList& row :
-         textTable(u"12,5=12|-12,9=-12|0,9999999999999999999=0|-0,5=0|,7=0|007=7|1.234=1234|12.5=12|"
-                   u"9007199254740993=9007199254740993|-9223372036854775808,9=-9223372036854775808"))
-        EXPECT_EQ(integerPart(row[0]), row[1].toLongLong()) << row[0].toStdString();
-}
-
-TEST(Number, overflowsOutsideTheRange)
-{
-    std::vector<std::function<void()>> calls{
-        [] { toInt16(32767.5); },
-        [] { toInt16(-32769); },
-        [] { toInt32(2147483647.5); },
-        [] { toInt64(9223372036854775808.0); },
-        [] { integerPart(u"9223372036854775808"); },
-        [] { toSingle(3.5e38); },
-        [] { divide(1e300, 1e-300); },
-    };
-    for (const double value : {Infinity, -Infinity, NotANumber}) {
-        calls.push_back([value] { toInt64(value); });
-        calls.push_back([value] { toSingle(value); });
-        calls.push_back([value] { Format(value, u"0.00"); });
-        calls.push_back([value] { plainNumber(value); });
-    }
-    for (const auto& call : calls)
-        EXPECT_EQ(errorOf(call), 6) << &call - calls.data();
+    expectConverted(u"0.5=0|1.5=2|2.5=2|-0.5=0|-1.5=-2|2.51=3|32766.5=32766|32767.5=!6|-32768.5=-32768",
+                    [](auto& text) { return QString::number(toInt16(text.toDouble())); });
+    expectConverted(u"9223372036854775808=!6|-9223372036854775808=-9223372036854775808|inf=!6|nan=!6",
+                    [](auto& text) { return QString::number(toInt64(text.toDouble())); });
+    expectConverted(u"-12,9=-12|0,9999999999999999999=0|,7=0|9007199254740993=9007199254740993|abc=!13|"
+                    u"-9223372036854775808,9=-9223372036854775808|9223372036854775808=!6",
+                    [](auto& text) { return QString::number(integerPart(text)); });
 }
 
 TEST(Number, readsTheLeadingNumberOfAnyText)
 {
-    for (const QStringList& row :
-         textTable(u"8.5\" x 11\"=8.5|8.5 x 11=8.5|12,5=12|18pt=18| 1 2.5=12.5|-3x=-3|- 3=-3|+4=4|.5=0.5|"
-                   u"1.2.3=1.2|5-3=5|--3=0|-.=0|=0|abc=0|inf=0|nan=0|2e3=2"))
-        EXPECT_EQ(leadingNumber(row[0]), row[1].toDouble()) << row[0].toStdString();
+    expectConverted(u"8.5\" x 11\"=8.5|12,5=12|18pt=18| 1 2.5=12.5|- 3=-3|+4=4|.5=0.5|1.2.3=1.2|5-3=5|--3=0|"
+                    u"-.=0|=0|abc=0|inf=0|2e3=2",
+                    [](auto& text) { return QString::number(leadingNumber(text)); });
     EXPECT_EQ(leadingNumber(QString(400, u'9')), 0);
 }
 
 TEST(Number, writesPlainNumbers)
 {
-    for (const QStringList& row :
-         textTable(u"1234.5=1234.5|0.30000000000000004=0.3|-0.25=-0.25|-0.0=0|100=100|1e-7=0.0000001|"
-                   u"1e21=1000000000000000000000|123456789012345=123456789012345"))
-        EXPECT_EQ(plainNumber(row[0].toDouble()), row[1]);
+    expectConverted(u"0.30000000000000004=0.3|-0.25=-0.25|-0.0=0|100=100|1e-7=0.0000001|"
+                    u"1e21=1000000000000000000000|123456789012345=123456789012345|inf=!6|nan=!6",
+                    [](auto& text) { return plainNumber(text.toDouble()); });
 }
 
 TEST(Number, isKeptInSinglePrecision)
 {
     EXPECT_EQ(double(toSingle(33.3333)), 33.33330154418945);
-    for (const QStringList& row : textTable(
-             u"3.3333=3.3333|860.585=860.585|49210480=4.921048E+07|-12.5=-12.5|0=0|-0.0=0|0.0001=0.0001|"
-             u"1234567.4=1234567|9999999=9999999|10000000=1E+07|123456789=1.234568E+08|"
-             u"33.33333333=33.33333|0.33333333=0.3333333|0.033333333=3.333333E-02|1e-7=0.0000001|"
-             u"1.5e-38=1.5E-38|-2e30=-2E+30"))
-        EXPECT_EQ(plainSingle(toSingle(row[0].toDouble())), row[1]);
+    expectConverted(
+        u"3.3333=3.3333|860.585=860.585|49210480=4.921048E+07|-12.5=-12.5|0=0|-0.0=0|0.0001=0.0001|"
+        u"1234567.4=1234567|9999999=9999999|10000000=1E+07|123456789=1.234568E+08|"
+        u"33.33333333=33.33333|0.33333333=0.3333333|0.033333333=3.333333E-02|1e-7=0.0000001|"
+        u"1.5e-38=1.5E-38|-2e30=-2E+30|3.5e38=!6|inf=!6|nan=!6",
+        [](auto& text) { return plainSingle(toSingle(text.toDouble())); });
 }
 
 TEST(Number, isNotDividedByZero)
@@ -182,31 +132,22 @@ TEST(Number, isNotDividedByZero)
     EXPECT_EQ(divide(0, -4), 0);
     for (const double dividend : {1.0, 0.0})
         EXPECT_EQ(errorOf([&] { divide(dividend, 0); }), 11);
+    EXPECT_EQ(errorOf([] { divide(1e300, 1e-300); }), 6);
 }
 
-TEST(Date, readsWhatAWorkstationWrites)
+TEST(Date, readsWhatAWorkstationWritesAndNothingElse)
 {
-    const char16_t* rows =
-        u"09/03/2024=2024-03-09T00:00:00| 9/3/2024 =2024-03-09T00:00:00|9/3/24=2024-03-09T00:00:00|"
-        u"01/01/00=2000-01-01T00:00:00|31/12/29=2029-12-31T00:00:00|1/1/30=1930-01-01T00:00:00|"
-        u"31/12/99=1999-12-31T00:00:00|2024/03/09=2024-03-09T00:00:00|2024-3-9=2024-03-09T00:00:00|"
-        u"29/02/2024=2024-02-29T00:00:00|29/2/2000=2000-02-29T00:00:00|"
-        u"09/03/2024 8:05=2024-03-09T08:05:00|2024-03-09 14:05:07=2024-03-09T14:05:07|"
-        u"2024-03-09T23:59:59=2024-03-09T23:59:59|0:00=1899-12-30T00:00:00|14:05:07=1899-12-30T14:05:07";
-    for (const QStringList& row : textTable(rows)) {
-        ASSERT_TRUE(isDate(row[0])) << row[0].toStdString();
-        EXPECT_EQ(toDate(row[0]), QDateTime::fromString(row[1], Qt::ISODate)) << row[0].toStdString();
-    }
-}
-
-TEST(Date, refusesWhatIsNone)
-{
-    const char16_t* rows =
-        u"| |hoje|//|  /  /    |29/02/2023|29/02/1900|31/04/2024|32/01/2024|0/1/2024|12/13/2024|01/01/0000|"
-        u"01/01/0024|1/1/202|1/1/20244|1/1/2|1/2024|09-03-2024|2024/03-09|20240309|1.1.2024|-1/1/2024|24:00|"
-        u"12:60|12:00:60|12|12:5|12:|:30|1:02:03:04|1/1/2024 25:00|1/1/2024 x|1/1/2024T|12:30 1/1/2024|"
-        u"1/1/2024/1|\u0661/1/2024";
-    for (const QStringList& row : textTable(rows)) {
+    expectConverted(
+        u" 9/3/2024 =2024-03-09 00:00:00|31/12/29=2029-12-31 00:00:00|1/1/30=1930-01-01 00:00:00|"
+        u"2024/03/09=2024-03-09 00:00:00|2024-3-9=2024-03-09 00:00:00|29/2/2000=2000-02-29 00:00:00|"
+        u"09/03/2024 8:05=2024-03-09 08:05:00|2024-03-09T23:59:59=2024-03-09 23:59:59|"
+        u"14:05:07=1899-12-30 14:05:07",
+        [](auto& text) { return Format(toDate(text), u"yyyy-mm-dd hh:nn:ss"); });
+    const char16_t* none =
+        u"| |hoje|  /  /    |29/02/1900|31/04/2024|0/1/2024|12/13/2024|01/01/0024|1/1/202|1/1/20244|1/2024|"
+        u"09-03-2024|2024/03-09|20240309|1.1.2024|-1/1/2024|24:00|12:60|12|12:5|:30|1:02:03:04|"
+        u"1/1/2024 25:00|1/1/2024T|12:30 1/1/2024|1/1/2024/1|\u0661/1/2024";
+    for (const QStringList& row : textTable(none)) {
         EXPECT_FALSE(isDate(row[0])) << row[0].toStdString();
         EXPECT_EQ(errorOf([&] { toDate(row[0]); }), 13) << row[0].toStdString();
     }
@@ -222,6 +163,8 @@ TEST(Date, keepsTheDayWhoseMidnightSummerTimeSkipped)
     EXPECT_EQ(Format(u"04/11/2018"_s, u"yyyy/mm/dd"), u"2018/11/04");
     EXPECT_EQ(generalDate(first), u"04/11/2018");
     EXPECT_EQ(generalDate(toDate(u"8:05")), u"08:05:00");
+    EXPECT_EQ(generalDate(moment(2024, 3, 9, 0, 0, 1)), u"09/03/2024 00:00:01");
+    EXPECT_EQ(generalDate(QDateTime()), u"");
 }
 
 TEST(Date, isCountedOnByTheCalendar)
@@ -255,48 +198,24 @@ TEST(Date, isCountedOnByTheCalendar)
     EXPECT_EQ(errorOf([] { addHours(QDateTime(), 1); }), 13);
 }
 
-TEST(Date, writesTheDefaultForm)
-{
-    EXPECT_EQ(generalDate(moment(2024, 3, 9, 0, 0, 1)), u"09/03/2024 00:00:01");
-    EXPECT_EQ(generalDate(moment(2024, 3, 9)), u"09/03/2024");
-    EXPECT_EQ(generalDate(moment(1899, 12, 30)), u"00:00:00");
-    EXPECT_EQ(generalDate(QDateTime()), u"");
-}
-
 TEST(Date, namesDaysAndMonths)
 {
     EXPECT_EQ(weekdayName(weekday(QDate(2024, 3, 3))), u"domingo");
     EXPECT_EQ(weekdayName(weekday(QDate(2024, 3, 9))), u"sábado");
-    EXPECT_EQ(monthName(1), u"janeiro");
     EXPECT_EQ(monthName(12), u"dezembro");
-    for (const int outside : {0, 8})
-        EXPECT_EQ(errorOf([&] { weekdayName(outside); }), 9);
-    for (const int outside : {0, 13})
-        EXPECT_EQ(errorOf([&] { monthName(outside); }), 9);
-    EXPECT_EQ(errorOf([] { weekday(QDate()); }), 13);
-}
-
-TEST(CodePage, givesEveryByteACharacterOfItsOwn)
-{
-    QByteArray all;
-    for (int byte = 0; byte < 256; ++byte)
-        all += static_cast<char>(byte);
-    const QString text = CodePage::decode(all);
-    ASSERT_EQ(text.size(), 256);
-    EXPECT_EQ(CodePage::encode(text), all);
-    EXPECT_TRUE(CodePage::covers(text));
+    EXPECT_EQ(errorOf([] { weekdayName(8); }), 9);
+    EXPECT_EQ(errorOf([] { monthName(0); }), 9);
 }
 
 TEST(CodePage, encodesTextAndMarksWhatItLacks)
 {
+    QByteArray all;
+    for (int byte = 0; byte < 256; ++byte)
+        all += static_cast<char>(byte);
     const std::tuple<QString, QByteArray, bool> rows[] = {
-        {u"João Conceição Müller"_s, "Jo\xE3o Concei\xE7\xE3o M\xFCller", true},
-        {u"1ª via nº 2 – € 5"_s, "1\xAA via n\xBA 2 \x96 \x80 5", true},
-        {u"€‚ƒ„…†‡ˆ‰Š‹ŒŽ‘’“”•–—˜™š›œžŸ"_s,
-         "\x80\x82\x83\x84\x85\x86\x87\x88\x89\x8A\x8B\x8C\x8E\x91\x92\x93\x94\x95\x96\x97\x98\x99\x9A\x9B"
-         "\x9C\x9E\x9F",
+        {CodePage::decode(all), all, true},
+        {u"1ª via nº 2 – € 5 ‘Œ™Ÿ’ \u0081"_s, "1\xAA via n\xBA 2 \x96 \x80 5 \x91\x8C\x99\x9F\x92 \x81",
          true},
-        {u"\u0081\u009D"_s, "\x81\x9D", true},
         {u"\u0080x → Ł a\u0303"_s, "?x ? ? a?", false},
         {u"a😀b"_s, "a?b", false},
         {QString(QChar(0xD83D)) + u'b', "?b", false}};
@@ -310,8 +229,6 @@ TEST(Text, standsOnAFixedWidth)
 {
     EXPECT_EQ(fixedWidth(u"São", 5), u"São  ");
     EXPECT_EQ(fixedWidth(u"Conceição", 8), u"Conceiçã");
-    EXPECT_EQ(fixedWidth(u"", 2), u"  ");
-    EXPECT_EQ(fixedWidth(u"abc", 0), u"");
     EXPECT_EQ(alignRight(u"1,50", 6), u"  1,50");
     EXPECT_EQ(alignRight(u"1234,50", 4), u"1234");
 }
