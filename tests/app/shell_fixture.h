@@ -65,6 +65,24 @@ protected:
 
     static QList<QStringList> rows(const QString& query) { return Database::instance().rows(query); }
 
+    /// Types into the box, or chooses where it is a combo.
+    static void put(ScreenDriver& screen, const QString& box, const QString& text)
+    {
+        if (qobject_cast<QComboBox*>(screen.find(box)))
+            screen.choose(box, text);
+        else
+            screen.type(box, text);
+    }
+
+    /// Several of them, "box=text" with "|" between, and then the button, if any.
+    static void fill(ScreenDriver& screen, const QString& texts, const QString& button = {})
+    {
+        for (const QString& text : texts.split(u'|'))
+            put(screen, text.section(u'=', 0, 0), text.section(u'=', 1));
+        if (!button.isEmpty())
+            screen.click(button);
+    }
+
     static void typeLogin(ScreenDriver& login, const QString& name, const QString& password)
     {
         login.type(u"txtUsuario"_s, name);
@@ -135,24 +153,6 @@ protected:
             for (const Qt::Key key : keys)
                 screen.press(key);
         });
-    }
-
-    /// Types into the box, or chooses where it is a combo.
-    static void put(ScreenDriver& screen, const QString& box, const QString& text)
-    {
-        if (qobject_cast<QComboBox*>(screen.find(box)))
-            screen.choose(box, text);
-        else
-            screen.type(box, text);
-    }
-
-    /// Several of them, "box=text" with "|" between, and then the button, if any.
-    static void fill(ScreenDriver& screen, const QString& texts, const QString& button = {})
-    {
-        for (const QString& text : texts.split(u'|'))
-            put(screen, text.section(u'=', 0, 0), text.section(u'=', 1));
-        if (!button.isEmpty())
-            screen.click(button);
     }
 
     /// Types into the box and leaves it by Enter.

@@ -34,6 +34,7 @@ TEST_F(Program, StartCleansUpReadsTheConfigurationAndLogsIn)
         EXPECT_TRUE(principal.visible(u"cmdST"_s));
         EXPECT_EQ(panel(3), u"Usuário: Não Logado");
         EXPECT_EQ(login.focused(), u"txtUsuario");
+        EXPECT_EQ(static_cast<QLineEdit*>(login.find(u"txtSenha"_s))->echoMode(), QLineEdit::Password);
         login.type(u"txtUsuario"_s, u"12345678901"_s);
         EXPECT_EQ(login.text(u"txtUsuario"_s), u"1234567890");
         typeLogin(login, u"maria"_s, u"errada"_s);
@@ -126,10 +127,7 @@ TEST_F(Program, TheConfigurationScreenKeepsTheFile)
     dialogs.expect(u"Configuração salva com sucesso!"_s, {}, Icon::Information);
     modal.expect(u"frmconfig"_s, [&](ScreenDriver& screen) {
         EXPECT_EQ(screen.text(u"txtNmBco"_s), Database::instance().name());
-        screen.type(u"txtString"_s, u" Servidor;Port=3307 "_s);
-        screen.type(u"txtSenha"_s, u""_s);
-        screen.type(u"txtIdLic"_s, u"1234567890123456"_s);
-        screen.click(u"Command2"_s);
+        fill(screen, u"txtString= Servidor;Port=3307 |txtSenha=|txtIdLic=1234567890123456"_s, u"Command2"_s);
         EXPECT_EQ(Files::read(ArquivosINI::Caminho()), before);
         EXPECT_TRUE(screen.isOpen());
         screen.click(u"Command2"_s);
@@ -185,10 +183,4 @@ TEST_F(Ending, AFailedStatementIsToldInOneBoxAndEndsTheProgram)
                 ElementsAre(AllOf(StartsWith("Tremosilva 1.0|Erro 1064\\n"),
                                   EndsWith("\\n\\nselect * from usuarios where idlic = 'C1' and nmusuario = "
                                            "'D'AVILA' and ususenha = ''|critical"))));
-}
-
-TEST_F(Ending, ALogoThatIsNoPictureStopsTheStart)
-{
-    Files::write(Files::inProgramFolder(u"\\logo.jpg"_s), "no picture");
-    EXPECT_THAT(boxes(u"close-login"_s, 1), ElementsAre(StartsWith("Tremosilva 1.0|Erro 481\\n")));
 }

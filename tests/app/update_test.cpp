@@ -96,7 +96,6 @@ TEST_F(Program, AnUpdateThatIsRefusedIsToldAndTheProgramGoesOn)
     EXPECT_FALSE(Files::exists(updater()));
     EXPECT_TRUE(opened.list().isEmpty());
     EXPECT_TRUE(Form::of<frmPrincipal>().isVisible());
-    EXPECT_TRUE(Menu::principal().enabled(u"mnuupdate"_s));
 }
 
 TEST_F(Program, SupportFromTheLoginWindow)

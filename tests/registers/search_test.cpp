@@ -93,9 +93,9 @@ protected:
 
     /// What the search under the key shows for the text.
     template <class Screen>
-    QString found(Qt::Key key, const QString& title, const QString& prompt, const QString& text)
+    QString found(Qt::Key key, const QString& prompt, const QString& text)
     {
-        dialogs.expectInput(prompt, text, title);
+        dialogs.expectInput(prompt, text);
         QString shown;
         on<Screen>([&](ScreenDriver& screen) {
             screen.press(key);
@@ -164,23 +164,19 @@ TEST_F(Searches, WhatStandsBehindAnOrIsOfAnyTenant)
 {
     const QString own = u"ANA BIA"_s;
     const QString all = u"ANA ANABEL BIA"_s;
-    const auto supplier = [this](Qt::Key key, const QString& by, const QString& text) {
-        return found<frmBuscaFornecedor>(key, u"PESQUISA PELO "_s + by, by + u':', text);
-    };
-    EXPECT_EQ(supplier(Qt::Key_F3, u"APELIDO"_s, u"x"_s), u"BIA ANA") << "XAIB, XANA";
-    EXPECT_EQ(supplier(Qt::Key_F4, u"CPF/CNPJ"_s, u"1"_s), own);
-    EXPECT_EQ(supplier(Qt::Key_F5, u"FONE"_s, u"11"_s), own);
-    EXPECT_EQ(supplier(Qt::Key_F5, u"FONE"_s, u"22"_s), all);
+    EXPECT_EQ(found<frmBuscaFornecedor>(Qt::Key_F3, u"APELIDO:"_s, u"x"_s), u"BIA ANA") << "XAIB, XANA";
+    EXPECT_EQ(found<frmBuscaFornecedor>(Qt::Key_F4, u"CPF/CNPJ:"_s, u"1"_s), own);
+    EXPECT_EQ(found<frmBuscaFornecedor>(Qt::Key_F5, u"FONE:"_s, u"11"_s), own);
+    EXPECT_EQ(found<frmBuscaFornecedor>(Qt::Key_F5, u"FONE:"_s, u"22"_s), all);
 
-    const QString byPhone = u"PESQUISA PELO TELEFONE"_s;
     const QString phone = u"TELEFONE:"_s;
-    EXPECT_EQ(found<frmBuscaPacientes>(Qt::Key_F3, byPhone, phone, u"11"_s), own);
-    EXPECT_EQ(found<frmBuscaPacientes>(Qt::Key_F3, byPhone, phone, u"22"_s), all);
-    EXPECT_EQ(found<frmBuscaPacientes>(Qt::Key_F3, byPhone, phone, u"33"_s), all);
+    EXPECT_EQ(found<frmBuscaPacientes>(Qt::Key_F3, phone, u"11"_s), own);
+    EXPECT_EQ(found<frmBuscaPacientes>(Qt::Key_F3, phone, u"22"_s), all);
+    EXPECT_EQ(found<frmBuscaPacientes>(Qt::Key_F3, phone, u"33"_s), all);
 
     // Only the last branch carries the place: somebody of the clinic is found by the first telephone.
-    EXPECT_EQ(found<frmBuscaProf>(Qt::Key_F3, byPhone, phone, u"11"_s), u"ANA ANA CLINICA BIA");
-    EXPECT_EQ(found<frmBuscaProf>(Qt::Key_F3, byPhone, phone, u"22"_s), all);
+    EXPECT_EQ(found<frmBuscaProf>(Qt::Key_F3, phone, u"11"_s), u"ANA ANA CLINICA BIA");
+    EXPECT_EQ(found<frmBuscaProf>(Qt::Key_F3, phone, u"22"_s), all);
 }
 
 TEST_F(Searches, ChoosingWhereNoRowIs)
