@@ -79,16 +79,8 @@ void play(const QString& scenario, ModalDriver& modal)
         ScreenDriver(principal).press(Qt::Key_F10);
     } else if (scenario == u"close-window") {
         principal.close();
-    } else if (scenario.startsWith(u"update")) {
-        if (scenario == u"update-over-old")
-            Files::write(Files::inProgramFolder(u"\\adm_atu.exe"_s), "old");
+    } else if (scenario == u"update") {
         Menu::principal().run(u"mnuupdate"_s);
-    } else if (scenario == u"quote-in-a-screen") {
-        modal.expect(u"frmcadusuario"_s, [](ScreenDriver& screen) {
-            screen.type(u"Combo1"_s, u"o'hara"_s);
-            screen.press(Qt::Key_Tab);
-        });
-        Menu::principal().run(u"cadUsu"_s);
     }
     Report::fail(u"the program goes on"_s);
 }

@@ -14,6 +14,7 @@
 #include "support/print.h"
 #include "support/scripteddialogs.h"
 
+#include <QComboBox>
 #include <QTemporaryDir>
 #include <gtest/gtest.h>
 
@@ -63,6 +64,24 @@ protected:
     }
 
     static QList<QStringList> rows(const QString& query) { return Database::instance().rows(query); }
+
+    /// Types into the box, or chooses where it is a combo.
+    static void put(ScreenDriver& screen, const QString& box, const QString& text)
+    {
+        if (qobject_cast<QComboBox*>(screen.find(box)))
+            screen.choose(box, text);
+        else
+            screen.type(box, text);
+    }
+
+    /// Several of them, "box=text" with "|" between, and then the button, if any.
+    static void fill(ScreenDriver& screen, const QString& texts, const QString& button = {})
+    {
+        for (const QString& text : texts.split(u'|'))
+            put(screen, text.section(u'=', 0, 0), text.section(u'=', 1));
+        if (!button.isEmpty())
+            screen.click(button);
+    }
 
     static void typeLogin(ScreenDriver& login, const QString& name, const QString& password)
     {

@@ -5,8 +5,6 @@
 #include "registers/frmcadprofissionais.h"
 #include "registers/telasdecadastro.h"
 
-#include <QComboBox>
-
 using namespace Qt::StringLiterals;
 
 namespace {
@@ -76,15 +74,19 @@ protected:
         on<Screen>([&](ScreenDriver& screen) {
             const QString empty = shown(screen, boxes.join(u' '));
             EXPECT_TRUE(screen.grid(u"DataGrid1"_s).isEmpty());
-            put(screen, boxes, typed);
+            for (int i = 0; i < boxes.size(); ++i)
+                put(screen, boxes[i], typed[i]);
             screen.click(u"cmdsalva"_s);
             EXPECT_EQ(shown(screen, boxes.join(u' ')), what.left.value_or(empty));
             EXPECT_EQ(screen.focused(), what.focus);
             EXPECT_EQ(rows(query), row(kept, early, early));
 
             for (const auto& [key, prompt] : what.searches) {
-                dialogs.expectInput(prompt, u""_s, what.searchTitle);
+                dialogs.expectInput(prompt, u"#"_s, what.searchTitle);
+                dialogs.expectInput(prompt, std::nullopt, what.searchTitle);
                 screen.press(key);
+                EXPECT_TRUE(screen.grid(u"DataGrid1"_s).isEmpty());
+                screen.press(key); // cancelled: all rows of the tenant
                 EXPECT_EQ(screen.grid(u"DataGrid1"_s).size(), 1);
             }
             if (what.key.isEmpty())
@@ -97,21 +99,11 @@ protected:
             clock.set(QDateTime(QDate(2026, 3, 16), QTime(9, 0)));
             for (int i = 0; i < boxes.size(); ++i)
                 if (changed[i] != kept[i])
-                    put(screen, {boxes[i]}, {changed[i]});
+                    put(screen, boxes[i], changed[i]);
             screen.click(u"cmdsalva"_s);
         });
         EXPECT_EQ(rows(query), row(changed, early, late));
         EXPECT_EQ(rows(foreign), before);
-    }
-
-private:
-    static void put(ScreenDriver& screen, const QStringList& boxes, const QStringList& texts)
-    {
-        for (int i = 0; i < boxes.size(); ++i)
-            if (qobject_cast<QComboBox*>(screen.find(boxes[i])))
-                screen.choose(boxes[i], texts[i]);
-            else
-                screen.type(boxes[i], texts[i]);
     }
 };
 
@@ -188,7 +180,7 @@ TEST_F(Keeping, SuppliersAndProducts)
     execute(u"insert into grupoestoque (cdgrupo,idlic,dsgrupo) values (5,'C1','SOROS')"_s);
     keeps<frmCadProduto>(
         {.boxes = u"txtCdPro=cdpro=0013=0013|txtDsPro=dspro=seringa d'água|txtUN=un=un=UN|"
-                  "txtCdGrupo=cdgrupo=5=5|txtFator=vcusto=12,5=12,50=12.5000|"
+                  "txtCdGrupo=cdgrupo=5=5|txtFator=vcusto=R$ 1.234,56789=1234,5679=1234.5679|"
                   "txtDtUA=qmin=1.000=1000,0000=1000.0000|cboLote=caplote=1=1 - não=1|txtmemo=obs=nota"_s,
          .table = u"produtos"_s,
          .focus = u"txtCdPro"_s,
