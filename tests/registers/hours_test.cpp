@@ -136,11 +136,9 @@ TEST_F(Holidays, ASecondSaveChangesTheRemarkAndADoubleClickDeletes)
             "('C1',25,12,'DEZEMBRO','VELHO','A','B'),('C1',25,10,'OUTUBRO','X','A','B'),"
             "('C1',2,12,'DEZEMBRO','X','A','B'),"
             "('C2',25,12,'DEZEMBRO','ALHEIO','A','B')"_s);
-    dialogs.expectQuestion(u"Confirma a exclusão?"_s, false, u"Atenção"_s);
     dialogs.expectQuestion(u"Confirma a exclusão?"_s, true, u"Atenção"_s);
     on<frmCadFeriados>([&](ScreenDriver& screen) {
         EXPECT_EQ(column(screen, u"DataGrid2"_s, 0), u"25 2 25") << "by month and day";
-        screen.doubleClickRow(u"DataGrid2"_s, 0);
         fill(screen, u"cboDia=25|cboMes=12|txtobs=natal"_s, save);
         EXPECT_EQ(screen.grid(u"DataGrid2"_s).size(), 3);
         screen.doubleClickRow(u"DataGrid2"_s, 0);
