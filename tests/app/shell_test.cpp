@@ -28,7 +28,7 @@ TEST_F(Program, StartCleansUpReadsTheConfigurationAndLogsIn)
 {
     Files::write(Files::inProgramFolder(u"\\adm_atu.exe"_s), "x");
     dialogs.expect(u"--- ERRO --- USUÁRIO E/OU SENHA NÃO CONFEREM!"_s, u"ATENÇÃO"_s, Icon::Information);
-    modal.expect(u"frmtelainicial"_s, [this](ScreenDriver& login) {
+    modal.expect(u"frmtelainicial"_s, [](ScreenDriver& login) {
         ScreenDriver principal(Form::of<frmPrincipal>());
         EXPECT_FALSE(Files::exists(Files::inProgramFolder(u"\\adm_atu.exe"_s)));
         EXPECT_TRUE(principal.visible(u"cmdST"_s));
