@@ -9,38 +9,41 @@ namespace {
 
 /// What the program sends with codes compared, one of each form; "~" stands for each `like` that goes to the
 /// server as "=".
+// Broken by hand, where a statement has its parts.
+// clang-format off
 const QString statements[] = {
     u"select * from convenios where idlic = 'L' and idconv ~ 12"_s,
     u"select * from feriados where idlic = 'L' and dia ~ 12 and mes ~ 12"_s,
-    u"select * from diahr where idlic = 'L' and idpro ~ 1 order by ondeatd,dia,hr"_s,
-    u"select * from agenda_clinica where idlic = 'L' and dia = '2026/03/16' and hr = '1' and idpac ~ 1 and "
-    u"idpro "
-    "<> 2"_s,
-    u"select p.idpro,p.cidade,p.nrcon,p.fonefixo,p.fonecel,p.nmpro,e.nmesp from profissionais p left join "
-    "especialidades e on p.idesp ~ e.idesp where p.idlic = 'L' and p.fonefixo like '%1%' or p.fonecel like "
-    "'%1%'  "
-    "and p.ondeatd <> '0' order by p.nmpro"_s,
-    u"select p.nmpac,p.fonepac,p.fonecel,p.idconv,c.idconv,c.nmconv,c.pdesc from pacientes p left join "
-    u"convenios c "
-    "on p.idconv ~ c.idconv where p.idlic = 'L' and p.idpac ~ 12"_s,
-    u"select * from agenda_clinica left join procedimentos on agenda_clinica.idproc ~ procedimentos.idproc  "
-    u"left "
-    "join convenios on agenda_clinica.idlic = convenios.idlic and agenda_clinica.idconv ~ convenios.idconv "
-    "where "
-    "agenda_clinica.idlic = 'L' and  idpro ~ 1 and dia = '2026/03/16'  and FIND_IN_SET(hr, REPLACE('0/1/and "
-    "idpac "
-    "like 1','/',','))"_s,
-    u"select * from agenda_clinica left join profissionais on agenda_clinica.idpro ~ profissionais.idpro "
-    u"left join "
-    "procedimentos on agenda_clinica.idproc ~ procedimentos.idproc where agenda_clinica.idlic = 'L' and "
-    "agenda_clinica.dia >= '2026/03/16' and agenda_clinica.nmpac like '%1%' order by nmpac,dia,hr"_s,
-    u"select "
-    u"ca.idcontrato,ca.idprof,ca.idlan,ca.status,ca.idproc,ca.data,ca.hora,pa.nmpac,pa.dtnasc,pd.nmproc,"
-    "pa.fonepac from contrato_agenda ca left join procedimentos pd on ca.idproc ~ pd.idproc left join "
-    "pacientes pa "
-    "on ca.idpac ~ pa.idpac where ca.idlic = 'L' and ca.data = '2026/03/16' order by ca.hora"_s,
-    u"update centrocusto set nmcen = 'cdcen like 1', evcad = 'A 16/03/2026' WHERE idlic = 'L' and cdcen ~ 12"_s,
+    u"select * from diahr where idlic = 'L' and idpro ~ 1 "
+     "order by ondeatd,dia,hr"_s,
+    u"select * from agenda_clinica where idlic = 'L' and dia = '2026/03/16' and hr = '1' and idpac ~ 1 "
+     "and idpro <> 2"_s,
+    u"select p.idpro,p.cidade,p.nrcon,p.fonefixo,p.fonecel,p.nmpro,e.nmesp "
+     "from profissionais p left join especialidades e on p.idesp ~ e.idesp "
+     "where p.idlic = 'L' and p.fonefixo like '%1%' or p.fonecel like '%1%'  and p.ondeatd <> '0' "
+     "order by p.nmpro"_s,
+    u"select p.nmpac,p.fonepac,p.fonecel,p.idconv,c.idconv,c.nmconv,c.pdesc "
+     "from pacientes p left join convenios c on p.idconv ~ c.idconv "
+     "where p.idlic = 'L' and p.idpac ~ 12"_s,
+    u"select * from agenda_clinica left join procedimentos on agenda_clinica.idproc ~ "
+     "procedimentos.idproc  left join convenios on agenda_clinica.idlic = convenios.idlic and "
+     "agenda_clinica.idconv ~ convenios.idconv "
+     "where agenda_clinica.idlic = 'L' and  idpro ~ 1 and dia = '2026/03/16'  and FIND_IN_SET(hr, "
+     "REPLACE('0/1/and idpac like 1','/',','))"_s,
+    u"select * from agenda_clinica left join profissionais on agenda_clinica.idpro ~ "
+     "profissionais.idpro left join procedimentos on agenda_clinica.idproc ~ procedimentos.idproc "
+     "where agenda_clinica.idlic = 'L' and agenda_clinica.dia >= '2026/03/16' and agenda_clinica.nmpac "
+     "like '%1%' order by nmpac,dia,hr"_s,
+    u"select ca.idcontrato,ca.idprof,ca.idlan,ca.status,ca.idproc,ca.data,ca.hora,pa.nmpac,pa.dtnasc,"
+     "pd.nmproc,pa.fonepac "
+     "from contrato_agenda ca left join procedimentos pd on ca.idproc ~ pd.idproc "
+     "left join pacientes pa on ca.idpac ~ pa.idpac "
+     "where ca.idlic = 'L' and ca.data = '2026/03/16' "
+     "order by ca.hora"_s,
+    u"update centrocusto set nmcen = 'cdcen like 1', evcad = 'A 16/03/2026' "
+     "WHERE idlic = 'L' and cdcen ~ 12"_s,
 };
+// clang-format on
 
 class SentStatements : public DataFixture
 {
