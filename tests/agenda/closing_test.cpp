@@ -24,14 +24,14 @@ protected:
     }
 
     /// The appointment with this price stands in the boxes; the steps must leave the screen.
-    void close(const QString& price, std::function<void(ScreenDriver&)> steps)
+    void close(const QString& price, const std::function<void(ScreenDriver&)>& steps)
     {
         RetornoFechamento = u"N"_s;
         const QString procedure = u"CONSULTA"_s.leftJustified(45) + u"|31"_s;
         Form::of<frmCli_AgendaCF>().recebe({u"21"_s, u"JOÃO"_s, u"K1"_s, u"DRA. ANA|NIA |11|250|3|2"_s,
                                             u"16/03/2026"_s, u"08:30"_s, procedure, price, u"5"_s,
                                             u"SAÚDE TOTAL"_s});
-        open<frmCli_AgendaCF>(std::move(steps));
+        open<frmCli_AgendaCF>(steps);
     }
 
     static void add(ScreenDriver& screen, const QString& procedure, const QString& quantity,

@@ -226,8 +226,9 @@ TEST_F(PDFContent, CellsDrawTheLastOfTheirEdges)
 
 TEST_F(PDFContent, Links)
 {
-    const auto expectLinks = [this](const std::function<void(PDFPrinter&)>& draw, std::string annotations) {
-        const std::string drawn = content(draw).toStdString();
+    const auto expectLinks = [this](const std::function<void(PDFPrinter&)>& draw,
+                                    const std::string& annotations) {
+        std::string drawn = content(draw).toStdString();
         EXPECT_THAT(bytes().toStdString(), HasSubstr("/Annots [" + annotations + "]\r\n/Contents"));
         return drawn;
     };

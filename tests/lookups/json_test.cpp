@@ -141,7 +141,7 @@ TEST(JsonReading, AFailureLeavesTheItemsReadSoFar)
     for (const auto& [text, left] : {std::pair(uR"([1,{"a":2},[3,[4,?)"_s, uR"([1,{"a":2}])"_s),
                                      {uR"({"a":1,"b":2,"a":x})"_s, uR"({"a":1,"b":2})"_s},
                                      {u"1"_s, u"{}"_s}}) {
-        EXPECT_EQ(errorOf([&] { bag.setJSON(text); }), 13);
+        EXPECT_EQ(errorOf([&, &text = text] { bag.setJSON(text); }), 13);
         EXPECT_EQ(bag.JSON(), left) << text.toStdString();
     }
 }
