@@ -128,6 +128,15 @@ TEST_F(PDFContent, Lines)
               "[8 4 2 4 2 4 ] 0 d 10.00 822.00 m 10.00 792.00 l 0.000 0.000 0.004 RG");
 }
 
+TEST_F(PDFContent, MarginsThatAreNotGivenAreTheirOpposites)
+{
+    PDFPrinter pdf;
+    pdf.PDFSetMargins(10, 2.5);
+    EXPECT_EQ(pdf.PDFGetRightMargin(), 10);
+    EXPECT_EQ(pdf.PDFGetBottomMargin(), 2) << "whole numbers, halves to the even one";
+    EXPECT_EQ(errorOf([&] { pdf.PDFSetLeftMargin(40'000); }), 6);
+}
+
 TEST_F(PDFContent, UnitsScaleLengthsButNeitherMarginsNorWidths)
 {
     const auto draw = [](PDFPrinter& pdf) {
