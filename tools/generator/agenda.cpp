@@ -61,7 +61,7 @@ public:
 
 private:
     void writeDay(Day day);
-    void book(Appointment appointment, std::size_t slot);
+    void book(const Appointment& appointment, std::size_t slot);
     void close(const Appointment& appointment, Random& draw);
 
     const Clinic& clinic_;
@@ -123,12 +123,12 @@ void Agenda::writeDay(Day day)
             const Plan& plan = plans[static_cast<std::size_t>(appointment.person.plan)];
             // The price is whole reais and the discount a multiple of half a percent: no cent is lost.
             appointment.cents = Clinic::position(professional).reais * (10000 - plan.discount) / 100;
-            book(std::move(appointment), slot);
+            book(appointment, slot);
         }
     }
 }
 
-void Agenda::book(Appointment appointment, std::size_t slot)
+void Agenda::book(const Appointment& appointment, std::size_t slot)
 {
     const Options& options = clinic_.options();
     const auto number = static_cast<int>(slot);

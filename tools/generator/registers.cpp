@@ -147,14 +147,14 @@ void writeSuppliers(const Clinic& clinic, Output& output)
                                "bairro, cidade, uf, obs, cep, evcad, upev");
     for (std::int64_t i = 0; i < clinic.suppliers(); ++i) {
         Random draw = clinic.random(Stream::Supplier, i);
-        const std::string family = surname(draw);
-        const std::string trade = trades[static_cast<std::size_t>(i) % trades.size()];
+        std::string name = trades[static_cast<std::size_t>(i) % trades.size()];
+        name.append(" ").append(surname(draw));
         const Address office = address(draw);
-        table.row(
-            clinic.code(i), clinic.options().tenant, trade + " " + family + " LTDA", trade + " " + family,
-            cnpj(clinic.seed(), static_cast<std::uint64_t>(i)), "ISENTO", landline(draw), mobile(draw),
-            "FORNECEDOR" + std::to_string(clinic.code(i)) + "@EXAMPLE.COM", office.street, office.number,
-            office.district, office.town, office.state, "", office.postalCode, stamp, stamp);
+        table.row(clinic.code(i), clinic.options().tenant, name + " LTDA", name,
+                  cnpj(clinic.seed(), static_cast<std::uint64_t>(i)), "ISENTO", landline(draw), mobile(draw),
+                  "FORNECEDOR" + std::to_string(clinic.code(i)) + "@EXAMPLE.COM", office.street,
+                  office.number, office.district, office.town, office.state, "", office.postalCode, stamp,
+                  stamp);
     }
     output.add(table);
 }
