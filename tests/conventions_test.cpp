@@ -40,6 +40,12 @@ const QList<Rule>& rules()
          QRegularExpression(
              u"\\b(toDouble|toFloat|QLocale::\\w*toString|QDate::fromString|QDateTime::fromString)\\s*\\("_s),
          u"platform/"_s},
+        {u"colours and sizes of letters belong to the theme"_s,
+         QRegularExpression(u"QColor\\((0x|\"#)|\\bsetStyleSheet\\(u\"|name=\"(styleSheet|font|palette)\""_s),
+         u"platform/forms/"_s},
+        {u"lengths between controls are 4, 8, 12 and 16"_s,
+         QRegularExpression(u"name=\"(spacing|\\w+Spacing|\\w+Margin)\"><number>(?!(0|4|8|12|16)<)"_s),
+         {}},
     };
     return list;
 }
@@ -145,6 +151,10 @@ TEST(Conventions, EachRuleIsAbleToFail)
         {u"printing/a.h"_s, u"#include \"registers/busca.h\""_s, true},
         {u"registers/a.h"_s, u"#include \"printing/impresso.h\""_s, true},
         {u"app/frmconfig.cpp"_s, u"#include \"app/core/menu.h\""_s, false},
+        {u"app/a.cpp"_s, u"    brush = QColor(0xfd, 0xe9, 0xc2);"_s, true},
+        {u"app/a.ui"_s, u"<property name=\"styleSheet\"><string>color: red;</string></property>"_s, true},
+        {u"app/a.ui"_s, u"<property name=\"leftMargin\"><number>10</number></property>"_s, true},
+        {u"app/a.ui"_s, u"<property name=\"leftMargin\"><number>12</number></property>"_s, false},
     };
     for (const auto& row : rows)
         EXPECT_EQ(!broken(row.path, row.line).isEmpty(), row.breaks) << row.line.toStdString();
@@ -154,7 +164,8 @@ TEST(Conventions, TheSourcesKeepThem)
 {
     const QDir source(QString::fromUtf8(SOURCE_DIR));
     int files = 0;
-    QDirIterator walk(source.path(), {u"*.cpp"_s, u"*.h"_s}, QDir::Files, QDirIterator::Subdirectories);
+    QDirIterator walk(source.path(), {u"*.cpp"_s, u"*.h"_s, u"*.ui"_s}, QDir::Files,
+                      QDirIterator::Subdirectories);
     while (walk.hasNext()) {
         QFile file(walk.next());
         ASSERT_TRUE(file.open(QIODevice::ReadOnly));

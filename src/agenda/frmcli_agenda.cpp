@@ -44,10 +44,6 @@ frmCli_Agenda::frmCli_Agenda() : ui(std::make_unique<Ui::frmCli_Agenda>())
     SinaisAgenda::veste(*ui->List1, *ui->lTit);
     SinaisAgenda::legenda(*ui->legenda->layout());
     ui->frmAgendamento->hide();
-    QPalette aviso = ui->lFeriado->palette();
-    aviso.setColor(QPalette::Window, QColor(0xfd, 0xe9, 0xc2));
-    aviso.setColor(QPalette::WindowText, QColor(0x7a, 0x49, 0x00));
-    ui->lFeriado->setPalette(aviso);
     ui->DataGrid1->setColumns({{u"HORA"_s, u"HORÁRIO"_s, 8},
                                {u"NMPAC"_s, u"PACIENTE"_s, 37},
                                {u"FONEPAC"_s, u"FONE"_s, 15},
@@ -290,7 +286,7 @@ void frmCli_Agenda::mostraFeriado(QDate dia)
                 QString::number(dia.day()) + " and mes like " + QString::number(dia.month()),
             Conexao, 0, 1);
     ui->lFeriado->setText(rs.Eof() ? QString() : u"FERIADO: "_s + rs.Fields("OBS").text());
-    ui->lFeriado->setAutoFillBackground(!ui->lFeriado->text().isEmpty());
+    ui->lFeriado->setHidden(rs.Eof());
 }
 
 /// Fills the list and returns the number of appointments on it.

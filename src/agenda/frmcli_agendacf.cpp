@@ -55,14 +55,20 @@ void avisa(const QString& texto)
 frmCli_AgendaCF::frmCli_AgendaCF() : ui(std::make_unique<Ui::frmCli_AgendaCF>())
 {
     ui->setupUi(this);
-    ui->lTit1->setFont(Theme::fixedFont());
+    ui->lTit1->setList(ui->List1);
     ui->lTit1->setText(ProcedimentoCobrado::titulo());
-    ui->lTit2->setFont(Theme::fixedFont());
+    ui->lTit2->setList(ui->List2);
     ui->lTit2->setText(PagamentoRecebido::titulo());
     QFont totais = Theme::fixedFont();
     totais.setPointSizeF(14);
     totais.setBold(true);
     ui->List3->setFont(totais);
+    ui->List3->setLook([this](const QString& linha) {
+        const bool devido = Falta > 0 && linha.startsWith(QLatin1String("Falta"));
+        LineLook look;
+        look.runs.append({0, linha.size(), devido ? Theme::Role::DangerInk : Theme::Role::Ink, true});
+        return look;
+    });
     // The layout keeps the hidden card's place over the lists, and so the card follows the window's size.
     QSizePolicy noLugar = ui->frmMPP->sizePolicy();
     noLugar.setRetainSizeWhenHidden(true);
@@ -262,8 +268,6 @@ void frmCli_AgendaCF::Totaliza()
     ui->List3->AddItem(u"Falta.........: "_s + Currency(total - pago));
     // As it is shown: a remainder that nobody can see must not refuse the closing.
     Falta = emCentavos(total - pago);
-    if (Falta > 0)
-        ui->List3->item(2)->setForeground(QColor(0xa3241d));
 }
 
 void frmCli_AgendaCF::Command1_Click()

@@ -44,11 +44,20 @@ QString horario(const QString& hora)
     return fixedWidth(hora, larguras[Hora]);
 }
 
+qsizetype inicio(Campo qual)
+{
+    return std::accumulate(larguras.begin(), larguras.begin() + qual, qsizetype(qual));
+}
+
+qsizetype largura(Campo qual)
+{
+    return larguras[std::size_t(qual)];
+}
+
 QString campo(const QString& linha, Campo qual)
 {
     // By its place: a name may hold the separator.
-    const auto largura = larguras.begin() + qual;
-    return linha.mid(std::accumulate(larguras.begin(), largura, int(qual)), *largura).trimmed();
+    return linha.mid(inicio(qual), largura(qual)).trimmed();
 }
 
 QString chave(const QString& linha)

@@ -43,6 +43,10 @@ QString compromisso(QStringList campos);
 /// The time as a line shows it, on its five characters.
 QString horario(const QString& hora);
 
+/// Where one of the first eight fields begins, and its width, in characters.
+qsizetype inicio(Campo qual);
+qsizetype largura(Campo qual);
+
 /// One of the first eight fields of a line, without the blanks around it; empty in a line that ends before.
 QString campo(const QString& linha, Campo qual);
 

@@ -2,17 +2,17 @@
 
 #include "platform/forms/listbox.h"
 
-#include <QEvent>
 #include <QLabel>
 #include <QLayout>
 #include <QPainter>
-#include <QStyledItemDelegate>
 
 namespace SinaisAgenda {
 
 namespace {
 
 using LinhaAgenda::Estado;
+using Theme::colour;
+using Theme::Role;
 
 constexpr int lado = 16; ///< of the square that a sign is drawn in
 
@@ -20,17 +20,18 @@ struct Aparencia
 {
     Estado estado;
     const char* nome;
-    QRgb sinal;
-    QRgb fundo; ///< 0 keeps the list's own
-    QRgb texto;
+    Role sinal;
+    Role barra;
+    Role hora;
+    Role nomePaciente;
 };
 
 constexpr Aparencia aparencias[] = {
-    {Estado::Livre, "Livre", 0xff3d8b57, 0, 0xff2c6b41},
-    {Estado::Agendado, "Agendado", 0xff0f6b7c, 0xffe3f1f4, 0xff10242e},
-    {Estado::Notificado, "Avisado", 0xffb26a00, 0xfffdf1da, 0xff3d2a08},
-    {Estado::Encerrado, "Encerrado", 0xff53616c, 0xffe9edf0, 0xff53616c},
-    {Estado::Bloqueado, "Dia bloqueado", 0xffa3241d, 0xfffbeeed, 0xffa3241d},
+    {Estado::Livre, "Livre", Role::Free, Role::FreePale, Role::FreeInk, Role::Ink},
+    {Estado::Agendado, "Agendado", Role::Booked, Role::Booked, Role::Ink, Role::Ink},
+    {Estado::Notificado, "Avisado", Role::Notified, Role::Notified, Role::Ink, Role::Ink},
+    {Estado::Encerrado, "Encerrado", Role::Closed, Role::Closed, Role::MutedInk, Role::MutedInk},
+    {Estado::Bloqueado, "Dia bloqueado", Role::Blocked, Role::Blocked, Role::DangerInk, Role::DangerInk},
 };
 
 const Aparencia& aparencia(Estado estado)
@@ -48,8 +49,8 @@ void risca(QPainter& tinta, std::initializer_list<QPointF> pontos, const QColor&
 /// A ring, a disc, a speech bubble, a ticked square, a barred ring: told apart without their colours.
 void desenha(QPainter& tinta, const Aparencia& como)
 {
-    const QColor cor(como.sinal);
-    const QColor papel(Qt::white);
+    const QColor cor = colour(como.sinal);
+    const QColor papel = colour(Role::Paper);
     tinta.setRenderHint(QPainter::Antialiasing);
     tinta.setPen(QPen(cor, 2));
     switch (como.estado) {
@@ -79,23 +80,6 @@ void desenha(QPainter& tinta, const Aparencia& como)
     }
 }
 
-QPixmap sinal(const Aparencia& como, int pixels, qreal densidade)
-{
-    QPixmap imagem(QSize(pixels, pixels) * densidade);
-    imagem.setDevicePixelRatio(densidade);
-    imagem.fill(Qt::transparent);
-    QPainter tinta(&imagem);
-    tinta.scale(qreal(pixels) / lado, qreal(pixels) / lado);
-    desenha(tinta, como);
-    return imagem;
-}
-
-/// A sign as high as the letters beside it, in pixels.
-int alturaDoSinal(const QFontMetrics& letra)
-{
-    return letra.height();
-}
-
 /// A sign of the legend; it grows with its place.
 class Figura : public QWidget
 {
@@ -121,102 +105,30 @@ private:
     const Aparencia& como_;
 };
 
-class Linhas : public QStyledItemDelegate
+/// The time half-bold, the name in ink, the rest muted; what has no heading is for the program.
+LineLook aparenciaDaLinha(const QString& linha)
 {
-public:
-    explicit Linhas(ListBox& lista) : QStyledItemDelegate(&lista) {}
-
-    QSize sizeHint(const QStyleOptionViewItem& option, const QModelIndex& index) const override
-    {
-        return QStyledItemDelegate::sizeHint(option, index) + QSize(0, option.fontMetrics.height() / 4);
-    }
-
-protected:
-    void initStyleOption(QStyleOptionViewItem* option, const QModelIndex& index) const override
-    {
-        QStyledItemDelegate::initStyleOption(option, index);
-        const Aparencia& como = aparencia(LinhaAgenda::estado(option->text));
-        option->text.truncate(larguraVisivel_); // what has no heading is for the program
-        option->features |= QStyleOptionViewItem::HasDecoration;
-        const int altura = alturaDoSinal(option->fontMetrics);
-        option->icon = icone(como, altura, option->widget->devicePixelRatioF());
-        option->decorationSize = {altura, altura};
-        option->palette.setColor(QPalette::Text, QColor(como.texto));
-        if (como.fundo)
-            option->backgroundBrush = QColor(como.fundo);
-        option->font.setBold(como.estado == Estado::Bloqueado);
-    }
-
-private:
-    /// Drawn once for each height of the letters.
-    const QIcon& icone(const Aparencia& como, int altura, qreal densidade) const
-    {
-        QIcon& um = icones_[{como.nome, altura}];
-        if (um.isNull())
-            um = QIcon(sinal(como, altura, densidade));
-        return um;
-    }
-
-    const qsizetype larguraVisivel_ = LinhaAgenda::titulo().size();
-    mutable QHash<std::pair<const char*, int>, QIcon> icones_;
-};
-
-/// From the list's left edge to the first character of a line, in pixels.
-int inicioDoTexto(const ListBox& lista)
-{
-    QStyleOptionViewItem linha;
-    linha.initFrom(&lista);
-    linha.font = lista.font();
-    linha.rect = QRect(0, 0, 1000, 2 * lado);
-    linha.features = QStyleOptionViewItem::HasDecoration | QStyleOptionViewItem::HasDisplay;
-    const int altura = alturaDoSinal(lista.fontMetrics());
-    linha.decorationSize = {altura, altura};
-    linha.text = LinhaAgenda::titulo();
-    linha.widget = &lista;
-    const QStyle& estilo = *lista.style();
-    const int margem = estilo.pixelMetric(QStyle::PM_FocusFrameHMargin, &linha, &lista) + 1;
-    return lista.contentsMargins().left() +
-           estilo.subElementRect(QStyle::SE_ItemViewItemText, &linha, &lista).left() + margem;
+    const Aparencia& como = aparencia(LinhaAgenda::estado(linha));
+    LineLook look;
+    look.visible = LinhaAgenda::titulo().size();
+    look.bar = como.barra;
+    look.sign = [&como](QPainter& tinta) { desenha(tinta, como); };
+    const bool temHora = LinhaAgenda::isHorario(linha);
+    const qsizetype hora = temHora ? LinhaAgenda::inicio(LinhaAgenda::Paciente) - 1 : linha.size();
+    look.runs.append({0, hora, como.hora, true});
+    look.runs.append({LinhaAgenda::inicio(LinhaAgenda::Paciente), LinhaAgenda::largura(LinhaAgenda::Paciente),
+                      como.nomePaciente, false});
+    return look;
 }
-
-/// Keeps the headings above their columns when the list's letters grow.
-class Alinhamento : public QObject
-{
-public:
-    Alinhamento(ListBox& lista, QLabel& titulo) : QObject(&titulo), lista_(lista), titulo_(titulo)
-    {
-        lista.installEventFilter(this);
-        alinha();
-    }
-
-    bool eventFilter(QObject*, QEvent* event) override
-    {
-        if (event->type() == QEvent::FontChange)
-            alinha();
-        return false;
-    }
-
-private:
-    void alinha()
-    {
-        lista_.ensurePolished(); // from the style it has its border
-        titulo_.setContentsMargins(inicioDoTexto(lista_), 0, 0, 0);
-    }
-
-    ListBox& lista_;
-    QLabel& titulo_;
-};
 
 } // namespace
 
-void veste(ListBox& lista, QLabel& titulo)
+void veste(ListBox& lista, ListHeading& titulo)
 {
-    lista.setAlternatingRowColors(false);
     lista.setHorizontalScrollBarPolicy(Qt::ScrollBarAlwaysOff);
-    lista.setItemDelegate(new Linhas(lista));
-    titulo.setFont(lista.font());
-    titulo.setIndent(0);
-    new Alinhamento(lista, titulo);
+    lista.setSigned(true);
+    lista.setLook(aparenciaDaLinha);
+    titulo.setList(&lista);
 }
 
 void legenda(QLayout& lugar)

@@ -25,6 +25,17 @@ QString campoDaLinha(const QString& linha)
     return fixedWidth(linha.split(QLatin1Char('-')).constLast().trimmed(), larguraNome);
 }
 
+/// The caption in ink; the dots of its level and the entry's name are muted.
+LineLook aparenciaDaLinha(const QString& linha)
+{
+    qsizetype nivel = 0;
+    while (nivel < linha.size() && linha[nivel] == QLatin1Char('.'))
+        ++nivel;
+    LineLook look;
+    look.runs.append({nivel, larguraTitulo, Theme::Role::Ink, nivel == 0});
+    return look;
+}
+
 } // namespace
 
 frmcadusuario::frmcadusuario() : ui(std::make_unique<Ui::frmcadusuario>())
@@ -32,6 +43,7 @@ frmcadusuario::frmcadusuario() : ui(std::make_unique<Ui::frmcadusuario>())
     ui->setupUi(this);
     ui->Combo1->setCompleter(nullptr); // it would turn the new name MARI into the known MARIA
     ui->List1->setMultiSelect(true);
+    ui->List1->setLook(aparenciaDaLinha);
     wire();
 }
 

@@ -44,7 +44,8 @@ void frmtelainicial::Form_Load()
     ui->Label1->setFont(Theme::fixedFont());
     try {
         AbreConexao();
-        ui->Label1->setStyleSheet(u"color: #ffe066;"_s);
+        ui->Label1->setProperty("role", u"bright"_s);
+        ui->Label1->style()->polish(ui->Label1);
         Repaint();
         Timer1.start(250);
     } catch (const RuntimeError& erro) {

@@ -2,6 +2,7 @@
 #include "platform/forms/calendar.h"
 #include "platform/forms/form.h"
 #include "platform/forms/listbox.h"
+#include "platform/forms/theme/roles.h"
 #include "support/errorof.h"
 #include "support/fixedclock.h"
 #include "support/modaldriver.h"
@@ -376,4 +377,27 @@ TEST(Calendar, ADayIsChosenByArrowsAndClicksAlone)
     settle();
     QTest::mouseClick(days->viewport(), Qt::LeftButton, {}, chosenDay + QPoint(-40, 0));
     EXPECT_EQ(chosen.size(), 3) << "a click on another one chooses it once";
+}
+
+TEST(Theme, EveryPairOfColoursIsLegible)
+{
+    using namespace Theme;
+    double least[3] = {21, 21, 21};
+    const auto meet = [&least](int kind, double limit, Role front, Role behind) {
+        const double found = contrast(colour(front), colour(behind));
+        EXPECT_GE(found, limit) << int(front) << " on " << int(behind);
+        least[kind] = qMin(least[kind], found);
+    };
+    for (const Role surface : surfaces()) {
+        for (const Role ink : inks())
+            meet(0, 4.5, ink, surface);
+        for (const Role mark : marks())
+            meet(1, 3, mark, surface);
+    }
+    for (const Role solid : solids())
+        meet(2, 4.5, Role::Paper, solid);
+    EXPECT_GE(contrast(colour(Role::AccentRing), colour(Role::Accent)), 3);
+    EXPECT_NEAR(contrast(Qt::black, Qt::white), 21, 1e-9);
+    std::printf("least contrast: inks %.2f, marks %.2f, paper on solids %.2f\n", least[0], least[1],
+                least[2]);
 }

@@ -1,5 +1,6 @@
 #include "platform/forms/calendar.h"
 
+#include "platform/forms/theme/roles.h"
 #include "platform/system/clock.h"
 
 #include <QEvent>
@@ -15,6 +16,7 @@ MonthCalendar::MonthCalendar(QWidget* parent) : QCalendarWidget(parent)
     setGridVisible(false);
     setDateEditEnabled(false); // digits would be read as a date before they are one
     setDateRange(QDate(100, 1, 1), QDate(9999, 12, 31));
+    dress();
     setValue(Clock::today());
     connect(this, &QCalendarWidget::selectionChanged, this, [this] {
         told_ = true;
@@ -26,6 +28,19 @@ MonthCalendar::MonthCalendar(QWidget* parent) : QCalendarWidget(parent)
         if (!told_)
             Q_EMIT dayChosen(day);
     });
+}
+
+/// Days off are paler, not red: red is for what is wrong.
+void MonthCalendar::dress()
+{
+    QTextCharFormat head;
+    head.setForeground(Theme::colour(Theme::Role::MutedInk));
+    head.setBackground(Theme::colour(Theme::Role::Band));
+    setHeaderTextFormat(head);
+    QTextCharFormat off;
+    off.setForeground(Theme::colour(Theme::Role::OffInk));
+    for (const Qt::DayOfWeek day : {Qt::Saturday, Qt::Sunday})
+        setWeekdayTextFormat(day, off);
 }
 
 void MonthCalendar::setValue(QDate day)

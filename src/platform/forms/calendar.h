@@ -24,5 +24,7 @@ protected:
     void changeEvent(QEvent* event) override;
 
 private:
+    void dress();
+
     bool told_ = false; ///< by the change of the chosen day, which a click causes before it is told itself
 };

@@ -13,7 +13,7 @@ DataGrid::DataGrid(QWidget* parent) : QTableView(parent), model_(new RecordsetMo
     setSelectionBehavior(SelectRows);
     setSelectionMode(SingleSelection);
     setEditTriggers(NoEditTriggers);
-    setAlternatingRowColors(true);
+    setShowGrid(false); // a hairline below each row
     setTabKeyNavigation(false);
     setWordWrap(false);
     setVerticalScrollMode(ScrollPerItem);

@@ -2,6 +2,7 @@
 
 #include "platform/forms/dialogs.h"
 #include "platform/forms/formkeyboard.h"
+#include "platform/forms/theme.h"
 #include "platform/values/error.h"
 
 #include <QAbstractItemView>
@@ -50,6 +51,7 @@ void Form::Load()
     if (loaded_)
         return;
     loaded_ = true;
+    Theme::dress(*this);
     Form_Load();
 }
 

@@ -3,77 +3,180 @@
 #include "platform/forms/theme.h"
 #include "platform/values/error.h"
 
+#include <QEvent>
 #include <QPainter>
+#include <QScrollBar>
 #include <QStyledItemDelegate>
+#include <cmath>
 
 namespace {
 
-/// A little air between the lines; and in a list of several choices a check box in front of each line, so
-/// that what is chosen is not told by colour alone, and a frame around the line that the blank key chooses.
+using Theme::Role;
+
+constexpr double signSide = 16; ///< of the square that a sign is drawn on
+
+/// The first field is what a line is about.
+LineLook plainLook(const QString& line)
+{
+    const qsizetype rule = line.indexOf(QLatin1Char('|'));
+    LineLook look;
+    look.runs.append({0, rule < 0 ? line.size() : rule, Role::Ink, false});
+    return look;
+}
+
+/// Draws text of one kind between two places of a line. The letters stand on their columns: a rule or a run
+/// never moves what follows.
+class LinePainter
+{
+public:
+    LinePainter(QPainter& painter, const QRectF& place, const QFont& font)
+        : painter_(painter), place_(place), font_(font), step_(QFontMetricsF(font).horizontalAdvance(u'0'))
+    {
+    }
+
+    void rules(const QString& line, qsizetype visible)
+    {
+        painter_.setPen(Theme::colour(Role::Hairline));
+        for (qsizetype rule = line.indexOf(u'|'); rule >= 0 && rule < visible;
+             rule = line.indexOf(u'|', rule + 1)) {
+            const double x = std::floor(place_.left() + (double(rule) + 0.5) * step_) + 0.5;
+            painter_.drawLine(QPointF(x, place_.top()), QPointF(x, place_.bottom()));
+        }
+    }
+
+    void text(const QString& line, qsizetype from, qsizetype to, Role ink, bool halfBold)
+    {
+        if (from >= to)
+            return;
+        QFont letters = font_;
+        letters.setWeight(halfBold ? QFont::DemiBold : font_.weight());
+        painter_.setFont(letters);
+        painter_.setPen(Theme::colour(ink));
+        const QRectF where(place_.left() + double(from) * step_, place_.top(), place_.width() + 9999,
+                           place_.height());
+        painter_.drawText(where, Qt::AlignLeft | Qt::AlignVCenter | Qt::TextSingleLine | Qt::TextDontClip,
+                          line.mid(from, to - from).replace(u'|', u' '));
+    }
+
+private:
+    QPainter& painter_;
+    QRectF place_;
+    QFont font_;
+    double step_;
+};
+
+/// A line's state at the left edge, its text in its inks, and the choice as a fill and an outline, so that
+/// the state stays visible. In a list of several choices a check box in front of each line tells what is
+/// chosen.
 class LineDelegate : public QStyledItemDelegate
 {
 public:
-    LineDelegate(QObject* parent, bool checks) : QStyledItemDelegate(parent), checks_(checks) {}
+    explicit LineDelegate(ListBox* list) : QStyledItemDelegate(list), list_(*list) {}
 
     QSize sizeHint(const QStyleOptionViewItem& option, const QModelIndex& index) const override
     {
-        return QStyledItemDelegate::sizeHint(option, index) + QSize(0, option.fontMetrics.height() / 4);
+        const QString line = index.data().toString();
+        const qsizetype visible = list_.lookOf(line).visible;
+        const qsizetype length = visible < 0 ? line.size() : qMin(visible, line.size());
+        const QFontMetrics letters(option.font);
+        return {list_.textLeft() + int(length) * letters.horizontalAdvance(u'0') + letters.averageCharWidth(),
+                letters.height() + letters.height() / 3};
     }
 
     void paint(QPainter* painter, const QStyleOptionViewItem& option, const QModelIndex& index) const override
     {
-        QStyledItemDelegate::paint(painter, option, index);
-        const auto* view = qobject_cast<const QAbstractItemView*>(option.widget);
-        if (!checks_ || !view)
-            return;
-        QStyleOptionViewItem line = option;
-        initStyleOption(&line, index);
-        const QRect place = view->style()->subElementRect(QStyle::SE_ItemViewItemDecoration, &line, view);
-        const bool isChosen = view->selectionModel()->isSelected(index);
-        QStyleOptionViewItem check = line;
-        check.rect = QStyle::alignedRect(line.direction, Qt::AlignCenter, line.decorationSize, place);
-        check.state.setFlag(QStyle::State_On, isChosen);
-        check.state.setFlag(QStyle::State_Off, !isChosen);
-        view->style()->drawPrimitive(QStyle::PE_IndicatorItemViewItemCheck, &check, painter, view);
-        if (line.state & QStyle::State_HasFocus) {
-            painter->setPen(line.palette.color(QPalette::Link));
-            painter->setBrush(Qt::NoBrush);
-            painter->drawRect(line.rect.adjusted(0, 0, -1, -1));
+        const QString line = index.data().toString();
+        const LineLook look = list_.lookOf(line);
+        painter->save();
+        const bool isOn = list_.isEnabled();
+        const bool checks = list_.selectionMode() == QAbstractItemView::MultiSelection;
+        const bool isChosen = checks ? index == list_.currentIndex() && list_.hasFocus()
+                                     : option.state.testFlag(QStyle::State_Selected);
+        painter->fillRect(option.rect, Theme::colour(isChosen && !checks ? Role::Selection
+                                                     : option.state.testFlag(QStyle::State_MouseOver) && isOn
+                                                         ? Role::Hover
+                                                         : Role::Card));
+        painter->setPen(Theme::colour(Role::Hairline));
+        painter->drawLine(option.rect.bottomLeft(), option.rect.bottomRight());
+        if (isChosen) {
+            painter->setPen(Theme::colour(Role::Accent));
+            painter->drawRect(option.rect.adjusted(0, 0, -1, -1));
         }
-    }
-
-protected:
-    /// The check box stands where an icon would, as large as the letters: the style knows one size only.
-    void initStyleOption(QStyleOptionViewItem* option, const QModelIndex& index) const override
-    {
-        QStyledItemDelegate::initStyleOption(option, index);
-        if (!checks_)
-            return;
-        option->features |= QStyleOptionViewItem::HasDecoration;
-        const int side = option->fontMetrics.ascent();
-        option->decorationSize = {side, side};
+        drawState(*painter, option.rect, look);
+        if (checks)
+            drawCheck(*painter, option);
+        const QRectF place = QRectF(option.rect).adjusted(list_.textLeft(), 0, 0, 0);
+        LinePainter writer(*painter, place, list_.font());
+        const qsizetype visible = look.visible < 0 ? line.size() : qMin(look.visible, line.size());
+        writer.rules(line, visible);
+        qsizetype written = 0;
+        for (const LineLook::Run& run : look.runs) {
+            writer.text(line, written, qMin(run.start, visible), isOn ? Role::MutedInk : Role::OffInk, false);
+            written = qMin(run.start + run.length, visible);
+            writer.text(line, run.start, written, isOn ? run.ink : Role::OffInk, run.halfBold);
+        }
+        writer.text(line, written, visible, isOn ? Role::MutedInk : Role::OffInk, false);
+        painter->restore();
     }
 
 private:
-    bool checks_;
+    static void drawState(QPainter& painter, const QRect& line, const LineLook& look)
+    {
+        const int bar = qMax(3, line.height() / 5);
+        if (look.bar)
+            painter.fillRect(QRect(line.left(), line.top(), bar, line.height()), Theme::colour(*look.bar));
+        if (!look.sign)
+            return;
+        const double side = line.height() * 0.7;
+        painter.save();
+        painter.translate(line.left() + bar + side / 3, line.top() + (line.height() - side) / 2);
+        painter.scale(side / signSide, side / signSide);
+        painter.setRenderHint(QPainter::Antialiasing);
+        look.sign(painter);
+        painter.restore();
+    }
+
+    /// As large as the letters: the style knows one size only.
+    void drawCheck(QPainter& painter, const QStyleOptionViewItem& line) const
+    {
+        const int side = line.fontMetrics.ascent();
+        QStyleOptionViewItem check = line;
+        check.rect = QRect(line.rect.left() + side / 2, line.rect.center().y() - side / 2, side, side);
+        const bool isChosen = line.state.testFlag(QStyle::State_Selected);
+        check.state.setFlag(QStyle::State_On, isChosen);
+        check.state.setFlag(QStyle::State_Off, !isChosen);
+        list_.style()->drawPrimitive(QStyle::PE_IndicatorItemViewItemCheck, &check, &painter, &list_);
+    }
+
+    const ListBox& list_;
 };
 
 } // namespace
 
-ListBox::ListBox(QWidget* parent) : QListWidget(parent)
+ListBox::ListBox(QWidget* parent) : QListWidget(parent), look_(plainLook)
 {
     setFont(Theme::fixedFont());
     setUniformItemSizes(true);
-    setAlternatingRowColors(true);
+    setMouseTracking(true); // the line under the pointer is another colour
     setHorizontalScrollMode(QAbstractItemView::ScrollPerPixel);
-    setTextElideMode(Qt::ElideNone);
-    setItemDelegate(new LineDelegate(this, false));
+    setItemDelegate(new LineDelegate(this));
 }
 
 void ListBox::setMultiSelect(bool multiple)
 {
     setSelectionMode(multiple ? QAbstractItemView::MultiSelection : QAbstractItemView::SingleSelection);
-    setItemDelegate(new LineDelegate(this, multiple));
+}
+
+void ListBox::setLook(std::function<LineLook(const QString& line)> look)
+{
+    look_ = std::move(look);
+}
+
+int ListBox::textLeft() const
+{
+    const QFontMetrics letters(font());
+    const bool checks = selectionMode() == QAbstractItemView::MultiSelection;
+    return signed_ || checks ? letters.height() * 2 : letters.averageCharWidth();
 }
 
 void ListBox::AddItem(const QString& line)
@@ -125,4 +228,48 @@ int ListBox::placeOf(const QString& line) const
             high = middle;
     }
     return low;
+}
+
+ListHeading::ListHeading(QWidget* parent) : QLabel(parent)
+{
+    setFont(Theme::fixedFont());
+    setTextFormat(Qt::PlainText);
+}
+
+void ListHeading::setList(ListBox* list)
+{
+    list_ = list;
+    setFont(list->font());
+    list->installEventFilter(this);
+    connect(list->horizontalScrollBar(), &QScrollBar::valueChanged, this, qOverload<>(&QWidget::update));
+}
+
+QSize ListHeading::sizeHint() const
+{
+    const QFontMetrics letters(font());
+    return {letters.horizontalAdvance(text()), letters.height() + letters.height() / 2};
+}
+
+bool ListHeading::eventFilter(QObject* watched, QEvent* event)
+{
+    if (event->type() == QEvent::FontChange)
+        update();
+    return QLabel::eventFilter(watched, event);
+}
+
+void ListHeading::paintEvent(QPaintEvent*)
+{
+    QPainter painter(this);
+    painter.fillRect(rect(), Theme::colour(Role::Band));
+    painter.setPen(Theme::colour(Role::Hairline));
+    painter.drawLine(rect().bottomLeft(), rect().bottomRight());
+    if (!list_)
+        return;
+    list_->ensurePolished(); // from the style it has its border
+    const int left = list_->mapTo(window(), list_->contentsRect().topLeft()).x() -
+                     mapTo(window(), QPoint()).x() + list_->textLeft() -
+                     list_->horizontalScrollBar()->value();
+    LinePainter writer(painter, QRectF(rect()).adjusted(left, 0, 0, 0), list_->font());
+    writer.rules(text(), text().size());
+    writer.text(text(), 0, text().size(), Role::MutedInk, true);
 }

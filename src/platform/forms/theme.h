@@ -1,17 +1,35 @@
 #pragma once
 
+#include "platform/forms/theme/roles.h"
+
 #include <QApplication>
 #include <QFont>
 
-/// The look of all windows: one style, one palette, one style sheet, two fonts. Font sizes are never in the
-/// style sheet, so that a screen can scale them.
+/// The look of all windows: one style, one palette, one style sheet, one family of letters in three sizes and
+/// one of fixed pitch for text lists. Font sizes are never in the style sheet, so that a screen can scale them.
 ///
-/// A push button with the property "role" set to "primary" is the screen's main action, "danger" one that
-/// removes. A label with "title" heads a part of the screen, one with "link" can be clicked. A frame with
-/// "card" stands out from the ground.
+/// What a control of a screen is for it says in dynamic properties, and the theme does the rest:
+/// - "role" of a push button: "primary" the screen's main action, "danger" one that removes;
+/// - "glyph" of a push button: the name of a line drawing in front of its caption, see glyph();
+/// - "role" of a label: none for a caption, "above" for one that heads a box below it in a grid, "value" for a text that is read, "strong" for one that is read
+///   first, "title" for the one headline, "link" for what can be clicked, "chip" and "notice" for a word on a
+///   ground of its own;
+/// - "role" of a frame: "card" stands out from the ground, "panel" before the cards, "hairline" parts groups, "brand" is the program's own;
+/// - "columns" of a box: as wide as so many digits, which is what it holds;
+/// - "wrong" of a box: a message speaks of it.
 namespace Theme {
 
+enum class Type
+{
+    Body,
+    Caption,
+    Headline
+};
+
 void apply(QApplication& application);
+
+/// Gives the controls of a screen, whose properties stand, their letters, widths and drawings.
+void dress(QWidget& screen);
 
 /// The paddings and inner lengths of the style sheet as `apply` sets them.
 QString openingLengths();
@@ -20,8 +38,7 @@ QString openingLengths();
 /// fonts have been scaled by as much.
 QString scaledLengths(double factor);
 
-/// For labels, boxes and grids.
-QFont font();
+QFont font(Type type = Type::Body);
 
 /// For lists whose columns line up by their characters.
 QFont fixedFont();
