@@ -77,12 +77,6 @@ void frmCli_Agenda::wire()
     onDblClick(ui->DataGrid1, &frmCli_Agenda::DataGrid1_DblClick);
     onClick(ui->List1, &frmCli_Agenda::List1_Click);
     onDblClick(ui->List1, &frmCli_Agenda::List1_DblClick);
-    onKeyPress(ui->List1, [this](int& tecla) {
-        if (tecla != ' ')
-            return;
-        tecla = 0;
-        List1_DblClick();
-    });
     onLostFocus(ui->frmAgendamento->txtIdPac(), &frmCli_Agenda::txtIdPac_LostFocus);
     onLostFocus(ui->frmAgendamento->txtIdConv(), &frmCli_Agenda::txtIdConv_LostFocus);
     connect(ui->frmAgendamento, &PainelAgendamento::abrindo, this, &frmCli_Agenda::painelAbrindo);
@@ -126,6 +120,11 @@ void frmCli_Agenda::Form_Escape()
 {
     if (!ui->frmAgendamento->isVisible())
         Unload();
+}
+
+QString frmCli_Agenda::escapeHelp() const
+{
+    return ui->frmAgendamento->isVisible() ? QString() : Form::escapeHelp();
 }
 
 void frmCli_Agenda::F2()

@@ -6,6 +6,7 @@
 #include "lookups/validadocumento.h"
 #include "platform/forms/dialogs.h"
 #include "platform/forms/hourglass.h"
+#include "platform/forms/wrongboxes.h"
 #include "ui_frmcadfor.h"
 
 using namespace Qt::StringLiterals;
@@ -66,6 +67,7 @@ void frmCadFor::Limpa()
 void frmCadFor::cmdretorna_Click()
 {
     Limpa();
+    pointAtNothing(*this);
     ui->TXTCPF->setFocus();
 }
 
@@ -105,6 +107,7 @@ void frmCadFor::txtcodcli_LostFocus()
     Adodc1.Recordset().Find("cdfor = " + codigoDaCaixa(ui->txtcodcli));
     if (Adodc1.Recordset().Eof()) {
         ampulheta.reset();
+        pointAt({ui->txtcodcli});
         MsgBox(u"--- ERRO --- CÓDIGO NÃO ENCONTRADO!"_s, u"ATENÇÃO"_s);
         return Limpa();
     }
@@ -144,6 +147,7 @@ void frmCadFor::TXTCPF_LostFocus()
 void frmCadFor::cmdsalva_Click()
 {
     if (isVazia(ui->txtnome)) {
+        pointAt({ui->txtnome});
         MsgBox(u"--- ERRO --- NOME NÃO INFORMADO!"_s, u"ATENÇÃO"_s);
         return;
     }

@@ -60,7 +60,7 @@ TEST_F(ByKeyboard, MasterDataIsKept)
 
     // Postal codes are left empty: a look-up would ask the web.
     on<frmCadProfissionais>([this](ScreenDriver& screen) {
-        keys(screen, {u""_s, u""_s, u"123"_s, u""_s, u"01021970"_s, u"ana lima"_s, u""_s, u"11 98888"_s,
+        keys(screen, {u""_s, u""_s, u"123"_s, u"01021970"_s, u"ana lima"_s, u""_s, u"11 98888"_s,
                       u""_s, u""_s, u""_s, u""_s, u""_s, u""_s, u""_s});
         EXPECT_EQ(screen.focused(), u"txtIdEsp");
         answer(u"frmBuscaEspecialidades"_s, {Qt::Key_F10});
@@ -78,7 +78,7 @@ TEST_F(ByKeyboard, MasterDataIsKept)
     });
 
     on<frmcadcli>([this](ScreenDriver& screen) {
-        keys(screen, {u""_s, u"52998224725"_s, u"1"_s, u""_s, u"15031980"_s, u"josé da silva"_s, u"14 3333"_s,
+        keys(screen, {u""_s, u"52998224725"_s, u"1"_s, u"15031980"_s, u"josé da silva"_s, u"14 3333"_s,
                       u""_s, u""_s, u""_s, u"rua a"_s, u"10"_s, u""_s, u""_s, u""_s, u""_s, u""_s});
         EXPECT_EQ(screen.focused(), u"txtIdConv");
         answer(u"frmBuscaConvenios"_s, {Qt::Key_F10});

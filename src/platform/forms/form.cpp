@@ -2,6 +2,7 @@
 
 #include "platform/forms/dialogs.h"
 #include "platform/forms/formkeyboard.h"
+#include "platform/forms/mnemonics.h"
 #include "platform/values/error.h"
 
 #include <QAbstractItemView>
@@ -197,6 +198,7 @@ void Form::showEvent(QShowEvent* event)
     QWidget::showEvent(event);
     if (!laidOut_) {
         laidOut_ = true;
+        Mnemonics::assign(*this);
         Q_EMIT loaded();
         if (!testAttribute(Qt::WA_Moved))
             placeOnScreen();
@@ -284,13 +286,21 @@ bool Form::keyPressed(QWidget* control, QKeyEvent* event)
             Form_Escape();
         return true;
     }
-    if (const auto handler = keys_.value(event->key()); handler && event->modifiers() == Qt::NoModifier) {
+    if (const auto handler = keys_.value(event->key()).run; handler && event->modifiers() == Qt::NoModifier) {
         handler();
         return true;
     }
+    if (event->key() == Qt::Key_F1 && event->modifiers() == Qt::ShiftModifier) {
+        Form_Help();
+        return true;
+    }
+    if (letterPressed(control, *event))
+        return true;
     if (qobject_cast<QMenuBar*>(control))
         return false;
     switch (event->key()) {
+    case Qt::Key_Space:
+        return event->modifiers() == Qt::NoModifier && takeLine(control, event->isAutoRepeat());
     case Qt::Key_Escape:
         Form_Escape();
         return true;
@@ -308,6 +318,57 @@ bool Form::keyPressed(QWidget* control, QKeyEvent* event)
     default:
         return false;
     }
+}
+
+/// What the mouse does on the current line; false where the blank key has another use.
+bool Form::takeLine(QWidget* control, bool isRepeated)
+{
+    const LineHandler handler = lines_.value(control);
+    if (!handler.run || keyPress_.contains(control))
+        return false;
+    auto* list = static_cast<QAbstractItemView*>(control);
+    if (isRepeated || !list->currentIndex().isValid())
+        return true;
+    list->setCurrentIndex(list->currentIndex()); // chosen as well, as by the mouse's press
+    handler.run();
+    return true;
+}
+
+/// Alt and a character: it is typed into no box, whether something has this letter or not. The menu bar does
+/// without Alt while it has the focus.
+bool Form::letterPressed(QWidget* control, const QKeyEvent& event)
+{
+    constexpr Qt::KeyboardModifiers others = Qt::ShiftModifier | Qt::KeypadModifier;
+    const Qt::KeyboardModifiers modifiers = event.modifiers() & ~others;
+    const QChar letter = Mnemonics::letterOf(event.key());
+    auto* bar = qobject_cast<QMenuBar*>(control);
+    if (modifiers != Qt::AltModifier && (!bar || modifiers != Qt::NoModifier || letter.isNull()))
+        return false;
+    if (letter.isNull())
+        return !event.text().isEmpty() && event.text()[0].isPrint();
+    for (QMenuBar* one : findChildren<QMenuBar*>())
+        if (QAction* action = Mnemonics::actionOf(*one, letter)) {
+            if (action->menu())
+                one->setActiveAction(action);
+            else
+                action->trigger();
+            return true;
+        }
+    if (QAbstractButton* button = bar ? nullptr : Mnemonics::buttonOf(*this, letter))
+        pressAsMouse(button);
+    return true;
+}
+
+/// The box that is left comes first. Where its answer is a box of the program, or the button cannot be
+/// pressed any more, the press has had its answer.
+void Form::pressAsMouse(QAbstractButton* button)
+{
+    const QPointer<Form> self(this);
+    const QPointer<QAbstractButton> pressed(button);
+    const int before = modalCount();
+    button->setFocus(Qt::ShortcutFocusReason);
+    if (self && pressed && loaded_ && modalCount() == before && button->isEnabled() && button->isVisible())
+        button->click();
 }
 
 namespace {
@@ -354,6 +415,13 @@ void Form::watchMouse(QWidget* widget, QEvent::Type type, std::function<void()> 
     QWidget* target = widget;
     if (auto* view = qobject_cast<QAbstractScrollArea*>(widget))
         target = view->viewport();
+    if (qobject_cast<QAbstractItemView*>(widget) &&
+        lines_.value(widget).type != QEvent::MouseButtonDblClick) {
+        const QString told = lines_.contains(widget) ? Help::blankKey(lines_[widget].type) : QString();
+        if (widget->toolTip() == told)
+            widget->setToolTip(Help::blankKey(type));
+        lines_[widget] = {type, handler};
+    }
     new MouseWatch(target, type, std::move(handler));
 }
 

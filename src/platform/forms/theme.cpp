@@ -1,9 +1,10 @@
 #include "platform/forms/theme.h"
 
+#include "platform/forms/mnemonics.h"
+
 #include <QFontDatabase>
 #include <QPalette>
 #include <QRegularExpression>
-#include <QStyleFactory>
 
 using namespace Qt::StringLiterals;
 
@@ -209,7 +210,7 @@ QString openingLengths()
 void apply(QApplication& application)
 {
     loadResources();
-    application.setStyle(QStyleFactory::create(u"Fusion"_s));
+    application.setStyle(new MnemonicStyle(u"Fusion"_s));
     application.setPalette(palette());
     application.setFont(font());
     application.setStyleSheet(QString::fromLatin1(styleSheet) + openingLengths());
