@@ -86,8 +86,8 @@ void frmCli_AgendaCF::wire()
     selectOnFocus(ui->txtVR);
     onClick(ui->txtVR, &frmCli_AgendaCF::txtVR_Click);
     onClick(ui->Command2, &frmCli_AgendaCF::Command2_Click);
-    onDblClick(ui->List1, &frmCli_AgendaCF::List1_DblClick);
-    onDblClick(ui->List2, &frmCli_AgendaCF::List2_DblClick);
+    onDblClick(ui->List1, &frmCli_AgendaCF::List1_DblClick, u"estorna a linha, depois de perguntar"_s);
+    onDblClick(ui->List2, &frmCli_AgendaCF::List2_DblClick, u"estorna a linha, depois de perguntar"_s);
     onClick(ui->cboMP, &frmCli_AgendaCF::cboMP_Click);
     onClick(ui->Command16, &frmCli_AgendaCF::Command16_Click);
     onClick(ui->Command17, &frmCli_AgendaCF::Command17_Click);

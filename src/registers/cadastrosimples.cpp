@@ -33,7 +33,7 @@ void CadastroSimples::wire()
 {
     selectOnFocus(ui->txtcodcli);
     onLostFocus(ui->txtcodcli, &CadastroSimples::txtcodcli_LostFocus);
-    onDblClick(ui->DataGrid1, &CadastroSimples::DataGrid1_DblClick);
+    onDblClick(ui->DataGrid1, &CadastroSimples::DataGrid1_DblClick, u"traz a linha para os campos"_s);
     onClick(ui->cmdsalva, &CadastroSimples::cmdsalva_Click);
     onClick(ui->cmdretorna, &CadastroSimples::cmdretorna_Click);
     onClick(ui->Command1, &CadastroSimples::Command1_Click);

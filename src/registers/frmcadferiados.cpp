@@ -32,7 +32,7 @@ frmCadFeriados::~frmCadFeriados() = default;
 void frmCadFeriados::wire()
 {
     onClick(ui->Command1, &frmCadFeriados::Command1_Click);
-    onDblClick(ui->DataGrid2, &frmCadFeriados::DataGrid2_DblClick);
+    onDblClick(ui->DataGrid2, &frmCadFeriados::DataGrid2_DblClick, u"exclui a linha, depois de perguntar"_s);
 }
 
 void frmCadFeriados::Form_Load()

@@ -73,7 +73,7 @@ void frmCadHorarios::wire()
 {
     onClick(ui->cboPro, &frmCadHorarios::cboPro_Click);
     onClick(ui->Command1, &frmCadHorarios::Command1_Click);
-    onDblClick(ui->DataGrid2, &frmCadHorarios::DataGrid2_DblClick);
+    onDblClick(ui->DataGrid2, &frmCadHorarios::DataGrid2_DblClick, u"exclui a linha, depois de perguntar"_s);
 }
 
 void frmCadHorarios::Form_Load()

@@ -132,11 +132,11 @@ protected:
         watchMouse(widget, QEvent::MouseButtonRelease, bound(handler));
     }
     /// A double click of the left button. In a list or grid it must be on one of its lines, which is the
-    /// current one when the handler runs.
+    /// current one when the handler runs. `what` tells the help sheet what happens to the line.
     template <class F>
-    void onDblClick(QWidget* widget, void (F::*handler)())
+    void onDblClick(QWidget* widget, void (F::*handler)(), const QString& what = {})
     {
-        watchMouse(widget, QEvent::MouseButtonDblClick, bound(handler));
+        watchMouse(widget, QEvent::MouseButtonDblClick, bound(handler), what);
     }
     template <class F>
     void onChange(QLineEdit* box, void (F::*handler)())
@@ -196,13 +196,15 @@ private:
     }
     void activate();
     void placeOnScreen();
-    void watchMouse(QWidget* widget, QEvent::Type type, std::function<void()> handler);
+    void watchMouse(QWidget* widget, QEvent::Type type, std::function<void()> handler,
+                    const QString& what = {});
     bool takeLine(QWidget* control, bool isRepeated);
     bool letterPressed(QWidget* control, const QKeyEvent& event);
     void pressAsMouse(QAbstractButton* button);
     QList<HelpSection> help() const;
     QList<HelpLine> helpOfKeys() const;
     QList<HelpLine> helpOfLetters() const;
+    QList<HelpLine> helpOfLists() const;
     QList<HelpLine> helpOfRules() const;
     QString captionOf(const QString& key) const;
     void focusMoved(QWidget* to);
@@ -222,6 +224,7 @@ private:
     {
         QEvent::Type type = QEvent::None;
         std::function<void()> run;
+        QString what;
     };
     QMap<int, KeyHandler> keys_;
     QHash<QWidget*, std::function<void()>> gotFocus_;

@@ -10,6 +10,7 @@
 #include <QMenuBar>
 #include <QPushButton>
 #include <QRegularExpression>
+#include <algorithm>
 
 using namespace Qt::StringLiterals;
 
@@ -20,11 +21,6 @@ QString withoutKey(const QString& text, const QString& key)
 {
     const QRegularExpression name(u"\\b%1\\b\\s*"_s.arg(key));
     return text.contains(name) ? QString(text).remove(name).simplified() : QString();
-}
-
-bool hasOne(const QList<QAbstractItemView*>& lists, bool (*is)(const QAbstractItemView*))
-{
-    return std::any_of(lists.begin(), lists.end(), is);
 }
 
 } // namespace
@@ -98,6 +94,24 @@ QList<HelpLine> Form::helpOfLetters() const
     return lines;
 }
 
+QList<HelpLine> Form::helpOfLists() const
+{
+    QList<HelpLine> lines;
+    const auto add = [&lines](const QString& what) {
+        if (std::none_of(lines.begin(), lines.end(), [&](const HelpLine& line) { return line.what == what; }))
+            lines << HelpLine{u"Espaço"_s, what};
+    };
+    for (QAbstractItemView* list : findChildren<QAbstractItemView*>()) {
+        const LineHandler line = lines_.value(list);
+        if (list->selectionMode() == QAbstractItemView::MultiSelection)
+            add(u"numa linha da lista: marca ou desmarca"_s);
+        else if (line.run && !keyPress_.contains(list))
+            add(u"numa linha da lista: "_s +
+                (line.what.isEmpty() ? Help::blankKey(line.type).section(u": "_s, 1) : line.what));
+    }
+    return lines;
+}
+
 QList<HelpLine> Form::helpOfRules() const
 {
     QList<HelpLine> lines;
@@ -105,31 +119,28 @@ QList<HelpLine> Form::helpOfRules() const
         if (holds)
             lines << HelpLine{keys, what};
     };
-    const auto lists = findChildren<QAbstractItemView*>();
+    const auto buttons = findChildren<QPushButton*>();
     const auto combos = findChildren<QComboBox*>();
-    const bool hasButton = !findChildren<QPushButton*>().isEmpty();
-    add(enterMovesOn_ && !findChildren<QLineEdit*>().isEmpty(), u"Enter"_s,
-        u"vai ao campo seguinte, como Tab"_s);
-    add(hasButton, u"Enter"_s, u"num botão: aperta o botão"_s);
+    const bool hasBoxes = !findChildren<QLineEdit*>().isEmpty();
+    const bool hasMenu = findChild<QMenuBar*>();
+    const bool hasButtons = std::any_of(buttons.begin(), buttons.end(), [](const QPushButton* button) {
+        return !Mnemonics::letterOf(button).isNull();
+    });
+    add(hasButtons, u"Tab"_s, u"vai adiante; Shift+Tab volta"_s);
+    add(enterMovesOn_ && hasBoxes, u"Enter"_s, u"num campo: vai ao seguinte, como Tab"_s);
+    add(hasButtons, u"Enter"_s, u"num botão: aperta o botão"_s);
     add(!findChildren<QPlainTextEdit*>().isEmpty(), u"Enter"_s,
-        u"num campo de várias linhas: começa outra linha; Tab vai adiante"_s);
+        u"num campo de várias linhas: começa outra linha"_s);
     lines += explained_;
-    add(!escapeHelp().isEmpty(), u"Esc"_s, escapeHelp());
-    for (const QEvent::Type mouse : {QEvent::MouseButtonDblClick, QEvent::MouseButtonRelease})
-        add(std::any_of(lines_.begin(), lines_.end(),
-                        [mouse](const LineHandler& handler) { return handler.type == mouse; }),
-            u"Espaço"_s, u"numa lista: "_s + Help::blankKey(mouse).section(u": "_s, 1) + u" na linha"_s);
-    add(hasOne(lists,
-               [](const QAbstractItemView* list) {
-                   return list->selectionMode() == QAbstractItemView::MultiSelection;
-               }),
-        u"Espaço"_s, u"numa lista de várias escolhas: marca ou desmarca a linha"_s);
+    lines += helpOfLists();
     add(std::any_of(combos.begin(), combos.end(),
                     [](const QComboBox* combo) { return !combo->isEditable(); }),
         u"Setas"_s, u"numa caixa de escolha: escolhem; Espaço abre a caixa"_s);
     add(findChild<QCalendarWidget*>(), u"Setas"_s, u"no calendário: mudam o dia"_s);
-    add(hasButton, u"Alt"_s, u"sublinha as letras; Alt com a letra leva ao botão e o aperta"_s);
-    add(upperCase_ && !findChildren<QLineEdit*>().isEmpty(), u"Letras"_s,
-        u"tornam-se maiúsculas ao digitar"_s);
+    add(hasMenu, u"Setas"_s, u"no menu: escolhem; Enter abre"_s);
+    add(hasMenu, u"Alt"_s, u"sublinha as letras; com a letra, abre o menu"_s);
+    add(hasButtons, u"Alt"_s, u"sublinha as letras; com a letra, leva ao botão e o aperta"_s);
+    add(upperCase_ && hasBoxes, u"Letras"_s, u"tornam-se maiúsculas ao digitar"_s);
+    add(!escapeHelp().isEmpty(), u"Esc"_s, escapeHelp());
     return lines;
 }
