@@ -7,6 +7,7 @@
 #include "app/core/variaveis.h"
 #include "app/frmtelainicial.h"
 #include "platform/forms/application.h"
+#include "platform/forms/mnemonics.h"
 #include "platform/system/files.h"
 #include "platform/values/error.h"
 #include "ui_frmprincipal.h"
@@ -59,9 +60,8 @@ void frmPrincipal::buildMenu()
         open.resize(entry.level);
         QAction* action = nullptr;
         if (entry.isHead) {
-            QMenu* menu =
-                entry.level == 0 ? menuBar_->addMenu(entry.caption) : open.last()->addMenu(entry.caption);
-            action = menu->menuAction();
+            auto* menu = new LetterMenu(entry.caption, this);
+            action = entry.level == 0 ? menuBar_->addMenu(menu) : open.last()->addMenu(menu);
             open.append(menu);
         } else {
             action =

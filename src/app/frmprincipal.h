@@ -36,6 +36,7 @@ protected:
     void Form_Load() override;
     void Form_Activate() override;
     void Form_Escape() override {}
+    QString escapeHelp() const override { return {}; }
     void Form_Unload() override;
 
 private:

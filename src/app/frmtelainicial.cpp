@@ -10,6 +10,7 @@
 #include "platform/forms/application.h"
 #include "platform/forms/dialogs.h"
 #include "platform/forms/theme.h"
+#include "platform/forms/wrongboxes.h"
 #include "platform/values/error.h"
 #include "ui_frmtelainicial.h"
 
@@ -34,8 +35,9 @@ void frmtelainicial::wire()
     onClick(ui->Command1, &frmtelainicial::Command1_Click);
     onClick(ui->Command2, &frmtelainicial::Command2_Click);
     onClick(ui->Label4, &frmtelainicial::Label4_Click);
-    onKey(Qt::Key_F10, &frmtelainicial::Label4_Click);
+    onKey(Qt::Key_F10, &frmtelainicial::Label4_Click, u"SUPORTE"_s);
     onEnter(ui->txtSenha, &frmtelainicial::Command1_Click);
+    explain(u"Enter"_s, u"no campo Senha: confirma"_s);
     connect(&Timer1, &QTimer::timeout, this, &frmtelainicial::Timer1_Timer);
 }
 
@@ -82,6 +84,7 @@ void frmtelainicial::Command1_Click()
                 aspas(ui->txtUsuario->text()) + " and ususenha = " + aspas(ui->txtSenha->text()),
             Conexao, 3, 3);
     if (rs.Eof()) {
+        pointAtAnyOf({ui->txtUsuario, ui->txtSenha});
         MsgBox(u"--- ERRO --- USUÁRIO E/OU SENHA NÃO CONFEREM!"_s, u"ATENÇÃO"_s, Icon::Information);
     } else {
         Usuario = ui->txtUsuario->text();
@@ -137,6 +140,11 @@ void frmtelainicial::Form_Escape()
 {
     Usuario.clear();
     Command2_Click();
+}
+
+QString frmtelainicial::escapeHelp() const
+{
+    return u"fecha o programa"_s;
 }
 
 void frmtelainicial::FechaConexaoDaTela()
