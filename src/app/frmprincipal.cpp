@@ -3,16 +3,17 @@
 #include "app/atualizacao.h"
 #include "app/core/arquivosini.h"
 #include "app/core/instalacao.h"
-#include "app/core/menu.h"
 #include "app/core/variaveis.h"
 #include "app/frmtelainicial.h"
 #include "platform/forms/application.h"
 #include "platform/system/files.h"
+#include "platform/system/usersettings.h"
 #include "platform/values/error.h"
 #include "ui_frmprincipal.h"
 
 #include <QIcon>
 #include <QMenuBar>
+#include <QStatusTipEvent>
 
 using namespace Qt::StringLiterals;
 
@@ -25,6 +26,9 @@ static int loadResources()
     return 0;
 }
 [[maybe_unused]] static const int resources = loadResources();
+
+/// The window's place, size and state in the user's settings.
+static const QString chaveTamanho = u"frmPrincipal"_s;
 
 frmPrincipal::frmPrincipal() : ui(std::make_unique<Ui::frmPrincipal>())
 {
@@ -47,7 +51,9 @@ void frmPrincipal::wire()
     Menu::principal().bind(u"mnuoff"_s, [this] { mnuoff_Click(); });
     Menu::principal().bind(u"mnuupdate"_s, [this] { mnuupdate_Click(); });
     connect(&Menu::principal(), &Menu::enabledChanged, this,
-            [this](const QString& name, bool enabled) { actions_.value(name)->setEnabled(enabled); });
+            [this](const Menu::Entry& entry) { mostraPermissao(*actions_.value(entry.name), entry); });
+    // Behind the noting of sizes, which the fonts are scaled by.
+    connect(this, &Form::loaded, this, &frmPrincipal::retomaTamanho);
 }
 
 void frmPrincipal::buildMenu()
@@ -69,9 +75,37 @@ void frmPrincipal::buildMenu()
             connect(action, &QAction::triggered, this, [name = entry.name] { Menu::principal().run(name); });
         }
         action->setObjectName(entry.name);
-        action->setEnabled(entry.enabled);
+        mostraPermissao(*action, entry);
         actions_.insert(entry.name, action);
     }
+}
+
+void frmPrincipal::mostraPermissao(QAction& action, const Menu::Entry& entry)
+{
+    action.setEnabled(entry.enabled);
+    action.setStatusTip(entry.enabled ? entry.description
+                                      : entry.description + u" Seu usuário não tem acesso."_s);
+}
+
+bool frmPrincipal::event(QEvent* event)
+{
+    if (event->type() == QEvent::StatusTip) {
+        ui->lDica->setText(static_cast<QStatusTipEvent*>(event)->tip());
+        return true;
+    }
+    return Form::event(event);
+}
+
+void frmPrincipal::retomaTamanho()
+{
+    if (!restoreGeometry(UserSettings::value(chaveTamanho)))
+        setWindowState(windowState() | Qt::WindowMaximized);
+}
+
+/// Wherever the program ends by the window's or the login's closing.
+void frmPrincipal::guardaTamanho()
+{
+    UserSettings::setValue(chaveTamanho, saveGeometry());
 }
 
 QWidget* frmPrincipal::clientArea()
@@ -159,8 +193,10 @@ void frmPrincipal::CarregaConfiguracao()
 void frmPrincipal::pedeLogin()
 {
     Form::of<frmtelainicial>().ShowModal();
-    if (LoginAberto == QLatin1String("N"))
+    if (LoginAberto == QLatin1String("N")) {
+        guardaTamanho();
         Application::end(0);
+    }
 }
 
 void frmPrincipal::mnuoff_Click()
@@ -180,5 +216,6 @@ void frmPrincipal::mnuupdate_Click()
 
 void frmPrincipal::Form_Unload()
 {
+    guardaTamanho();
     Application::end(0);
 }

@@ -35,6 +35,8 @@ void frmtelainicial::wire()
     onClick(ui->Command2, &frmtelainicial::Command2_Click);
     onClick(ui->Label4, &frmtelainicial::Label4_Click);
     onKey(Qt::Key_F10, &frmtelainicial::Label4_Click);
+    selectOnFocus(ui->txtUsuario);
+    selectOnFocus(ui->txtSenha);
     onEnter(ui->txtSenha, &frmtelainicial::Command1_Click);
     connect(&Timer1, &QTimer::timeout, this, &frmtelainicial::Timer1_Timer);
 }
@@ -82,6 +84,8 @@ void frmtelainicial::Command1_Click()
             Conexao, 3, 3);
     if (rs.Eof()) {
         MsgBox(u"--- ERRO --- USUÁRIO E/OU SENHA NÃO CONFEREM!"_s, u"ATENÇÃO"_s, Icon::Information);
+        if (auto* caixa = qobject_cast<QLineEdit*>(focusWidget()))
+            caixa->selectAll(); // what is typed now takes the place of what was refused
     } else {
         Usuario = ui->txtUsuario->text();
         Logado = u"S"_s;

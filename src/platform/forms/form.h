@@ -177,7 +177,6 @@ private:
         return [form = static_cast<F*>(this), handler] { (form->*handler)(); };
     }
     void activate();
-    void placeOnScreen();
     void watchMouse(QWidget* widget, QEvent::Type type, std::function<void()> handler);
     void focusMoved(QWidget* to);
     void lostAndGot(QWidget* from, QWidget* to);
