@@ -13,6 +13,7 @@
 
 #include <QIcon>
 #include <QMenuBar>
+#include <QMouseEvent>
 #include <QStatusTipEvent>
 
 using namespace Qt::StringLiterals;
@@ -29,6 +30,9 @@ static int loadResources()
 
 /// The window's place, size and state in the user's settings.
 static const QString chaveTamanho = u"frmPrincipal"_s;
+
+/// Behind the description of an entry that the user has no right to.
+static const QString semAcesso = u" Seu usuário não tem acesso."_s;
 
 frmPrincipal::frmPrincipal() : ui(std::make_unique<Ui::frmPrincipal>())
 {
@@ -59,6 +63,7 @@ void frmPrincipal::wire()
 void frmPrincipal::buildMenu()
 {
     menuBar_ = new QMenuBar(this);
+    menuBar_->installEventFilter(this);
     layout()->setMenuBar(menuBar_);
     QList<QMenu*> open; // the sub-menu that entries of each level go into, level 1 first
     for (const Menu::Entry& entry : Menu::principal().entries()) {
@@ -67,6 +72,7 @@ void frmPrincipal::buildMenu()
         if (entry.isHead) {
             QMenu* menu =
                 entry.level == 0 ? menuBar_->addMenu(entry.caption) : open.last()->addMenu(entry.caption);
+            menu->installEventFilter(this);
             action = menu->menuAction();
             open.append(menu);
         } else {
@@ -83,8 +89,7 @@ void frmPrincipal::buildMenu()
 void frmPrincipal::mostraPermissao(QAction& action, const Menu::Entry& entry)
 {
     action.setEnabled(entry.enabled);
-    action.setStatusTip(entry.enabled ? entry.description
-                                      : entry.description + u" Seu usuário não tem acesso."_s);
+    action.setStatusTip(entry.enabled ? entry.description : entry.description + semAcesso);
 }
 
 bool frmPrincipal::event(QEvent* event)
@@ -94,6 +99,22 @@ bool frmPrincipal::event(QEvent* event)
         return true;
     }
     return Form::event(event);
+}
+
+bool frmPrincipal::eventFilter(QObject* menu, QEvent* event)
+{
+    if (event->type() != QEvent::MouseMove && event->type() != QEvent::Leave)
+        return false;
+    const QAction* entry = nullptr;
+    if (event->type() == QEvent::MouseMove) {
+        const QPoint place = static_cast<QMouseEvent*>(event)->position().toPoint();
+        entry = menu == menuBar_ ? menuBar_->actionAt(place) : static_cast<QMenu*>(menu)->actionAt(place);
+    }
+    if (entry && !entry->isEnabled())
+        ui->lDica->setText(entry->statusTip());
+    else if (ui->lDica->text().endsWith(semAcesso))
+        ui->lDica->clear();
+    return false;
 }
 
 void frmPrincipal::retomaTamanho()

@@ -40,6 +40,8 @@ protected:
     void Form_Unload() override;
     /// The description of the menu entry under the pointer or the keyboard's mark.
     bool event(QEvent* event) override;
+    /// The same for an entry under the pointer that is not to be opened: no menu makes it its current one.
+    bool eventFilter(QObject* menu, QEvent* event) override;
 
 private:
     void wire();

@@ -92,8 +92,7 @@ public:
         column->addWidget(line_);
         column->addSpacing(12);
         column->addLayout(buttons());
-        column->setSizeConstraint(QLayout::SetMinimumSize);
-        setMinimumWidth(qMax(fontMetrics().averageCharWidth() * 60, widthOfTitle(title)));
+        line_->setMinimumWidth(qMax(fontMetrics().averageCharWidth() * 60, widthOfTitle(title)));
     }
 
     QString text() const { return line_->text(); }
