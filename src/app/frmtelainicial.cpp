@@ -36,6 +36,8 @@ void frmtelainicial::wire()
     onClick(ui->Command2, &frmtelainicial::Command2_Click);
     onClick(ui->Label4, &frmtelainicial::Label4_Click);
     onKey(Qt::Key_F10, &frmtelainicial::Label4_Click, u"SUPORTE"_s);
+    selectOnFocus(ui->txtUsuario);
+    selectOnFocus(ui->txtSenha);
     onEnter(ui->txtSenha, &frmtelainicial::Command1_Click);
     explain(u"Enter"_s, u"no campo Senha: confirma"_s);
     connect(&Timer1, &QTimer::timeout, this, &frmtelainicial::Timer1_Timer);
@@ -86,6 +88,8 @@ void frmtelainicial::Command1_Click()
     if (rs.Eof()) {
         pointAtAnyOf({ui->txtUsuario, ui->txtSenha});
         MsgBox(u"--- ERRO --- USUÁRIO E/OU SENHA NÃO CONFEREM!"_s, u"ATENÇÃO"_s, Icon::Information);
+        if (auto* caixa = qobject_cast<QLineEdit*>(focusWidget()))
+            caixa->selectAll(); // what is typed now takes the place of what was refused
     } else {
         Usuario = ui->txtUsuario->text();
         Logado = u"S"_s;

@@ -13,6 +13,7 @@
 
 #include <QMenuBar>
 #include <QPushButton>
+#include <QScreen>
 #include <QScrollArea>
 #include <QScrollBar>
 #include <QTest>
@@ -320,6 +321,28 @@ TEST_F(Forms, LoadsOnceActivatesAndUnloads)
     one->close();
     EXPECT_NE(one, &Form::of<Sample>()) << "fresh controls after an unloading";
     delete &Form::of<Sample>();
+}
+
+TEST_F(Forms, AWindowOpensOverItsOwnerAndWholeOnTheScreen)
+{
+    const QRect room = form.screen()->availableGeometry();
+    const auto openOver = [&](const QRect& owner, const QSize& size) {
+        form.setGeometry(owner);
+        form.activateWindow();
+        settle();
+        Sample over;
+        over.layout()->setSizeConstraint(QLayout::SetNoConstraint);
+        over.first->setMinimumSize(size);
+        over.Show();
+        QTest::qWait(100); // for the frame
+        EXPECT_TRUE(room.contains(over.frameGeometry())) << testing::PrintToString(over.frameGeometry());
+        return over.frameGeometry().center();
+    };
+    const QPoint away = openOver({200, 150, 900, 700}, {300, 200}) - QRect(200, 150, 900, 700).center();
+    EXPECT_LT(away.manhattanLength(), 30) << "in the middle of its owner, give or take a frame";
+    openOver({0, 0, 200, 100}, {600, 400});
+    openOver({room.width() - 200, room.height() - 200, 200, 100}, {600, 400});
+    openOver(room, room.size() * 2);
 }
 
 TEST_F(Forms, ADisabledFormTakesEscAlone)

@@ -1,12 +1,15 @@
 #pragma once
 
+#include <QDir>
 #include <QSize>
+#include <QTemporaryDir>
 #include <QTemporaryFile>
 
 using namespace Qt::StringLiterals;
 
-/// Windows are drawn in memory, on a screen of this size in pixels. Has to stand before the application is
-/// made.
+/// Windows are drawn in memory, on a screen of this size in pixels, and what is remembered of them goes to a
+/// folder that nobody else uses; a program that this one starts shares it. Has to stand before the
+/// application is made.
 class OffScreen
 {
 public:
@@ -19,9 +22,12 @@ public:
                            .arg(size.height())
                            .toUtf8());
         screens_.flush();
+        if (!qEnvironmentVariable("XDG_CONFIG_HOME").startsWith(QDir::tempPath()))
+            qputenv("XDG_CONFIG_HOME", settings_.path().toUtf8());
         qputenv("QT_QPA_PLATFORM", "offscreen:configfile=" + screens_.fileName().toUtf8());
     }
 
 private:
     QTemporaryFile screens_;
+    QTemporaryDir settings_;
 };

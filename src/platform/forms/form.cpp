@@ -4,12 +4,12 @@
 #include "platform/forms/formkeyboard.h"
 #include "platform/forms/mnemonics.h"
 #include "platform/forms/theme.h"
+#include "platform/forms/placement.h"
 #include "platform/values/error.h"
 
 #include <QApplication>
 #include <QCloseEvent>
 #include <QScopeGuard>
-#include <QScreen>
 #include <QWindow>
 #include <exception>
 #include <utility>
@@ -19,9 +19,6 @@ using namespace Qt::StringLiterals;
 namespace {
 /// The form that was active last. Coming back to it from another program is no activation.
 Form* lastActive = nullptr;
-
-/// What a window system puts around a window, title bar included; it does not tell before it has done so.
-constexpr QSize frame(8, 40);
 } // namespace
 
 Form::Form(QWidget* parent) : QWidget(parent, Qt::Window)
@@ -69,19 +66,6 @@ void Form::Show()
     show();
     raise();
     activateWindow();
-}
-
-/// In front of the active window and whole on the screen.
-void Form::placeOnScreen()
-{
-    const QWidget* owner = QApplication::activeWindow();
-    const QRect room = screen()->availableGeometry();
-    const QRect around = owner && owner != this ? owner->frameGeometry() : room;
-    resize(size().boundedTo(room.size() - frame));
-    QRect place(QPoint(), size() + frame);
-    place.moveCenter(around.center());
-    move(qBound(room.left(), place.left(), qMax(room.left(), room.right() - place.width())),
-         qBound(room.top(), place.top(), qMax(room.top(), room.bottom() - place.height())));
 }
 
 void Form::ShowModal()
@@ -199,7 +183,7 @@ void Form::showEvent(QShowEvent* event)
         Mnemonics::assign(*this);
         Q_EMIT loaded();
         if (!testAttribute(Qt::WA_Moved))
-            placeOnScreen();
+            placeWindow(*this, QApplication::activeWindow() != this ? QApplication::activeWindow() : nullptr);
         if (!focusWidget())
             focusNextPrevChild(true);
     }

@@ -195,7 +195,6 @@ private:
         return [form = static_cast<F*>(this), handler] { (form->*handler)(); };
     }
     void activate();
-    void placeOnScreen();
     void watchMouse(QWidget* widget, QEvent::Type type, std::function<void()> handler,
                     const QString& what = {});
     bool takeLine(QWidget* control, bool isRepeated);
