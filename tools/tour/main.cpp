@@ -53,6 +53,11 @@ void users(Tour& tour)
         tour.picture(u"frmcadusuario"_s, users);
         tour.resized(u"frmcadusuario"_s, users);
 
+        tour.box(u"frmcadusuario_exclui"_s, u"Não"_s);
+        users.click(u"Command3"_s);
+        users.type(u"txtoksenha"_s, u"outra"_s);
+        tour.picture(u"frmcadusuario_senhas"_s, users);
+
         // A quote breaks the statement. The program would end behind the box; the walk goes on.
         Application::setFailureHandler(Application::tell);
         tour.box(u"erro_do_servidor"_s, u"OK"_s);
@@ -118,6 +123,9 @@ void walk(Tour& tour)
     for (const char* head : {"mnuCad", "mnumov", "mnurel", "mnuti"})
         openMenu(tour, window, QString::fromLatin1(head));
     tour.resized(u"frmPrincipal"_s, window);
+    tour.altHeld(u"frmPrincipal_alt"_s, window);
+    tour.box(u"ainda_nao"_s, u"OK"_s);
+    Menu::principal().run(u"movcont"_s);
     users(tour);
     configuration(tour);
     walkRegisters(tour);
@@ -170,6 +178,8 @@ int main(int argc, char** argv)
     const OpenedTargets opened; // by no other program: a document is kept with the pictures
     const FixedClock clock(QDateTime(QDate(2026, 3, 16), QTime(8, 30)));
     Tour tour(arguments[2]);
+    QTimer::singleShot(std::chrono::minutes(5), &application,
+                       [] { Report::fail(u"the walk stands still"_s); });
     QMetaObject::invokeMethod(
         &application, [&tour] { walk(tour); }, Qt::QueuedConnection);
     return Application::exec();

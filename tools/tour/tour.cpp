@@ -9,11 +9,12 @@
 #include <QComboBox>
 #include <QContextMenuEvent>
 #include <QHelpEvent>
-#include <QInputDialog>
+#include <QLineEdit>
 #include <QMessageBox>
 #include <QPainter>
 #include <QProcess>
 #include <QScreen>
+#include <QTest>
 #include <cstdio>
 
 using namespace Qt::StringLiterals;
@@ -67,8 +68,8 @@ void Tour::look()
     }
     const Box expected = boxes_.takeFirst();
     settle();
-    if (auto* input = qobject_cast<QInputDialog*>(box))
-        input->setTextValue(expected.answer);
+    if (auto* line = box->findChild<QLineEdit*>())
+        line->setText(expected.answer);
     keep(expected.name, *box, box->grab().toImage());
     if (auto* message = qobject_cast<QMessageBox*>(box))
         answer(*message, expected.answer);
@@ -110,6 +111,7 @@ void Tour::keep(const QString& name, const QWidget& window, const QImage& image)
 
 void Tour::picture(const QString& name, const ScreenDriver& screen)
 {
+    screen.window().activateWindow(); // off the screen nobody gives the focus back when a box is gone
     settle();
     const QList<QWidget*> hanging = hangingOpen();
     QRect whole = screen.window().geometry();
@@ -165,6 +167,20 @@ void Tour::resized(const QString& name, ScreenDriver& screen)
     settle();
 }
 
+void Tour::refused(const QString& name, ScreenDriver& screen, const QString& button)
+{
+    box(name, u"OK"_s);
+    screen.click(button);
+    picture(name + u"_campos"_s, screen);
+}
+
+void Tour::altHeld(const QString& name, const ScreenDriver& screen)
+{
+    QTest::keyPress(&screen.window(), Qt::Key_Alt);
+    picture(name, screen);
+    QTest::keyRelease(&screen.window(), Qt::Key_Alt);
+}
+
 void Tour::contextMenu(const QString& name, const ScreenDriver& screen, const QString& control)
 {
     QWidget* target = screen.find(control);
@@ -172,10 +188,16 @@ void Tour::contextMenu(const QString& name, const ScreenDriver& screen, const QS
         target = area->viewport();
     const QPoint place = target->rect().center();
     QContextMenuEvent click(QContextMenuEvent::Mouse, place, target->mapToGlobal(place));
+    bool seen = false; // a menu may wait for its answer before the click is through
+    QTimer::singleShot(0, this, [&] {
+        if (hangingOpen().isEmpty())
+            Report::fail(u"%1 has no menu"_s.arg(control));
+        picture(name, screen);
+        seen = true;
+    });
     QApplication::sendEvent(target, &click);
-    if (hangingOpen().isEmpty())
-        Report::fail(u"%1 has no menu"_s.arg(control));
-    picture(name, screen);
+    while (!seen)
+        QCoreApplication::processEvents(QEventLoop::WaitForMoreEvents);
 }
 
 void Tour::openList(const QString& name, const ScreenDriver& screen, const QString& combo)

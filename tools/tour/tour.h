@@ -29,6 +29,10 @@ public:
     void picture(const QString& name, const ScreenDriver& screen);
     /// The window at other sizes that the screen has room for, each with a picture; then as it was.
     void resized(const QString& name, ScreenDriver& screen);
+    /// A button whose step is refused with a box; the window behind it has a picture of its own.
+    void refused(const QString& name, ScreenDriver& screen, const QString& button);
+    /// The window while Alt is held.
+    void altHeld(const QString& name, const ScreenDriver& screen);
     /// The menu that a right click on the control opens.
     void contextMenu(const QString& name, const ScreenDriver& screen, const QString& control);
     void openList(const QString& name, const ScreenDriver& screen, const QString& combo);
