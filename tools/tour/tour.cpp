@@ -87,7 +87,7 @@ void Tour::answer(QMessageBox& box, const QString& button)
 
 QString Tour::numbered(const QString& name)
 {
-    return u"%1_%2"_s.arg(++count_, 2, 10, QLatin1Char('0')).arg(name);
+    return u"%1_%2"_s.arg(++count_, 3, 10, QLatin1Char('0')).arg(name);
 }
 
 void Tour::list(const QString& file)
