@@ -137,7 +137,7 @@ TEST_F(Program, TheWindowOpensAsItWasLeftAndItsFontsFollow)
     auto& principal = Form::of<frmPrincipal>();
     EXPECT_TRUE(principal.isMaximized());
     const QSize whole = principal.size();
-    EXPECT_NEAR(signSize(), 18.0 * whole.width() / principal.openingSize().width(), 3);
+    EXPECT_NEAR(signSize(), 15.0 * whole.width() / principal.openingSize().width(), 3);
     principal.showNormal();
     const QSize half = principal.openingSize() / 2;
     principal.resize(half);
@@ -146,7 +146,7 @@ TEST_F(Program, TheWindowOpensAsItWasLeftAndItsFontsFollow)
     Logado = u"N"_s;
     start();
     EXPECT_EQ(Form::of<frmPrincipal>().size(), half);
-    EXPECT_NEAR(signSize(), 9, 2);
+    EXPECT_NEAR(signSize(), 7.5, 1);
 }
 
 TEST_F(Program, ALogoFillsTheWindowBehindEverything)

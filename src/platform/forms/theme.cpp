@@ -113,10 +113,12 @@ void dressLabel(QLabel& label)
 
 void dressButton(QPushButton& button)
 {
+    const QString role = button.property("role").toString();
+    if (role == QLatin1String("sign"))
+        button.setFont(font(Type::Headline));
     const QString glyphName = button.property("glyph").toString();
     if (glyphName.isEmpty())
         return;
-    const QString role = button.property("role").toString();
     button.setIcon(glyph(glyphName, role == QLatin1String("primary")  ? Role::Paper
                                     : role == QLatin1String("danger") ? Role::DangerInk
                                                                       : Role::Ink));
