@@ -70,7 +70,7 @@ void frmCli_Agenda::wire()
     onClick(ui->lHoje, &frmCli_Agenda::lHoje_Click);
     onClick(ui->Command1, &frmCli_Agenda::Command1_Click);
     onClick(ui->Command6, &frmCli_Agenda::Command6_Click);
-    onDblClick(ui->DataGrid1, &frmCli_Agenda::DataGrid1_DblClick, u"abre o atendimento em casa"_s);
+    onDblClick(ui->DataGrid1, &frmCli_Agenda::DataGrid1_DblClick);
     onClick(ui->List1, &frmCli_Agenda::List1_Click);
     onDblClick(ui->List1, &frmCli_Agenda::List1_DblClick,
                u"agenda no horário livre, ou abre o agendamento; com um aberto, passa-o ao horário livre"_s);

@@ -163,6 +163,7 @@ TEST_F(Booking, WhatCannotBeBookedIsRefusedInOrder)
                        "txtVR=CARO=0|txtFone=  =9")) {
             agenda.type(box[0], box[1]);
             refused(incomplete, Icon::Information);
+            EXPECT_TRUE(agenda.find(box[0])->property("wrong").toBool()) << box[0].toStdString();
             agenda.type(box[0], box[2]);
         }
         refused(u"--- ERRO --- SELECIONA UM PROCEDIMENTO!"_s);

@@ -137,6 +137,14 @@ TEST_F(ByKeyboard, MasterDataIsKept)
         screen.press(Qt::Key_Return);
     });
 
+    on<frmcadcli>([this](ScreenDriver& screen) {
+        dialogs.expectInput(u"Nome: "_s, u"JOSÉ"_s);
+        screen.press(Qt::Key_F10);
+        screen.press(Qt::Key_Space);
+        screen.press(Qt::Key_Return);
+        EXPECT_EQ(screen.text(u"txtnome"_s), u"JOSÉ DA SILVA") << "the row that the grid stood on";
+    });
+
     on<frmCadFor>([](ScreenDriver& screen) {
         keys(screen, {u""_s, u""_s, u""_s, u"casa médica"_s, u"casa"_s, u""_s, u""_s, u""_s, u""_s, u""_s,
                       u""_s, u""_s, u""_s, u""_s});

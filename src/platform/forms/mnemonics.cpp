@@ -152,14 +152,16 @@ AltWatch* watch()
 /// The letter of the button or of the menu bar's entry that is being painted with this text.
 QChar letterPainted(const QString& text)
 {
-    const QObject* painted = watch()->painted;
+    const auto* painted = qobject_cast<const QWidget*>(watch()->painted);
+    if (!painted || !painted->isActiveWindow())
+        return {}; // in a window behind they press nothing
     if (const auto* bar = qobject_cast<const QMenuBar*>(painted)) {
         for (const QAction* action : bar->actions())
             if (action->text() == text)
                 return Mnemonics::letterOf(action);
         return {};
     }
-    return painted ? Mnemonics::letterOf(painted) : QChar();
+    return Mnemonics::letterOf(painted);
 }
 
 } // namespace
