@@ -7,6 +7,7 @@
 #include "app/frmtelainicial.h"
 #include "platform/forms/application.h"
 #include "platform/forms/mnemonics.h"
+#include "platform/forms/placement.h"
 #include "platform/system/files.h"
 #include "platform/system/usersettings.h"
 #include "platform/values/error.h"
@@ -98,6 +99,8 @@ bool frmPrincipal::event(QEvent* event)
         ui->lDica->setText(static_cast<QStatusTipEvent*>(event)->tip());
         return true;
     }
+    if (event->type() == QEvent::WindowStateChange && !isMaximized())
+        keepInSight(*this);
     return Form::event(event);
 }
 
@@ -119,8 +122,10 @@ bool frmPrincipal::eventFilter(QObject* menu, QEvent* event)
 
 void frmPrincipal::retomaTamanho()
 {
-    if (!restoreGeometry(UserSettings::value(chaveTamanho)))
-        setWindowState(windowState() | Qt::WindowMaximized);
+    if (restoreGeometry(UserSettings::value(chaveTamanho)))
+        return;
+    placeWindow(*this, nullptr); // where it goes when it is made smaller
+    setWindowState(windowState() | Qt::WindowMaximized);
 }
 
 /// Wherever the program ends by the window's or the login's closing.

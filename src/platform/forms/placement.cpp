@@ -1,5 +1,6 @@
 #include "platform/forms/placement.h"
 
+#include <QPointer>
 #include <QScreen>
 #include <QTimer>
 #include <QWidget>
@@ -11,9 +12,10 @@ namespace {
 constexpr QSize guess(8, 40);
 
 /// Makes the window small enough for the screen and puts it in its place.
-void place(QWidget& window, QSize frame, const QRect& around)
+void place(QWidget& window, QSize frame, const QWidget* owner)
 {
     const QRect room = window.screen()->availableGeometry();
+    const QRect around = owner ? owner->geometry() : room;
     window.resize(window.size().boundedTo(room.size() - frame));
     QRect all(QPoint(), window.size() + frame);
     all.moveCenter(around.center());
@@ -21,12 +23,18 @@ void place(QWidget& window, QSize frame, const QRect& around)
                 qBound(room.top(), all.top(), qMax(room.top(), room.bottom() + 1 - all.height())));
 }
 
-/// Looks for the frame, which no event announces, for a second at most: some window systems have none.
+QSize sizeOf(const QMargins& frame)
+{
+    return {frame.left() + frame.right(), frame.top() + frame.bottom()};
+}
+
+/// Looks for the frame, which no event announces, for a second at most: some window systems have none. While
+/// it is being put around the window its measures are nonsense: they count once they stand still.
 class FrameWatch : public QObject
 {
 public:
-    FrameWatch(QWidget& window, const QRect& around)
-        : QObject(&window), window_(window), size_(window.size()), around_(around)
+    FrameWatch(QWidget& window, const QWidget* owner)
+        : QObject(&window), window_(window), size_(window.size()), owner_(owner)
     {
         connect(&timer_, &QTimer::timeout, this, &FrameWatch::look);
         timer_.start(20);
@@ -35,19 +43,24 @@ public:
 private:
     void look()
     {
-        const QMargins frame = window_.windowHandle() ? window_.windowHandle()->frameMargins() : QMargins();
-        const bool known = !frame.isNull() && window_.isVisible();
+        const QMargins before = frame_;
+        if (window_.isVisible() && window_.windowHandle())
+            frame_ = window_.windowHandle()->frameMargins();
+        const bool known =
+            frame_ == before && !frame_.isNull() &&
+            qMin(qMin(frame_.left(), frame_.right()), qMin(frame_.top(), frame_.bottom())) >= 0;
         // Who has changed the size meanwhile has taken the window in hand.
         if (known && window_.size() == size_)
-            place(window_, {frame.left() + frame.right(), frame.top() + frame.bottom()}, around_);
+            place(window_, sizeOf(frame_), owner_);
         if (known || ++looks_ == 50)
             deleteLater();
     }
 
     QWidget& window_;
     QSize size_;
-    QRect around_;
+    QPointer<const QWidget> owner_;
     QTimer timer_;
+    QMargins frame_;
     int looks_ = 0;
 };
 
@@ -55,7 +68,15 @@ private:
 
 void placeWindow(QWidget& window, const QWidget* owner)
 {
-    const QRect around = owner ? owner->frameGeometry() : window.screen()->availableGeometry();
-    place(window, guess, around);
-    new FrameWatch(window, around);
+    place(window, guess, owner);
+    new FrameWatch(window, owner);
+}
+
+void keepInSight(QWidget& window)
+{
+    const auto move = [&window] {
+        if (window.windowHandle() && !(window.windowState() & (Qt::WindowMaximized | Qt::WindowMinimized)))
+            place(window, sizeOf(window.windowHandle()->frameMargins()), &window);
+    };
+    QTimer::singleShot(200, &window, move); // the new size comes behind the new state
 }

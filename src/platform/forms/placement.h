@@ -9,3 +9,7 @@ class QWidget;
 /// a while after it is shown: the place is taken with a guess, and set right once when the frame is there.
 /// `owner` may be null.
 void placeWindow(QWidget& window, const QWidget* owner);
+
+/// For a window that has just come back from its maximised state: some window systems put its title bar out
+/// of sight. It is moved, and made smaller, no more than it takes.
+void keepInSight(QWidget& window);
