@@ -130,23 +130,25 @@ TEST_F(Program, TheLineAboveThePanelsTellsWhatAnEntryIsFor)
 
 TEST_F(Program, TheWindowOpensAsItWasLeftAndItsFontsFollow)
 {
-    const auto signSize = [] {
-        return Form::of<frmPrincipal>().findChild<QPushButton*>(u"cmdST"_s)->font().pointSizeF();
+    // On this screen the height decides.
+    const auto signToHeight = [] {
+        auto& principal = Form::of<frmPrincipal>();
+        return principal.findChild<QPushButton*>(u"cmdST"_s)->font().pointSizeF() /
+               principal.clientArea()->height();
     };
     start();
     auto& principal = Form::of<frmPrincipal>();
     EXPECT_TRUE(principal.isMaximized());
-    const QSize whole = principal.size();
-    EXPECT_NEAR(signSize(), 15.0 * whole.width() / principal.openingSize().width(), 3);
-    principal.showNormal();
+    const double proportion = signToHeight();
     const QSize half = principal.openingSize() / 2;
+    principal.showNormal();
     principal.resize(half);
     UserSettings::setValue(u"frmPrincipal"_s, principal.saveGeometry());
     delete &principal;
     Logado = u"N"_s;
     start();
     EXPECT_EQ(Form::of<frmPrincipal>().size(), half);
-    EXPECT_NEAR(signSize(), 7.5, 1);
+    EXPECT_NEAR(signToHeight() / proportion, 1, 0.02);
 }
 
 TEST_F(Program, ALogoFillsTheWindowBehindEverything)
