@@ -31,7 +31,8 @@ QString nameOf(const QWidget& widget)
 double cutHeight(const QString& text, const QFont& font, const QRectF& place, Qt::Alignment align)
 {
     const QFontMetricsF metrics(font);
-    const QRectF ink = metrics.tightBoundingRect(text);
+    const QRectF ink =
+        metrics.tightBoundingRect(QString(text).remove(u'|')); // a rule may reach beyond a line
     double top = place.center().y() - metrics.height() / 2;
     if (align & Qt::AlignBottom)
         top = place.bottom() - metrics.height();
