@@ -43,8 +43,9 @@ TEST(CutTexts, WhatDoesNotFit)
         {cut<QLabel>(u"MUNICÍPIO"_s, 1, 1), {}},
         {cut<QLabel>(u"MUNICÍPIO"_s, 0.9, 1), u"is"_s},
         {cut<QLabel>(u"MUNICÍPIO"_s, 1, 0.7), u"loses"_s},
-        {cut<QLabel>(u"MUNICIPIO"_s, 1, 0.7), {}}, // without the accent it has room
-        {cut<QLabel>(u"Horár|Paciente   "_s, 0.5, 1), {}},
+        {cut<QLabel>(u"MUNICIPIO"_s, 1, 0.7), {}},          // without the accent it has room
+        {cut<QLabel>(u"Digite seu nome   "_s, 0.5, 1), {}}, // it moves
+        {cut<QLabel>(u"ANA            |1|200,00"_s, 0.5, 1), {}},
         {cut<QLineEdit>(u"MUNICÍPIO"_s, 0.2, 1), {}},
         {cut<QPushButton>(u"Confirmação de Notificação"_s, 1, 1), {}},
         {cut<QPushButton>(u"Confirmação de Notificação"_s, 0.8, 1), u"is"_s},

@@ -42,9 +42,11 @@ double cutHeight(const QString& text, const QFont& font, const QRectF& place, Qt
     return qMax(place.top() - (base + ink.top()), base + ink.bottom() - place.bottom());
 }
 
-QString judge(const QWidget& widget, const QString& text, const QRectF& place, Qt::Alignment align,
+/// whole: with the codes that an item carries behind a padded name, and which no control shows.
+QString judge(const QWidget& widget, const QString& whole, const QRectF& place, Qt::Alignment align,
               bool scrolls = false)
 {
+    const QString text = whole.left(whole.indexOf(u"  |"_s));
     if (text.isEmpty())
         return {};
     const double width = QFontMetricsF(widget.font()).horizontalAdvance(text);
