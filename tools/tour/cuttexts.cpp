@@ -31,7 +31,8 @@ QString nameOf(const QWidget& widget)
 double cutHeight(const QString& text, const QFont& font, const QRectF& place, Qt::Alignment align)
 {
     const QFontMetricsF metrics(font);
-    const QRectF ink = metrics.tightBoundingRect(text);
+    const QRectF ink =
+        metrics.tightBoundingRect(QString(text).remove(u'|')); // a rule may reach beyond a line
     double top = place.center().y() - metrics.height() / 2;
     if (align & Qt::AlignBottom)
         top = place.bottom() - metrics.height();
@@ -41,9 +42,11 @@ double cutHeight(const QString& text, const QFont& font, const QRectF& place, Qt
     return qMax(place.top() - (base + ink.top()), base + ink.bottom() - place.bottom());
 }
 
-QString judge(const QWidget& widget, const QString& text, const QRectF& place, Qt::Alignment align,
+/// whole: with the codes that an item carries behind a padded name, and which no control shows.
+QString judge(const QWidget& widget, const QString& whole, const QRectF& place, Qt::Alignment align,
               bool scrolls = false)
 {
+    const QString text = whole.left(whole.indexOf(u"  |"_s));
     if (text.isEmpty())
         return {};
     const double width = QFontMetricsF(widget.font()).horizontalAdvance(text);
