@@ -271,7 +271,7 @@ void DataGrid::fitLetters()
     horizontalHeader()->setFont(captions);
     horizontalHeader()->viewport()->setFont(captions);
 
-    const int margin = 6;
+    const int letters = fontMetrics().height();
     verticalHeader()->setMinimumSectionSize(1);
-    verticalHeader()->setDefaultSectionSize(fontMetrics().height() + margin);
+    verticalHeader()->setDefaultSectionSize(letters + letters * 3 / 8);
 }
