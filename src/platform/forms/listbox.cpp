@@ -139,13 +139,24 @@ private:
     /// As large as the letters: the style knows one size only.
     void drawCheck(QPainter& painter, const QStyleOptionViewItem& line) const
     {
-        const int side = line.fontMetrics.ascent();
-        QStyleOptionViewItem check = line;
-        check.rect = QRect(line.rect.left() + side / 2, line.rect.center().y() - side / 2, side, side);
+        const double side = line.fontMetrics.ascent();
         const bool isChosen = line.state.testFlag(QStyle::State_Selected);
-        check.state.setFlag(QStyle::State_On, isChosen);
-        check.state.setFlag(QStyle::State_Off, !isChosen);
-        list_.style()->drawPrimitive(QStyle::PE_IndicatorItemViewItemCheck, &check, &painter, &list_);
+        const bool isOn = list_.isEnabled();
+        painter.save();
+        painter.setRenderHint(QPainter::Antialiasing);
+        painter.translate(line.rect.left() + side / 2, line.rect.center().y() - side / 2);
+        painter.scale(side / signSide, side / signSide);
+        painter.setPen(QPen(Theme::colour(!isOn      ? Role::OffInk
+                                          : isChosen ? Role::Accent
+                                                     : Role::Outline),
+                            1.5));
+        painter.setBrush(Theme::colour(!isChosen ? Role::Card : isOn ? Role::Accent : Role::OffInk));
+        painter.drawRoundedRect(QRectF(1, 1, signSide - 2, signSide - 2), 3, 3);
+        if (isChosen) {
+            painter.setPen(QPen(Theme::colour(Role::Paper), 2, Qt::SolidLine, Qt::RoundCap, Qt::RoundJoin));
+            painter.drawPolyline(QPolygonF({QPointF(4.5, 8.3), QPointF(7, 10.8), QPointF(11.5, 5.5)}));
+        }
+        painter.restore();
     }
 
     const ListBox& list_;
