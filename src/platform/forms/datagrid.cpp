@@ -5,6 +5,7 @@
 #include <QHeaderView>
 #include <QScopedValueRollback>
 #include <QScrollBar>
+#include <algorithm>
 #include <cmath>
 
 DataGrid::DataGrid(QWidget* parent) : QTableView(parent), model_(new RecordsetModel(this))
@@ -182,17 +183,29 @@ void DataGrid::changeEvent(QEvent* event)
         fitRows();
 }
 
-/// Rounds the columns' right edges, not their widths, so that 100 percent fill the grid to the pixel.
+/// Rounds the columns' right edges, not their widths, so that 100 percent fill the grid to the pixel. What a
+/// heading needs beyond its column's share the widest column gives, if it can.
 void DataGrid::fitColumns()
 {
     double edge = 0;
     int left = 0;
-    for (std::size_t i = 0; i < columns_.size(); ++i) {
-        edge += columns_[i].percent;
+    std::vector<int> widths;
+    for (const GridColumn& column : columns_) {
+        edge += column.percent;
         const auto right = int(std::lround(viewport()->width() * edge / 100));
-        setColumnWidth(int(i), right - left);
+        widths.push_back(right - left);
         left = right;
     }
+    for (std::size_t i = 0; i < widths.size(); ++i) {
+        const auto widest = std::max_element(widths.begin(), widths.end());
+        const int lack = horizontalHeader()->sectionSizeHint(int(i)) - widths[i];
+        if (lack > 0 && *widest - lack > widths[i] + lack) {
+            *widest -= lack;
+            widths[i] += lack;
+        }
+    }
+    for (std::size_t i = 0; i < widths.size(); ++i)
+        setColumnWidth(int(i), widths[i]);
 }
 
 void DataGrid::fitRows()
