@@ -209,7 +209,11 @@ TEST_F(Grid, WidthsAndHeightsFollowTheGridAndItsFont)
         QList<double> shares;
         for (int column = 0; column < 4; ++column)
             shares << std::round(100.0 * grid.columnWidth(column) / grid.viewport()->width());
-        EXPECT_EQ(shares, (QList<double>{20, 50, 15, 15}));
+        if (width > 317) {
+            EXPECT_EQ(shares, (QList<double>{20, 50, 15, 15}));
+        }
+        for (int column = 0; column < 4; ++column)
+            EXPECT_GE(grid.columnWidth(column), grid.horizontalHeader()->sectionSizeHint(column)) << width;
         EXPECT_EQ(grid.horizontalHeader()->length(), grid.viewport()->width());
     }
     const int before = grid.rowHeight(0);

@@ -5,12 +5,12 @@
 
 using namespace Qt::StringLiterals;
 
-/// Windows are drawn in memory, on a screen of this size in pixels. Has to stand before the application is
-/// made.
+/// Windows are drawn in memory, on a screen of this size in pixels, of which a user who reads badly has asked
+/// for everything at so many per cent. Has to stand before the application is made.
 class OffScreen
 {
 public:
-    explicit OffScreen(QSize size = {1920, 1080})
+    explicit OffScreen(QSize size = {1920, 1080}, int percent = 100)
     {
         if (!screens_.open())
             qFatal("the description of the screen cannot be written");
@@ -19,6 +19,8 @@ public:
                            .arg(size.height())
                            .toUtf8());
         screens_.flush();
+        if (percent != 100)
+            qputenv("QT_SCALE_FACTOR", QByteArray::number(percent / 100.0));
         qputenv("QT_QPA_PLATFORM", "offscreen:configfile=" + screens_.fileName().toUtf8());
     }
 

@@ -11,6 +11,7 @@
 #include <QScrollBar>
 #include <QStyledItemDelegate>
 #include <QToolTip>
+#include <algorithm>
 #include <cmath>
 
 namespace {
@@ -247,17 +248,29 @@ bool DataGrid::showsChoice() const
     return choice_ || chosen_ || window()->focusWidget() == this;
 }
 
-/// Rounds the columns' right edges, not their widths, so that 100 percent fill the grid to the pixel.
+/// Rounds the columns' right edges, not their widths, so that 100 percent fill the grid to the pixel. What a
+/// heading needs beyond its column's share the widest column gives, if it can.
 void DataGrid::fitColumns()
 {
     double edge = 0;
     int left = 0;
-    for (std::size_t i = 0; i < columns_.size(); ++i) {
-        edge += columns_[i].percent;
+    std::vector<int> widths;
+    for (const GridColumn& column : columns_) {
+        edge += column.percent;
         const auto right = int(std::lround(viewport()->width() * edge / 100));
-        setColumnWidth(int(i), right - left);
+        widths.push_back(right - left);
         left = right;
     }
+    for (std::size_t i = 0; i < widths.size(); ++i) {
+        const auto widest = std::max_element(widths.begin(), widths.end());
+        const int lack = horizontalHeader()->sectionSizeHint(int(i)) - widths[i];
+        if (lack > 0 && *widest - lack > widths[i] + lack) {
+            *widest -= lack;
+            widths[i] += lack;
+        }
+    }
+    for (std::size_t i = 0; i < widths.size(); ++i)
+        setColumnWidth(int(i), widths[i]);
 }
 
 /// The style sheet keeps the header from following the grid's letters. Its own font gives the height; the

@@ -102,13 +102,14 @@ void dressLabel(QLabel& label)
     if (label.font().fixedPitch())
         return;
     const QString role = label.property("role").toString();
-    QFont letters = font(role.isEmpty()                   ? Type::Caption
+    const bool isCaption = role.isEmpty() || role == QLatin1String("above");
+    QFont letters = font(isCaption                        ? Type::Caption
                          : role == QLatin1String("title") ? Type::Headline
                                                           : Type::Body);
     if (role == QLatin1String("strong") || role == QLatin1String("chip") || role == QLatin1String("notice"))
         letters.setWeight(QFont::DemiBold);
     label.setFont(letters);
-    if (role.isEmpty() || role == QLatin1String("above"))
+    if (isCaption)
         label.setIndent(0); // begins where its box does
     if (role == QLatin1String("above")) {
         // Room and no padding, which would cut the accents of a window drawn smaller.
@@ -146,14 +147,16 @@ QFont font(Type type)
     return result;
 }
 
-QFont fixedFont()
+QFont fixedFont(Type type)
 {
     static const QString family =
         firstOf({u"DejaVu Sans Mono"_s, u"Consolas"_s, u"Liberation Mono"_s, u"Courier New"_s});
     QFont result(family);
     result.setStyleHint(QFont::Monospace);
     result.setFixedPitch(true);
-    result.setPointSizeF(9.5);
+    result.setPointSizeF(type == Type::Headline ? 13 : 9.5);
+    if (type == Type::Headline)
+        result.setWeight(QFont::DemiBold);
     return result;
 }
 
