@@ -18,8 +18,8 @@
 #include "registers/escolha.h"
 #include "ui_frmcli_agenda.h"
 
-#include <QLayout>
 #include <QScreen>
+#include <QShowEvent>
 #include <QSignalBlocker>
 
 using namespace Qt::StringLiterals;
@@ -42,7 +42,7 @@ frmCli_Agenda::frmCli_Agenda() : ui(std::make_unique<Ui::frmCli_Agenda>())
     ui->setupUi(this);
     ui->List1->setSorted(true);
     SinaisAgenda::veste(*ui->List1, *ui->lTit);
-    SinaisAgenda::legenda(*ui->legenda->layout());
+    SinaisAgenda::legenda(*ui->sinais);
     ui->frmAgendamento->hide();
     ui->DataGrid1->setColumns({{u"HORA"_s, u"HORÁRIO"_s, 8},
                                {u"NMPAC"_s, u"PACIENTE"_s, 37},
@@ -57,10 +57,10 @@ frmCli_Agenda::~frmCli_Agenda() = default;
 
 QSize frmCli_Agenda::openingSize() const
 {
-    constexpr int aoRedor = 70; // title bar and the system's own bar
+    constexpr QSize aoRedor(8, 70); // title bar and the system's own bar
     constexpr int bastante = 880;
-    const int altura = qMin(screen()->availableGeometry().height() - aoRedor, bastante);
-    return sizeHint().expandedTo(QSize(0, altura));
+    const QSize sala = screen()->availableGeometry().size() - aoRedor;
+    return sizeHint().expandedTo(QSize(0, bastante)).boundedTo(sala).expandedTo(minimumSizeHint());
 }
 
 void frmCli_Agenda::wire()
@@ -68,6 +68,11 @@ void frmCli_Agenda::wire()
     onClick(ui->cboPro, &frmCli_Agenda::cboPro_Click);
     connect(ui->Calendar1, &MonthCalendar::dayChosen, this, &frmCli_Agenda::Calendar1_Click);
     onClick(ui->lHoje, &frmCli_Agenda::lHoje_Click);
+    onEnter(ui->lHoje, &frmCli_Agenda::lHoje_Click);
+    onKeyPress(ui->lHoje, [this](int& tecla) {
+        if (tecla == ' ')
+            lHoje_Click();
+    });
     onClick(ui->Command1, &frmCli_Agenda::Command1_Click);
     onClick(ui->Command6, &frmCli_Agenda::Command6_Click);
     onDblClick(ui->DataGrid1, &frmCli_Agenda::DataGrid1_DblClick);
@@ -89,8 +94,10 @@ void frmCli_Agenda::Form_Load()
     Adodc1.setConnectionString(StringConexao);
     ui->lHoje->setText(hojePorExtenso());
     ui->lTit->setText(LinhaAgenda::titulo());
+    // Room for any day, whose digits are not of one width.
+    const QString maisLargo = u"AGENDA DO DIA: 00/00/0000 "_s;
+    ui->lDia->setMinimumWidth(ui->lDia->fontMetrics().horizontalAdvance(maisLargo));
     ui->Calendar1->setValue(Clock::today());
-    colocaPainel();
     AbreConexao();
     {
         const QSignalBlocker semEscolha(ui->cboPro); // a combo box chooses its first item by itself
@@ -240,19 +247,27 @@ void frmCli_Agenda::painelDeixado()
     ui->List1->setFocus();
 }
 
-/// Leaves the times and the first letters of the names in sight, so that another line can be picked.
+/// The layouts have placed all else.
+void frmCli_Agenda::showEvent(QShowEvent* event)
+{
+    if (!event->spontaneous()) {
+        ui->frmAgendamento->adjustSize();
+        colocaPainel();
+    }
+    Form::showEvent(event);
+}
+
+/// Leaves the times and the first letters of the names in sight, so that another line can be picked, and the
+/// visits too where there is room.
 void frmCli_Agenda::colocaPainel()
 {
-    if (!isVisible()) {
-        // Before the first showing: the layouts have not placed anything yet.
-        ensurePolished();
-        resize(openingSize());
-        layout()->activate();
-        ui->frmAgendamento->resize(ui->frmAgendamento->sizeHint());
-    }
-    const QFontMetrics letra(ui->List1->font());
-    ui->frmAgendamento->move(ui->List1->geometry().topLeft() +
-                             QPoint(letra.averageCharWidth() * 30, letra.height() * 2));
+    const QRect lista(ui->List1->mapTo(this, QPoint()), ui->List1->size());
+    const QSize painel = ui->frmAgendamento->size();
+    const int letras = ui->List1->textLeft() + QFontMetrics(ui->List1->font()).averageCharWidth() * 24;
+    const int linha = ui->List1->lineHeight();
+    ui->frmAgendamento->move(
+        qMin(lista.left() + letras, lista.right() - painel.width()),
+        qBound(lista.top() + linha, lista.bottom() - painel.height(), lista.top() + 2 * linha));
     ui->frmAgendamento->raise();
 }
 
@@ -286,7 +301,6 @@ void frmCli_Agenda::mostraFeriado(QDate dia)
                 QString::number(dia.day()) + " and mes like " + QString::number(dia.month()),
             Conexao, 0, 1);
     ui->lFeriado->setText(rs.Eof() ? QString() : u"FERIADO: "_s + rs.Fields("OBS").text());
-    ui->lFeriado->setHidden(rs.Eof());
 }
 
 /// Fills the list and returns the number of appointments on it.

@@ -31,6 +31,7 @@ protected:
     void Form_Unload() override;
     void Form_Escape() override;
     QString escapeHelp() const override;
+    void showEvent(QShowEvent* event) override;
 
 private:
     void wire();

@@ -6,6 +6,9 @@
 #include "platform/values/number.h"
 #include "ui_frmcli_agenda_pesquisa.h"
 
+#include <QHeaderView>
+#include <QScreen>
+
 using namespace Qt::StringLiterals;
 
 using namespace Variaveis;
@@ -20,10 +23,18 @@ frmCli_Agenda_Pesquisa::frmCli_Agenda_Pesquisa() : ui(std::make_unique<Ui::frmCl
                                {u"NMPROC"_s, u"PROCEDIMENTO"_s, 20},
                                {u"NMPRO"_s, u"PROFISSIONAL"_s, 25}});
     ui->DataGrid1->setDataSource(&Adodc1);
+    ui->DataGrid1->horizontalHeader()->setStretchLastSection(true); // the shares are not the whole
     wire();
 }
 
 frmCli_Agenda_Pesquisa::~frmCli_Agenda_Pesquisa() = default;
+
+QSize frmCli_Agenda_Pesquisa::openingSize() const
+{
+    constexpr int aoRedor = 8;
+    constexpr int bastante = 1800;
+    return sizeHint().expandedTo(QSize(qMin(screen()->availableGeometry().width() - aoRedor, bastante), 0));
+}
 
 void frmCli_Agenda_Pesquisa::wire()
 {

@@ -22,6 +22,9 @@ public:
     frmCli_Agenda_Pesquisa();
     ~frmCli_Agenda_Pesquisa() override;
 
+    /// As wide as the workstation's screen has room for: two telephones stand side by side.
+    QSize openingSize() const override;
+
 protected:
     void Form_Load() override;
     void Form_Unload() override;

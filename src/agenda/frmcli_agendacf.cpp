@@ -60,14 +60,19 @@ frmCli_AgendaCF::frmCli_AgendaCF() : ui(std::make_unique<Ui::frmCli_AgendaCF>())
     ui->lTit1->setText(ProcedimentoCobrado::titulo());
     ui->lTit2->setList(ui->List2);
     ui->lTit2->setText(PagamentoRecebido::titulo());
-    QFont totais = Theme::fixedFont();
-    totais.setPointSizeF(14);
-    totais.setBold(true);
-    ui->List3->setFont(totais);
+    ui->List1->setMinimumLines(6);
+    ui->List2->setMinimumLines(4);
+    ui->List3->setFont(Theme::fixedFont(Theme::Type::Headline));
+    ui->List3->setMinimumLines(3);
+    ui->List3->setMaximumHeight(ui->List3->minimumHeight());
     ui->List3->setLook([this](const QString& linha) {
         const bool devido = Falta > 0 && linha.startsWith(QLatin1String("Falta"));
+        const Theme::Role tinta = devido ? Theme::Role::DangerInk : Theme::Role::Ink;
+        const qsizetype valor = linha.indexOf(QLatin1Char(':')) + 1;
         LineLook look;
-        look.runs.append({0, linha.size(), devido ? Theme::Role::DangerInk : Theme::Role::Ink, true});
+        look.runs.append({0, valor, tinta, true});
+        look.runs.append({valor, linha.size() - valor, tinta, true});
+        look.toTheRight = valor;
         return look;
     });
     // The layout keeps the hidden card's place over the lists, and so the card follows the window's size.

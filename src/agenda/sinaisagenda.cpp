@@ -2,8 +2,8 @@
 
 #include "platform/forms/listbox.h"
 
+#include <QGridLayout>
 #include <QLabel>
-#include <QLayout>
 #include <QPainter>
 
 namespace SinaisAgenda {
@@ -15,6 +15,7 @@ using Theme::colour;
 using Theme::Role;
 
 constexpr int lado = 16; ///< of the square that a sign is drawn in
+constexpr int linhasInteiras = 17;
 
 struct Aparencia
 {
@@ -127,19 +128,19 @@ void veste(ListBox& lista, ListHeading& titulo)
 {
     lista.setHorizontalScrollBarPolicy(Qt::ScrollBarAlwaysOff);
     lista.setSigned(true);
+    // A day of half hours from eight to five, up to the remarks.
+    lista.setMinimumLines(linhasInteiras, LinhaAgenda::inicio(LinhaAgenda::Observacao));
     lista.setLook(aparenciaDaLinha);
     titulo.setList(&lista);
 }
 
-void legenda(QLayout& lugar)
+void legenda(QGridLayout& lugar)
 {
     QWidget* onde = lugar.parentWidget();
     for (const Aparencia& como : aparencias) {
-        lugar.addWidget(new Figura(como, onde));
-        auto* nome = new QLabel(QString::fromUtf8(como.nome), onde);
-        // Air to the next sign; letters that come out wider at another size take from it.
-        nome->setMinimumWidth(nome->sizeHint().width() + 10);
-        lugar.addWidget(nome);
+        const int linha = lugar.rowCount();
+        lugar.addWidget(new Figura(como, onde), linha, 0);
+        lugar.addWidget(new QLabel(QString::fromUtf8(como.nome), onde), linha, 1);
     }
 }
 

@@ -4,7 +4,7 @@
 
 class ListBox;
 class ListHeading;
-class QLayout;
+class QGridLayout;
 
 /// How the state of a slot is seen at a glance: a sign of its own in front of each line, and a bar.
 namespace SinaisAgenda {
@@ -12,7 +12,7 @@ namespace SinaisAgenda {
 /// The list shows its lines' states from now on, below its headings.
 void veste(ListBox& lista, ListHeading& titulo);
 
-/// Adds the sign and the name of each state to the layout.
-void legenda(QLayout& lugar);
+/// Adds the sign and the name of each state, a row each.
+void legenda(QGridLayout& lugar);
 
 } // namespace SinaisAgenda

@@ -1,7 +1,13 @@
 #include "agenda/agenda_fixture.h"
 #include "agenda/frmcli_agenda_pesquisa.h"
 #include "platform/forms/calendar.h"
+#include "platform/forms/listbox.h"
 #include "support/errorof.h"
+
+#include <QHeaderView>
+#include <QHelpEvent>
+#include <QTableView>
+#include <QToolTip>
 
 using namespace Qt::StringLiterals;
 
@@ -64,7 +70,74 @@ TEST_F(AgendaTest, TheDayOfAProfessional)
         agenda.press(Qt::Key_Down);
         agenda.click(u"lHoje"_s);
         EXPECT_EQ(calendar->Value(), QDate(2026, 3, 16));
+        for (const Qt::Key key : {Qt::Key_Return, Qt::Key_Space}) {
+            agenda.focus(u"Calendar1"_s);
+            agenda.press(Qt::Key_Up);
+            agenda.press(Qt::Key_Return);
+            EXPECT_EQ(agenda.focused(), u"lHoje");
+            agenda.press(key);
+            EXPECT_EQ(calendar->Value(), QDate(2026, 3, 16));
+        }
     });
+}
+
+/// On the least screen that a workstation has, and in windows drawn smaller and larger.
+TEST_F(AgendaTest, ADayOfSeventeenLinesIsSeenWholeEachLineWithItsState)
+{
+    using Theme::Role;
+    execute(u"delete from diahr; insert into diahr (idlic,idpro,dia,hr) values ('C1',11,'2 - SEGUNDA-FEIRA',"
+            "'08:00/08:30/09:00/09:30/10:00/10:30/11:00/11:30/12:00/12:30/13:00/13:30/14:00/14:30/15:00/15:30"
+            "/16:00')"_s);
+    for (const QString& status : {u"0"_s, u"1"_s, u"2"_s})
+        book(status, 11, 21, u"JOÃO"_s, u"2026-03-16"_s, u"1%1:00"_s.arg(status), status);
+    execute(
+        u"update agenda_clinica set obs = 'TRAZER EXAMES ANTERIORES';"
+        "insert into feriados (idlic,dia,Mes,obs) values ('C1',16,3,'FUNDAÇÃO DA CIDADE E DE SEU POVO')"_s);
+    auto& screen = Form::of<frmCli_Agenda>();
+    screen.Load();
+    screen.setGeometry(0, 0, 1358, 698); // what 1366 x 768 leave
+    screen.Show();
+    ScreenDriver agenda(screen);
+    settle();
+    auto* list = static_cast<ListBox*>(agenda.find(u"List1"_s));
+    auto* visits = static_cast<QTableView*>(agenda.find(u"DataGrid1"_s));
+
+    const auto hintOf = [](QWidget* widget, QPoint place) {
+        QHelpEvent asked(QEvent::ToolTip, place, widget->mapToGlobal(place));
+        QApplication::sendEvent(widget, &asked);
+        return QToolTip::text();
+    };
+    EXPECT_EQ(hintOf(agenda.find(u"lFeriado"_s), {5, 5}), u"FERIADO: FUNDAÇÃO DA CIDADE E DE SEU POVO");
+    EXPECT_TRUE(hintOf(list->viewport(), list->visualItemRect(list->item(4)).center())
+                    .endsWith(u"\nTRAZER EXAMES ANTERIORES"_s))
+        << "what is cut at the list's edge";
+
+    for (const double factor : {1.0, 0.66, 0.75, 1.35, 2.0}) {
+        screen.resize(QSize(1358, 698) * factor);
+        settle();
+        EXPECT_LE(list->visualItemRect(list->item(16)).bottom(), list->viewport()->height()) << factor;
+        EXPECT_GE(visits->viewport()->height(), 3 * visits->verticalHeader()->defaultSectionSize()) << factor;
+    }
+
+    const auto expectLine = [&](int line, Role bar) {
+        for (const bool isChosen : {false, true}) {
+            list->setCurrentRow(isChosen ? line : -1);
+            const QImage seen = list->viewport()->grab().toImage();
+            const int above = list->visualItemRect(list->item(line)).top() + 3; // the letters
+            EXPECT_EQ(seen.pixelColor(2, above), Theme::colour(bar)) << line << isChosen;
+            EXPECT_EQ(seen.pixelColor(seen.width() - 4, above),
+                      Theme::colour(isChosen ? Role::Selection : Role::Card))
+                << line;
+        }
+    };
+    expectLine(0, Role::FreePale);
+    expectLine(4, Role::Booked);
+    expectLine(6, Role::Notified);
+    expectLine(8, Role::Closed);
+    agenda.focus(u"Calendar1"_s);
+    agenda.press(Qt::Key_Right);
+    expectLine(0, Role::Blocked);
+    screen.Unload();
 }
 
 TEST_F(AgendaTest, HomeVisitsBelongToTheDay)

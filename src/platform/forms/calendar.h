@@ -20,6 +20,7 @@ Q_SIGNALS:
     void dayChosen(QDate day);
 
 protected:
+    void paintCell(QPainter* painter, const QRect& rect, QDate date) const override;
     /// The inner parts have a style of their own and would keep their size.
     void changeEvent(QEvent* event) override;
 

@@ -3,10 +3,11 @@
 #include "platform/forms/theme.h"
 #include "platform/values/error.h"
 
-#include <QEvent>
+#include <QHelpEvent>
 #include <QPainter>
 #include <QScrollBar>
 #include <QStyledItemDelegate>
+#include <QToolTip>
 #include <cmath>
 
 namespace {
@@ -24,6 +25,16 @@ LineLook plainLook(const QString& line)
     return look;
 }
 
+/// The fields of a line, one below the other.
+QString fieldsOf(const QString& line)
+{
+    QStringList fields = line.split(QLatin1Char('|'));
+    for (QString& field : fields)
+        field = field.trimmed();
+    fields.removeAll(QString());
+    return fields.join(QLatin1Char('\n'));
+}
+
 /// Draws text of one kind between two places of a line. The letters stand on their columns: a rule or a run
 /// never moves what follows.
 class LinePainter
@@ -34,11 +45,17 @@ public:
     {
     }
 
-    void rules(const QString& line, qsizetype visible)
+    /// What starts at or behind `from` moves, so that a line of that length ends at the right edge.
+    void endAtTheRight(qsizetype from, qsizetype length)
+    {
+        moved_ = from;
+        shift_ = qMax(0.0, place_.width() - double(length) * step_);
+    }
+
+    void rules(const QString& line)
     {
         painter_.setPen(Theme::colour(Role::Hairline));
-        for (qsizetype rule = line.indexOf(u'|'); rule >= 0 && rule < visible;
-             rule = line.indexOf(u'|', rule + 1)) {
+        for (qsizetype rule = line.indexOf(u'|'); rule >= 0; rule = line.indexOf(u'|', rule + 1)) {
             const double x = std::floor(place_.left() + (double(rule) + 0.5) * step_) + 0.5;
             painter_.drawLine(QPointF(x, place_.top()), QPointF(x, place_.bottom()));
         }
@@ -52,7 +69,8 @@ public:
         letters.setWeight(halfBold ? QFont::DemiBold : font_.weight());
         painter_.setFont(letters);
         painter_.setPen(Theme::colour(ink));
-        const QRectF where(place_.left() + double(from) * step_, place_.top(), place_.width() + 9999,
+        const double shift = moved_ >= 0 && from >= moved_ ? shift_ : 0;
+        const QRectF where(place_.left() + double(from) * step_ + shift, place_.top(), place_.width() + 9999,
                            place_.height());
         painter_.drawText(where, Qt::AlignLeft | Qt::AlignVCenter | Qt::TextSingleLine | Qt::TextDontClip,
                           line.mid(from, to - from).replace(u'|', u' '));
@@ -63,6 +81,8 @@ private:
     QRectF place_;
     QFont font_;
     double step_;
+    qsizetype moved_ = -1;
+    double shift_ = 0;
 };
 
 /// A line's state at the left edge, its text in its inks, and the choice as a fill and an outline, so that
@@ -73,20 +93,16 @@ class LineDelegate : public QStyledItemDelegate
 public:
     explicit LineDelegate(ListBox* list) : QStyledItemDelegate(list), list_(*list) {}
 
-    QSize sizeHint(const QStyleOptionViewItem& option, const QModelIndex& index) const override
+    QSize sizeHint(const QStyleOptionViewItem&, const QModelIndex& index) const override
     {
-        const QString line = index.data().toString();
-        const qsizetype visible = list_.lookOf(line).visible;
-        const qsizetype length = visible < 0 ? line.size() : qMin(visible, line.size());
-        const QFontMetrics letters(option.font);
-        return {list_.textLeft() + int(length) * letters.horizontalAdvance(u'0') + letters.averageCharWidth(),
-                letters.height() + letters.height() / 3};
+        return {list_.widthOf(list_.visibleText(index.data().toString())), list_.lineHeight()};
     }
 
     void paint(QPainter* painter, const QStyleOptionViewItem& option, const QModelIndex& index) const override
     {
-        const QString line = index.data().toString();
-        const LineLook look = list_.lookOf(line);
+        const QString whole = index.data().toString();
+        const LineLook look = list_.lookOf(whole);
+        const QString line = whole.left(look.visible);
         painter->save();
         const bool isOn = list_.isEnabled();
         const bool checks = list_.selectionMode() == QAbstractItemView::MultiSelection;
@@ -105,17 +121,19 @@ public:
         drawState(*painter, option.rect, look);
         if (checks)
             drawCheck(*painter, option);
-        const QRectF place = QRectF(option.rect).adjusted(list_.textLeft(), 0, 0, 0);
+        const QRectF place = QRectF(option.rect).adjusted(list_.textLeft(), 0, -list_.rightGap(), 0);
         LinePainter writer(*painter, place, list_.font());
-        const qsizetype visible = look.visible < 0 ? line.size() : qMin(look.visible, line.size());
-        writer.rules(line, visible);
+        if (look.toTheRight >= 0)
+            writer.endAtTheRight(look.toTheRight, line.size());
+        writer.rules(line);
         qsizetype written = 0;
         for (const LineLook::Run& run : look.runs) {
-            writer.text(line, written, qMin(run.start, visible), isOn ? Role::MutedInk : Role::OffInk, false);
-            written = qMin(run.start + run.length, visible);
+            writer.text(line, written, qMin(run.start, line.size()), isOn ? Role::MutedInk : Role::OffInk,
+                        false);
+            written = qMin(run.start + run.length, line.size());
             writer.text(line, run.start, written, isOn ? run.ink : Role::OffInk, run.halfBold);
         }
-        writer.text(line, written, visible, isOn ? Role::MutedInk : Role::OffInk, false);
+        writer.text(line, written, line.size(), isOn ? Role::MutedInk : Role::OffInk, false);
         painter->restore();
     }
 
@@ -190,6 +208,55 @@ int ListBox::textLeft() const
     return signed_ || checks ? letters.height() * 2 : letters.averageCharWidth();
 }
 
+int ListBox::rightGap() const
+{
+    return QFontMetrics(font()).averageCharWidth();
+}
+
+int ListBox::lineHeight() const
+{
+    constexpr double ofLetters = 1.66; // a font's own height is rounded to pixels
+    constexpr double pointsPerInch = 72;
+    return int(ofLetters * font().pointSizeF() * logicalDpiY() / pointsPerInch);
+}
+
+int ListBox::widthOf(const QString& text) const
+{
+    const double letters = double(text.size()) * QFontMetricsF(font()).horizontalAdvance(u'0');
+    return textLeft() + int(std::ceil(letters)) + rightGap();
+}
+
+void ListBox::setMinimumLines(int lines, qsizetype characters)
+{
+    ensurePolished(); // from the style it has its border
+    const QSize around = QSize(2, 2) * frameWidth();
+    const int bar = verticalScrollBar()->sizeHint().width();
+    setMinimumSize(around + QSize(widthOf(QString(characters, u'0')) + bar, lines * lineHeight()));
+}
+
+QSize ListBox::sizeHint() const
+{
+    return minimumSize().isNull() ? QListWidget::sizeHint() : minimumSize();
+}
+
+bool ListBox::viewportEvent(QEvent* event)
+{
+    if (event->type() == QEvent::ToolTip) {
+        const auto* help = static_cast<QHelpEvent*>(event);
+        if (const QListWidgetItem* line = itemAt(help->pos())) {
+            const QString text = visibleText(line->text());
+            qsizetype end = text.size();
+            while (end > 0 && text[end - 1].isSpace())
+                --end;
+            if (widthOf(text.left(end)) > viewport()->width()) {
+                QToolTip::showText(help->globalPos(), fieldsOf(text), viewport());
+                return true;
+            }
+        }
+    }
+    return QListWidget::viewportEvent(event);
+}
+
 void ListBox::AddItem(const QString& line)
 {
     if (sorted_)
@@ -258,7 +325,9 @@ void ListHeading::setList(ListBox* list)
 QSize ListHeading::sizeHint() const
 {
     const QFontMetrics letters(font());
-    return {letters.horizontalAdvance(text()), letters.height() + letters.height() / 2};
+    return {list_ ? list_->widthOf(text()) + list_->verticalScrollBar()->sizeHint().width()
+                  : letters.horizontalAdvance(text()),
+            letters.height() + letters.height() / 2};
 }
 
 bool ListHeading::eventFilter(QObject* watched, QEvent* event)
@@ -281,6 +350,6 @@ void ListHeading::paintEvent(QPaintEvent*)
                      mapTo(window(), QPoint()).x() + list_->textLeft() -
                      list_->horizontalScrollBar()->value();
     LinePainter writer(painter, QRectF(rect()).adjusted(left, 0, 0, 0), list_->font());
-    writer.rules(text(), text().size());
+    writer.rules(text());
     writer.text(text(), 0, text().size(), Role::MutedInk, true);
 }

@@ -23,6 +23,7 @@ struct LineLook
 
     QList<Run> runs;                     ///< what lies between them is muted
     qsizetype visible = -1;              ///< characters that are shown; -1 for all
+    qsizetype toTheRight = -1;           ///< from here on the text ends at the right edge; -1 for nowhere
     std::optional<Theme::Role> bar;      ///< at the left edge
     std::function<void(QPainter&)> sign; ///< drawn on a square of 16 by 16, behind the bar
 };
@@ -31,7 +32,7 @@ struct LineLook
 /// without regard to case, kept at each insertion.
 ///
 /// Where a "|" stands in a line, a rule is drawn. As it is, the text up to the first rule is in ink and the
-/// rest muted.
+/// rest muted. A line that is wider than the list is shown whole in a hint, a field below the other.
 class ListBox : public QListWidget
 {
     Q_OBJECT
@@ -46,10 +47,24 @@ public:
     void setLook(std::function<LineLook(const QString& line)> look);
     LineLook lookOf(const QString& line) const { return look_(line); }
 
+    /// The part of a line that is shown.
+    QString visibleText(const QString& line) const { return line.left(lookOf(line).visible); }
+
     /// From the edge of a line to its first character, in pixels; lines with a sign leave room for it.
     int textLeft() const;
+    /// The same at the right edge.
+    int rightGap() const;
+    /// What a line of this text takes.
+    int widthOf(const QString& text) const;
     void setSigned(bool on) { signed_ = on; }
     bool isSigned() const { return signed_; }
+
+    /// The height of a line: a fixed part of the size of its letters, so that a list that is drawn larger or
+    /// smaller shows as many lines as before.
+    int lineHeight() const;
+    /// The least that is seen at once, and what a layout without more room gives.
+    void setMinimumLines(int lines, qsizetype characters = 0);
+    QSize sizeHint() const override;
 
     void Clear() { clear(); }
     void AddItem(const QString& line);
@@ -60,6 +75,9 @@ public:
     int ListIndex() const { return currentRow(); }
     bool Selected(int index) const;
     void setSelected(int index, bool selected);
+
+protected:
+    bool viewportEvent(QEvent* event) override;
 
 private:
     QListWidgetItem* at(int index) const;

@@ -16,6 +16,7 @@
 ///   first, "title" for the one headline, "link" for what can be clicked, "chip" and "notice" for a word on a
 ///   ground of its own;
 /// - "role" of a frame: "card" stands out from the ground, "panel" before the cards, "hairline" parts groups, "brand" is the program's own;
+/// - "role" of a list or grid: "inner" stands in a card, which has the border;
 /// - "columns" of a box: as wide as so many digits, which is what it holds;
 /// - "wrong" of a box: a message speaks of it.
 namespace Theme {
@@ -42,6 +43,6 @@ QString scaledLengths(double factor);
 QFont font(Type type = Type::Body);
 
 /// For lists whose columns line up by their characters.
-QFont fixedFont();
+QFont fixedFont(Type type = Type::Body);
 
 } // namespace Theme
