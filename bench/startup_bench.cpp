@@ -30,6 +30,7 @@ void BM_LoginShown(benchmark::State& state)
     database.execute(u"insert into usuarios (idlic,nmusuario,ususenha) values ('C1','MARIA','SEGREDO')"_s);
     const QTemporaryDir folder;
     Files::setProgramFolder(folder.path());
+    qputenv("XDG_CONFIG_HOME", folder.path().toUtf8());
     ArquivosINI::Grava({database.server(), database.password(), database.name(), database.user(), u"C1"_s});
 
     double login = 0, bare = 0;

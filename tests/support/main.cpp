@@ -3,6 +3,8 @@
 #include "support/offscreen.h"
 #include "support/report.h"
 
+#include <cstdio>
+#include <cstdlib>
 #include <gtest/gtest.h>
 
 using namespace Qt::StringLiterals;
@@ -24,7 +26,8 @@ void warningsFail(QtMsgType type, const QMessageLogContext&, const QString& mess
 } // namespace
 
 /// One main for all test programs: the windows are drawn off the screen, the clock is Brazil's with its
-/// summer time, and what goes wrong in an event handler fails the test.
+/// summer time, and what goes wrong in an event handler fails the test. So does the program's own end, which
+/// would take the tests that are still to come with it.
 int main(int argc, char** argv)
 {
     const OffScreen screen;
@@ -37,5 +40,9 @@ int main(int argc, char** argv)
     qInstallMessageHandler(warningsFail);
     Report::setHandler([](const QString& what) { ADD_FAILURE() << what.toStdString(); });
     CaughtErrors::failTheTest();
+    std::at_quick_exit([] {
+        std::fputs("the program was ended in the middle of a test\n", stderr);
+        std::_Exit(1);
+    });
     return RUN_ALL_TESTS();
 }

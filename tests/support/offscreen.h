@@ -4,6 +4,7 @@
 #include <QSize>
 #include <QTemporaryDir>
 #include <QTemporaryFile>
+#include <optional>
 
 using namespace Qt::StringLiterals;
 
@@ -23,7 +24,7 @@ public:
                            .toUtf8());
         screens_.flush();
         if (!qEnvironmentVariable("XDG_CONFIG_HOME").startsWith(QDir::tempPath()))
-            qputenv("XDG_CONFIG_HOME", settings_.path().toUtf8());
+            qputenv("XDG_CONFIG_HOME", settings_.emplace().path().toUtf8());
         if (percent != 100)
             qputenv("QT_SCALE_FACTOR", QByteArray::number(percent / 100.0));
         qputenv("QT_QPA_PLATFORM", "offscreen:configfile=" + screens_.fileName().toUtf8());
@@ -31,5 +32,5 @@ public:
 
 private:
     QTemporaryFile screens_;
-    QTemporaryDir settings_;
+    std::optional<QTemporaryDir> settings_;
 };
