@@ -7,7 +7,7 @@
 #include <QHeaderView>
 #include <QLabel>
 #include <QLineEdit>
-#include <QPainter>
+#include <QPainterPath>
 #include <QPushButton>
 #include <QStyleOptionButton>
 #include <QStyleOptionComboBox>
@@ -18,7 +18,7 @@ using namespace Qt::StringLiterals;
 namespace {
 
 /// Less than a pixel of the finest letter is no loss.
-constexpr double tolerance = 0.5;
+constexpr double tolerance = 0.3;
 
 QString nameOf(const QWidget& widget)
 {
@@ -31,8 +31,9 @@ QString nameOf(const QWidget& widget)
 double cutHeight(const QString& text, const QFont& font, const QRectF& place, Qt::Alignment align)
 {
     const QFontMetricsF metrics(font);
-    const QRectF ink =
-        metrics.tightBoundingRect(QString(text).remove(u'|')); // a rule may reach beyond a line
+    QPainterPath outlines; // the metrics' own bounds are rounded up to whole pixels
+    outlines.addText(0, 0, font, QString(text).remove(u'|')); // a rule may reach beyond a line
+    const QRectF ink = outlines.boundingRect();
     double top = place.center().y() - metrics.height() / 2;
     if (align & Qt::AlignBottom)
         top = place.bottom() - metrics.height();
