@@ -106,6 +106,20 @@ void pastAndHoliday(Tour& tour, ScreenDriver& agenda)
     tour.picture(u"frmCli_Agenda_feriado"_s, agenda);
 }
 
+void help(Tour& tour, ScreenDriver& agenda)
+{
+    tour.screen(u"HelpSheet"_s, [&tour](ScreenDriver& sheet) {
+        tour.picture(u"HelpSheet"_s, sheet);
+        tour.screen(u"AboutBox"_s, [&tour](ScreenDriver& about) {
+            tour.picture(u"AboutBox"_s, about);
+            about.press(Qt::Key_Escape);
+        });
+        sheet.click(u"cmdsobre"_s);
+        sheet.press(Qt::Key_Escape);
+    });
+    agenda.press(Qt::Key_F1, Qt::ShiftModifier);
+}
+
 } // namespace
 
 void walkAgenda(Tour& tour)
@@ -126,6 +140,7 @@ void walkAgenda(Tour& tour)
         tour.box(u"frmCli_Agenda_impressao"_s, u"0"_s);
         agenda.press(Qt::Key_F3);
         tour.document(u"cli_agenda"_s, Variaveis::ArquivoPDF);
+        help(tour, agenda);
         pastAndHoliday(tour, agenda);
         agenda.press(Qt::Key_Escape);
     });

@@ -55,9 +55,9 @@ AboutBox::AboutBox()
         QString name = QString::fromUtf8(work.name);
         if (name == u"Qt")
             name += u' ' + QString::fromLatin1(qVersion());
-        grid->addWidget(label(name, u"key"_s), row, 0);
-        grid->addWidget(label(QString::fromUtf8(work.use), u"body"_s), row, 1);
-        grid->addWidget(label(QString::fromUtf8(work.licence), u"body"_s), row++, 2);
+        grid->addWidget(label(name, u"strong"_s), row, 0);
+        grid->addWidget(label(QString::fromUtf8(work.use), u"value"_s), row, 1);
+        grid->addWidget(label(QString::fromUtf8(work.licence), u"value"_s), row++, 2);
     }
     column->addWidget(card);
 

@@ -32,10 +32,10 @@ QWidget* pageOf(const QList<HelpSection>& sections)
     for (const HelpSection& section : sections) {
         if (row > 0)
             grid->setRowMinimumHeight(row++, 12);
-        grid->addWidget(label(section.title, u"title"_s), row++, 0, 1, 2);
+        grid->addWidget(label(section.title, u"heading"_s), row++, 0, 1, 2);
         for (const HelpLine& line : section.lines) {
-            grid->addWidget(label(line.keys, u"key"_s), row, 0, Qt::AlignTop);
-            auto* what = label(line.what, u"body"_s);
+            grid->addWidget(label(line.keys, u"strong"_s), row, 0, Qt::AlignTop);
+            auto* what = label(line.what, u"value"_s);
             what->setWordWrap(true);
             grid->addWidget(what, row++, 1);
         }

@@ -107,7 +107,8 @@ void dressLabel(QLabel& label)
     QFont letters = font(isCaption                        ? Type::Caption
                          : role == QLatin1String("title") ? Type::Headline
                                                           : Type::Body);
-    if (role == QLatin1String("strong") || role == QLatin1String("chip") || role == QLatin1String("notice"))
+    if (role == QLatin1String("strong") || role == QLatin1String("heading") ||
+        role == QLatin1String("chip") || role == QLatin1String("notice"))
         letters.setWeight(QFont::DemiBold);
     label.setFont(letters);
     if (isCaption)

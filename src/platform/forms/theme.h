@@ -13,7 +13,7 @@
 ///   word that cannot be missed;
 /// - "glyph" of a push button: the name of a line drawing in front of its caption, see glyph();
 /// - "role" of a label: none for a caption, "above" for one that heads a box below it in a grid, "value" for a text that is read, "strong" for one that is read
-///   first, "title" for the one headline, "link" for what can be clicked, "chip" and "notice" for a word on a
+///   first, "title" for the one headline, "heading" for that of a part, "link" for what can be clicked, "chip" and "notice" for a word on a
 ///   ground of its own;
 /// - "role" of a frame: "card" stands out from the ground, "panel" before the cards, "hairline" parts groups, "brand" is the program's own;
 /// - "role" of a list or grid: "inner" stands in a card, which has the border;
