@@ -1,5 +1,7 @@
 #include "platform/forms/aboutbox.h"
 
+#include "platform/forms/help.h"
+
 #include <QApplication>
 #include <QGridLayout>
 #include <QPushButton>
@@ -26,13 +28,6 @@ constexpr Work works[] = {
     {"GNU libstdc++", "biblioteca da linguagem", "GPL 3 com exceção de biblioteca"},
 };
 
-QLabel* label(const QString& text, const QString& role)
-{
-    auto* made = new QLabel(text);
-    made->setProperty("role", role);
-    return made;
-}
-
 } // namespace
 
 AboutBox::AboutBox()
@@ -42,7 +37,7 @@ AboutBox::AboutBox()
     auto* column = new QVBoxLayout(this);
     column->setContentsMargins(16, 16, 16, 16);
     column->setSpacing(12);
-    column->addWidget(label(program, u"title"_s));
+    column->addWidget(Help::label(program, u"title"_s));
 
     auto* card = new QFrame;
     card->setProperty("role", u"card"_s);
@@ -55,9 +50,9 @@ AboutBox::AboutBox()
         QString name = QString::fromUtf8(work.name);
         if (name == u"Qt")
             name += u' ' + QString::fromLatin1(qVersion());
-        grid->addWidget(label(name, u"strong"_s), row, 0);
-        grid->addWidget(label(QString::fromUtf8(work.use), u"value"_s), row, 1);
-        grid->addWidget(label(QString::fromUtf8(work.licence), u"value"_s), row++, 2);
+        grid->addWidget(Help::label(name, u"strong"_s), row, 0);
+        grid->addWidget(Help::label(QString::fromUtf8(work.use), u"value"_s), row, 1);
+        grid->addWidget(Help::label(QString::fromUtf8(work.licence), u"value"_s), row++, 2);
     }
     column->addWidget(card);
 

@@ -4,6 +4,8 @@
 #include <QList>
 #include <QString>
 
+class QLabel;
+
 /// A line of a screen's help sheet.
 struct HelpLine
 {
@@ -21,5 +23,8 @@ namespace Help {
 
 /// What the blank key does in a list whose lines this event of the mouse takes.
 QString blankKey(QEvent::Type mouse);
+
+/// A plain text of a sheet, in the letters and colour that the theme has for the role.
+QLabel* label(const QString& text, const QString& role);
 
 } // namespace Help

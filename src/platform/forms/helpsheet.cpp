@@ -11,14 +11,6 @@ using namespace Qt::StringLiterals;
 
 namespace {
 
-QLabel* label(const QString& text, const QString& role)
-{
-    auto* made = new QLabel(text);
-    made->setTextFormat(Qt::PlainText);
-    made->setProperty("role", role);
-    return made;
-}
-
 QWidget* pageOf(const QList<HelpSection>& sections)
 {
     auto* page = new QFrame;
@@ -32,10 +24,10 @@ QWidget* pageOf(const QList<HelpSection>& sections)
     for (const HelpSection& section : sections) {
         if (row > 0)
             grid->setRowMinimumHeight(row++, 12);
-        grid->addWidget(label(section.title, u"heading"_s), row++, 0, 1, 2);
+        grid->addWidget(Help::label(section.title, u"heading"_s), row++, 0, 1, 2);
         for (const HelpLine& line : section.lines) {
-            grid->addWidget(label(line.keys, u"strong"_s), row, 0, Qt::AlignTop);
-            auto* what = label(line.what, u"value"_s);
+            grid->addWidget(Help::label(line.keys, u"strong"_s), row, 0, Qt::AlignTop);
+            auto* what = Help::label(line.what, u"value"_s);
             what->setWordWrap(true);
             grid->addWidget(what, row++, 1);
         }
@@ -45,6 +37,14 @@ QWidget* pageOf(const QList<HelpSection>& sections)
 }
 
 } // namespace
+
+QLabel* Help::label(const QString& text, const QString& role)
+{
+    auto* made = new QLabel(text);
+    made->setTextFormat(Qt::PlainText);
+    made->setProperty("role", role);
+    return made;
+}
 
 HelpSheet::HelpSheet(const QString& screen, const QList<HelpSection>& sections) : page_(pageOf(sections))
 {
