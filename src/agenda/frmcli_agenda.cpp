@@ -77,13 +77,8 @@ void frmCli_Agenda::wire()
     onClick(ui->Command6, &frmCli_Agenda::Command6_Click);
     onDblClick(ui->DataGrid1, &frmCli_Agenda::DataGrid1_DblClick);
     onClick(ui->List1, &frmCli_Agenda::List1_Click);
-    onDblClick(ui->List1, &frmCli_Agenda::List1_DblClick);
-    onKeyPress(ui->List1, [this](int& tecla) {
-        if (tecla != ' ')
-            return;
-        tecla = 0;
-        List1_DblClick();
-    });
+    onDblClick(ui->List1, &frmCli_Agenda::List1_DblClick,
+               u"agenda no horário livre, ou abre o agendamento; com um aberto, passa-o ao horário livre"_s);
     onLostFocus(ui->frmAgendamento->txtIdPac(), &frmCli_Agenda::txtIdPac_LostFocus);
     onLostFocus(ui->frmAgendamento->txtIdConv(), &frmCli_Agenda::txtIdConv_LostFocus);
     connect(ui->frmAgendamento, &PainelAgendamento::abrindo, this, &frmCli_Agenda::painelAbrindo);
@@ -129,6 +124,11 @@ void frmCli_Agenda::Form_Escape()
 {
     if (!ui->frmAgendamento->isVisible())
         Unload();
+}
+
+QString frmCli_Agenda::escapeHelp() const
+{
+    return ui->frmAgendamento->isVisible() ? QString() : Form::escapeHelp();
 }
 
 void frmCli_Agenda::F2()

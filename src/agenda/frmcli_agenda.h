@@ -30,6 +30,7 @@ protected:
     void Form_Load() override;
     void Form_Unload() override;
     void Form_Escape() override;
+    QString escapeHelp() const override;
     void showEvent(QShowEvent* event) override;
 
 private:

@@ -41,7 +41,7 @@ void frmCli_Agenda_Pesquisa::wire()
     onChange(ui->txtnmpac, &frmCli_Agenda_Pesquisa::txtnmpac_Change);
     onClick(ui->Command1, &frmCli_Agenda_Pesquisa::Command1_Click);
     onKey(Qt::Key_F10, &frmCli_Agenda_Pesquisa::Command1_Click);
-    onDblClick(ui->DataGrid1, &frmCli_Agenda_Pesquisa::Command1_Click);
+    onDblClick(ui->DataGrid1, &frmCli_Agenda_Pesquisa::Command1_Click, u"vai ao dia da linha"_s);
 }
 
 void frmCli_Agenda_Pesquisa::Form_Load()

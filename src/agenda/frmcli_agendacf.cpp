@@ -7,6 +7,7 @@
 #include "platform/forms/dialogs.h"
 #include "platform/forms/hourglass.h"
 #include "platform/forms/theme.h"
+#include "platform/forms/wrongboxes.h"
 #include "platform/values/format.h"
 #include "platform/values/number.h"
 #include "registers/escolha.h"
@@ -96,8 +97,8 @@ void frmCli_AgendaCF::wire()
     selectOnFocus(ui->txtVR);
     onClick(ui->txtVR, &frmCli_AgendaCF::txtVR_Click);
     onClick(ui->Command2, &frmCli_AgendaCF::Command2_Click);
-    onDblClick(ui->List1, &frmCli_AgendaCF::List1_DblClick);
-    onDblClick(ui->List2, &frmCli_AgendaCF::List2_DblClick);
+    onDblClick(ui->List1, &frmCli_AgendaCF::List1_DblClick, u"estorna a linha, depois de perguntar"_s);
+    onDblClick(ui->List2, &frmCli_AgendaCF::List2_DblClick, u"estorna a linha, depois de perguntar"_s);
     onClick(ui->cboMP, &frmCli_AgendaCF::cboMP_Click);
     onClick(ui->Command16, &frmCli_AgendaCF::Command16_Click);
     onClick(ui->Command17, &frmCli_AgendaCF::Command17_Click);
@@ -184,15 +185,22 @@ bool frmCli_AgendaCF::recusa()
 {
     const QString valor = ui->txtVR->text();
     const QString qtde = ui->txtQt->text();
-    if (isVazia(ui->txtNmProc) || isVazia(ui->txtNmConv) || !isNumeric(valor) || !isNumeric(qtde)) {
+    const QWidgetList invalidas = erradas({{ui->txtIdProc, isVazia(ui->txtNmProc)},
+                                           {ui->txtIdConv, isVazia(ui->txtNmConv)},
+                                           {ui->txtVR, !isNumeric(valor)},
+                                           {ui->txtQt, !isNumeric(qtde)}});
+    if (!invalidas.isEmpty()) {
+        pointAt(invalidas);
         avisa(u"--- ERRO --- DADOS INVÁLIDOS!"_s);
         return true;
     }
     if (toNumber(valor) < 0) {
+        pointAt({ui->txtVR});
         avisa(u"--- ERRO --- VALOR NÃO PODE SER MENOR QUE ZERO!"_s);
         return true;
     }
     if (toNumber(qtde) <= 0) {
+        pointAt({ui->txtQt});
         avisa(u"--- ERRO --- QTDE NÃO PODE SER MENOR E/OU IGUAL A ZERO!"_s);
         return true;
     }
@@ -247,8 +255,10 @@ void frmCli_AgendaCF::cboMP_Click()
 void frmCli_AgendaCF::Command16_Click()
 {
     const QString valor = ui->txtVrMp->text();
-    if (!isNumeric(valor) || toNumber(valor) <= 0)
+    if (!isNumeric(valor) || toNumber(valor) <= 0) {
+        pointAt({ui->txtVrMp});
         return avisa(u"--- ERRO --- VALOR INVÁLIDO!"_s);
+    }
     fechamento_.pagamentos.push_back({ui->lMP->text(), emCentavos(toNumber(valor)), ui->txtobs->text()});
     ui->List2->AddItem(fechamento_.pagamentos.back().linha());
     Command17_Click();

@@ -8,6 +8,7 @@
 #include "app/core/variaveis.h"
 #include "platform/data/recordset.h"
 #include "platform/forms/dialogs.h"
+#include "platform/forms/wrongboxes.h"
 #include "platform/system/clock.h"
 #include "platform/values/date.h"
 #include "platform/values/format.h"
@@ -234,30 +235,38 @@ void PainelAgendamento::mostraPreco(double desconto)
     ui->txtVR->setText(Currency(valor - desconto * valor / 100));
 }
 
-bool PainelAgendamento::incompleto() const
+QWidgetList PainelAgendamento::incompletas() const
 {
-    return !isDate(ui->txtDt->text()) || !isNumeric(ui->cboMobEsp->currentText().left(1)) ||
-           isVazia(ui->txtNmPac) || !isNumeric(ui->txtIdPac->text()) || !isNumeric(ui->txtIdConv->text()) ||
-           isVazia(ui->txtNmConv) || !isNumeric(ui->txtVR->text()) || isVazia(ui->txtFone);
+    return erradas({{ui->txtDt, !isDate(ui->txtDt->text())},
+                    {ui->cboMobEsp, !isNumeric(ui->cboMobEsp->currentText().left(1))},
+                    {ui->txtNmPac, isVazia(ui->txtNmPac)},
+                    {ui->txtIdPac, !isNumeric(ui->txtIdPac->text())},
+                    {ui->txtIdConv, !isNumeric(ui->txtIdConv->text()) || isVazia(ui->txtNmConv)},
+                    {ui->txtVR, !isNumeric(ui->txtVR->text())},
+                    {ui->txtFone, isVazia(ui->txtFone)}});
 }
 
 std::optional<Agendamento> PainelAgendamento::conferido() const
 {
-    if (incompleto()) {
+    if (const QWidgetList caixas = incompletas(); !caixas.isEmpty()) {
+        pointAt(caixas);
         MsgBox(u"--- ERRO --- DADOS INCOMPLETOS!"_s, u"ATENÇÃO"_s, Icon::Information);
         return {};
     }
     const qint64 idproc = codigoDoItem(ui->cboTP->currentText()).toLongLong();
     if (idproc == 0) {
+        pointAt({ui->cboTP});
         MsgBox(u"--- ERRO --- SELECIONA UM PROCEDIMENTO!"_s, u"ATENÇÃO"_s);
         return {};
     }
     if (toDate(ui->txtDt->text()).date() < Clock::today()) {
+        pointAt({ui->txtDt});
         MsgBox(u"--- ERRO --- DATA DO AGENDAMENTO ANTERIOR A DATA ATUAL!"_s, u"ATENÇÃO"_s, Icon::Critical);
         return {};
     }
     const Agendamento agendamento = lido(QString::number(idproc));
     if (agendamento.pacienteOcupado()) {
+        pointAtAnyOf({ui->txtIdPac, ui->txtDt, ui->txtHR});
         MsgBox(u"--- PACIENTE JÁ POSSUI AGENDA NESSA MESMA DATA E HORÁRIO COM OUTRO PROFISSIONAL!"_s,
                u"ATENÇÃO"_s, Icon::Exclamation);
         return {};

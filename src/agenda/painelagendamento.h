@@ -60,7 +60,8 @@ private:
     void abreExistente(const QString& linha);
     void escolheProcedimento(const QString& codigo);
     void mostraPreco(double desconto);
-    bool incompleto() const;
+    /// The boxes that lack something of what a row must have.
+    QWidgetList incompletas() const;
     /// Nothing, after the message, where it cannot be saved.
     std::optional<Agendamento> conferido() const;
     Agendamento lido(const QString& idproc) const;

@@ -6,6 +6,7 @@
 #include "app/core/variaveis.h"
 #include "platform/forms/dialogs.h"
 #include "platform/forms/hourglass.h"
+#include "platform/forms/wrongboxes.h"
 #include "platform/values/text.h"
 #include "ui_frmcadusuario.h"
 
@@ -85,10 +86,12 @@ void frmcadusuario::Combo1_LostFocus()
     if (nome.isEmpty()) {
         ui->Command1->setEnabled(false);
         ui->Command3->setEnabled(false);
+        pointAt({ui->Combo1});
         MsgBox(u"--- ERRO --- INFORME O NOME DE USUÁRIO!"_s, u"ATENÇÃO"_s, Icon::Information);
         return;
     }
     if (nome.size() > 10) {
+        pointAt({ui->Combo1});
         MsgBox(u"--- ERRO --- O NOME DE USUÁRIO NÃO PODE TER MAIS QUE 10 CARACTERES!"_s, u"ATENÇÃO"_s,
                Icon::Critical);
         return;
@@ -147,11 +150,14 @@ void frmcadusuario::Command1_Click()
 {
     const QString nome = ui->Combo1->currentText();
     const QString senhaNova = ui->txtsenha->text();
-    if (nome.isEmpty() || senhaNova.isEmpty()) {
+    const QWidgetList vazias = erradas({{ui->Combo1, nome.isEmpty()}, {ui->txtsenha, senhaNova.isEmpty()}});
+    if (!vazias.isEmpty()) {
+        pointAt(vazias);
         MsgBox(u"Existem campos em branco que não podem ficar em branco."_s, u"ATENÇÃO"_s, Icon::Exclamation);
         return;
     }
     if (ui->txtoksenha->text() != senhaNova) {
+        pointAtAnyOf({ui->txtsenha, ui->txtoksenha});
         MsgBox(u"--- ERRO --- Senhas não conferem!"_s, u"Atenção"_s);
         return;
     }

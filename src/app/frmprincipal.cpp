@@ -3,16 +3,19 @@
 #include "app/atualizacao.h"
 #include "app/core/arquivosini.h"
 #include "app/core/instalacao.h"
-#include "app/core/menu.h"
 #include "app/core/variaveis.h"
 #include "app/frmtelainicial.h"
 #include "platform/forms/application.h"
+#include "platform/forms/mnemonics.h"
 #include "platform/system/files.h"
+#include "platform/system/usersettings.h"
 #include "platform/values/error.h"
 #include "ui_frmprincipal.h"
 
 #include <QIcon>
 #include <QMenuBar>
+#include <QMouseEvent>
+#include <QStatusTipEvent>
 
 using namespace Qt::StringLiterals;
 
@@ -25,6 +28,12 @@ static int loadResources()
     return 0;
 }
 [[maybe_unused]] static const int resources = loadResources();
+
+/// The window's place, size and state in the user's settings.
+static const QString chaveTamanho = u"frmPrincipal"_s;
+
+/// Behind the description of an entry that the user has no right to.
+static const QString semAcesso = u" Seu usuário não tem acesso."_s;
 
 frmPrincipal::frmPrincipal() : ui(std::make_unique<Ui::frmPrincipal>())
 {
@@ -47,21 +56,24 @@ void frmPrincipal::wire()
     Menu::principal().bind(u"mnuoff"_s, [this] { mnuoff_Click(); });
     Menu::principal().bind(u"mnuupdate"_s, [this] { mnuupdate_Click(); });
     connect(&Menu::principal(), &Menu::enabledChanged, this,
-            [this](const QString& name, bool enabled) { actions_.value(name)->setEnabled(enabled); });
+            [this](const Menu::Entry& entry) { mostraPermissao(*actions_.value(entry.name), entry); });
+    // Behind the noting of sizes, which the fonts are scaled by.
+    connect(this, &Form::loaded, this, &frmPrincipal::retomaTamanho);
 }
 
 void frmPrincipal::buildMenu()
 {
     menuBar_ = new QMenuBar(this);
+    menuBar_->installEventFilter(this);
     layout()->setMenuBar(menuBar_);
     QList<QMenu*> open; // the sub-menu that entries of each level go into, level 1 first
     for (const Menu::Entry& entry : Menu::principal().entries()) {
         open.resize(entry.level);
         QAction* action = nullptr;
         if (entry.isHead) {
-            QMenu* menu =
-                entry.level == 0 ? menuBar_->addMenu(entry.caption) : open.last()->addMenu(entry.caption);
-            action = menu->menuAction();
+            auto* menu = new LetterMenu(entry.caption, this);
+            menu->installEventFilter(this);
+            action = entry.level == 0 ? menuBar_->addMenu(menu) : open.last()->addMenu(menu);
             open.append(menu);
         } else {
             action =
@@ -69,9 +81,52 @@ void frmPrincipal::buildMenu()
             connect(action, &QAction::triggered, this, [name = entry.name] { Menu::principal().run(name); });
         }
         action->setObjectName(entry.name);
-        action->setEnabled(entry.enabled);
+        mostraPermissao(*action, entry);
         actions_.insert(entry.name, action);
     }
+}
+
+void frmPrincipal::mostraPermissao(QAction& action, const Menu::Entry& entry)
+{
+    action.setEnabled(entry.enabled);
+    action.setStatusTip(entry.enabled ? entry.description : entry.description + semAcesso);
+}
+
+bool frmPrincipal::event(QEvent* event)
+{
+    if (event->type() == QEvent::StatusTip) {
+        ui->lDica->setText(static_cast<QStatusTipEvent*>(event)->tip());
+        return true;
+    }
+    return Form::event(event);
+}
+
+bool frmPrincipal::eventFilter(QObject* menu, QEvent* event)
+{
+    if (event->type() != QEvent::MouseMove && event->type() != QEvent::Leave)
+        return false;
+    const QAction* entry = nullptr;
+    if (event->type() == QEvent::MouseMove) {
+        const QPoint place = static_cast<QMouseEvent*>(event)->position().toPoint();
+        entry = menu == menuBar_ ? menuBar_->actionAt(place) : static_cast<QMenu*>(menu)->actionAt(place);
+    }
+    if (entry && !entry->isEnabled())
+        ui->lDica->setText(entry->statusTip());
+    else if (ui->lDica->text().endsWith(semAcesso))
+        ui->lDica->clear();
+    return false;
+}
+
+void frmPrincipal::retomaTamanho()
+{
+    if (!restoreGeometry(UserSettings::value(chaveTamanho)))
+        setWindowState(windowState() | Qt::WindowMaximized);
+}
+
+/// Wherever the program ends by the window's or the login's closing.
+void frmPrincipal::guardaTamanho()
+{
+    UserSettings::setValue(chaveTamanho, saveGeometry());
 }
 
 QWidget* frmPrincipal::clientArea()
@@ -159,8 +214,10 @@ void frmPrincipal::CarregaConfiguracao()
 void frmPrincipal::pedeLogin()
 {
     Form::of<frmtelainicial>().ShowModal();
-    if (LoginAberto == QLatin1String("N"))
+    if (LoginAberto == QLatin1String("N")) {
+        guardaTamanho();
         Application::end(0);
+    }
 }
 
 void frmPrincipal::mnuoff_Click()
@@ -180,5 +237,6 @@ void frmPrincipal::mnuupdate_Click()
 
 void frmPrincipal::Form_Unload()
 {
+    guardaTamanho();
     Application::end(0);
 }

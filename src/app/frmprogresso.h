@@ -23,6 +23,7 @@ public:
 
 protected:
     void Form_Escape() override {}
+    void Form_Help() override {}
 
 private:
     std::unique_ptr<Ui::frmProgresso> ui;

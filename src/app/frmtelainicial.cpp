@@ -10,6 +10,7 @@
 #include "platform/forms/application.h"
 #include "platform/forms/dialogs.h"
 #include "platform/forms/theme.h"
+#include "platform/forms/wrongboxes.h"
 #include "platform/values/error.h"
 #include "ui_frmtelainicial.h"
 
@@ -34,8 +35,11 @@ void frmtelainicial::wire()
     onClick(ui->Command1, &frmtelainicial::Command1_Click);
     onClick(ui->Command2, &frmtelainicial::Command2_Click);
     onClick(ui->Label4, &frmtelainicial::Label4_Click);
-    onKey(Qt::Key_F10, &frmtelainicial::Label4_Click);
+    onKey(Qt::Key_F10, &frmtelainicial::Label4_Click, u"SUPORTE"_s);
+    selectOnFocus(ui->txtUsuario);
+    selectOnFocus(ui->txtSenha);
     onEnter(ui->txtSenha, &frmtelainicial::Command1_Click);
+    explain(u"Enter"_s, u"no campo Senha: confirma"_s);
     connect(&Timer1, &QTimer::timeout, this, &frmtelainicial::Timer1_Timer);
 }
 
@@ -82,7 +86,10 @@ void frmtelainicial::Command1_Click()
                 aspas(ui->txtUsuario->text()) + " and ususenha = " + aspas(ui->txtSenha->text()),
             Conexao, 3, 3);
     if (rs.Eof()) {
+        pointAtAnyOf({ui->txtUsuario, ui->txtSenha});
         MsgBox(u"--- ERRO --- USUÁRIO E/OU SENHA NÃO CONFEREM!"_s, u"ATENÇÃO"_s, Icon::Information);
+        if (auto* caixa = qobject_cast<QLineEdit*>(focusWidget()))
+            caixa->selectAll(); // what is typed now takes the place of what was refused
     } else {
         Usuario = ui->txtUsuario->text();
         Logado = u"S"_s;
@@ -137,6 +144,11 @@ void frmtelainicial::Form_Escape()
 {
     Usuario.clear();
     Command2_Click();
+}
+
+QString frmtelainicial::escapeHelp() const
+{
+    return u"fecha o programa"_s;
 }
 
 void frmtelainicial::FechaConexaoDaTela()

@@ -26,6 +26,7 @@ protected:
     void Form_Load() override;
     void Form_Activate() override;
     void Form_Escape() override;
+    QString escapeHelp() const override;
     void Form_Unload() override;
 
 private:

@@ -40,7 +40,7 @@ void Busca::wire()
     onKey(descricao_.teclaNovo, &Busca::Command6_Click);
     onClick(ui->Command5, &Busca::Command5_Click);
     onKey(Qt::Key_F10, &Busca::Command5_Click);
-    onDblClick(ui->DataGrid1, &Busca::Command5_Click);
+    onDblClick(ui->DataGrid1, &Busca::Command5_Click, u"seleciona"_s);
 }
 
 void Busca::Form_Load()

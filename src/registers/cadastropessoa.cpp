@@ -9,6 +9,7 @@
 #include "platform/forms/dialogs.h"
 #include "platform/forms/hourglass.h"
 #include "platform/forms/textlimit.h"
+#include "platform/forms/wrongboxes.h"
 #include "platform/system/clock.h"
 #include "platform/values/date.h"
 #include "platform/values/format.h"
@@ -65,9 +66,9 @@ void CadastroPessoa::wire()
     onLostFocus(pessoa.txtcepr, &CadastroPessoa::txtcepr_LostFocus);
     onChange(pessoa.codigoLigado, &CadastroPessoa::codigoLigado_Change);
     onLostFocus(pessoa.codigoLigado, &CadastroPessoa::codigoLigado_LostFocus);
-    onKeyPress(pessoa.txtdtcad, [this](int& tecla) { Rotirnas::MascaraData(tecla, *pessoa.txtdtcad); });
     onKeyPress(pessoa.txtdtnasc, [this](int& tecla) { Rotirnas::MascaraData(tecla, *pessoa.txtdtnasc); });
-    onDblClick(pessoa.DataGrid1, &CadastroPessoa::DataGrid1_DblClick);
+    explain(u"Datas"_s, u"só os algarismos: as barras entram sozinhas"_s);
+    onDblClick(pessoa.DataGrid1, &CadastroPessoa::DataGrid1_DblClick, u"traz a linha para os campos"_s);
     onClick(pessoa.cmdsalva, &CadastroPessoa::cmdsalva_Click);
     onClick(pessoa.cmdretorna, &CadastroPessoa::cmdretorna_Click);
     onClick(pessoa.Command3, &CadastroPessoa::Command3_Click);
@@ -123,6 +124,7 @@ void CadastroPessoa::Limpa()
 void CadastroPessoa::cmdretorna_Click()
 {
     Limpa();
+    pointAtNothing(*this);
     if (descricao_.limpaCodigo)
         pessoa.txtcodcli->clear();
     pessoa.Frame1->setEnabled(true);
@@ -183,6 +185,7 @@ void CadastroPessoa::txtcodcli_LostFocus()
     Adodc1.Recordset().Find(condicaoDoCodigo());
     if (Adodc1.Recordset().Eof()) {
         ampulheta.reset();
+        pointAt({pessoa.txtcodcli});
         MsgBox(u"--- ERRO --- CÓDIGO NÃO ENCONTRADO!"_s, atencao);
         return Limpa();
     }
@@ -257,8 +260,10 @@ void CadastroPessoa::txtcepr_LostFocus()
 
 bool CadastroPessoa::desisteSemNascimento()
 {
-    return !isDate(pessoa.txtdtnasc->text()) &&
-           !MsgYesNo(u"Atenção!!! Data de nascimento não informada ou inválida!\n"
+    if (isDate(pessoa.txtdtnasc->text()))
+        return false;
+    pointAt({pessoa.txtdtnasc});
+    return !MsgYesNo(u"Atenção!!! Data de nascimento não informada ou inválida!\n"
                      "Prosseguir assim mesmo?"_s,
                      u"Atençã"_s);
 }
@@ -267,6 +272,7 @@ bool CadastroPessoa::semTelefone()
 {
     if (!isVazia(pessoa.txtfone) || !isVazia(pessoa.txtnrcel))
         return false;
+    pointAtAnyOf({pessoa.txtfone, pessoa.txtnrcel});
     MsgBox(u"Informe o fone fixo e/ou celular!"_s, u"Atenção"_s);
     return true;
 }
@@ -275,6 +281,7 @@ bool CadastroPessoa::recusaCadastro()
 {
     if (isDate(pessoa.txtdtcad->text()))
         return false;
+    pointAt({pessoa.txtdtcad});
     MsgBox(u"--- ERRO --- DATA DE CADASTRO INCORRETA!"_s, atencao);
     return true;
 }
@@ -306,6 +313,7 @@ bool CadastroPessoa::posicionaParaGravar()
     if (!linhas.Eof())
         return true;
     pessoa.Frame1->setEnabled(true);
+    pointAt({pessoa.txtcodcli});
     MsgBox(u"--- ERRO --- CÓDIGO NÃO ENCONTRADO!"_s, atencao);
     return false;
 }

@@ -5,6 +5,7 @@
 #include "app/core/variaveis.h"
 #include "platform/forms/dialogs.h"
 #include "platform/forms/hourglass.h"
+#include "platform/forms/wrongboxes.h"
 #include "platform/values/number.h"
 #include "ui_cadastrosimples.h"
 
@@ -31,7 +32,7 @@ void CadastroSimples::wire()
 {
     selectOnFocus(ui->txtcodcli);
     onLostFocus(ui->txtcodcli, &CadastroSimples::txtcodcli_LostFocus);
-    onDblClick(ui->DataGrid1, &CadastroSimples::DataGrid1_DblClick);
+    onDblClick(ui->DataGrid1, &CadastroSimples::DataGrid1_DblClick, u"traz a linha para os campos"_s);
     onClick(ui->cmdsalva, &CadastroSimples::cmdsalva_Click);
     onClick(ui->cmdretorna, &CadastroSimples::cmdretorna_Click);
     onClick(ui->Command1, &CadastroSimples::Command1_Click);
@@ -71,6 +72,7 @@ void CadastroSimples::cmdretorna_Click()
 {
     const Hourglass ampulheta;
     Limpa();
+    pointAtNothing(*this);
     Adodc1.Refresh();
     ui->txtnome->setFocus();
 }
@@ -93,6 +95,7 @@ void CadastroSimples::txtcodcli_LostFocus()
     linhas.Find(descricao_.codigo + " = " + codigoDaCaixa(ui->txtcodcli));
     if (linhas.Eof()) {
         ampulheta.reset();
+        pointAt({ui->txtcodcli});
         MsgBox(u"--- ERRO --- CÓDIGO NÃO ENCONTRADO!"_s, u"ATENÇÃO"_s);
         return Limpa();
     }
@@ -106,6 +109,7 @@ bool CadastroSimples::recusa()
 {
     if (!isVazia(ui->txtnome))
         return false;
+    pointAt({ui->txtnome});
     MsgBox(u"--- ERRO --- NOME NÃO INFORMADO!"_s, u"ATENÇÃO"_s);
     return true;
 }

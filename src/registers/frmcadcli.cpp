@@ -2,6 +2,7 @@
 
 #include "app/core/caixas.h"
 #include "platform/forms/dialogs.h"
+#include "platform/forms/wrongboxes.h"
 #include "registers/telasdebusca.h"
 #include "ui_frmcadcli.h"
 
@@ -38,12 +39,16 @@ frmcadcli::~frmcadcli() = default;
 
 bool frmcadcli::recusa()
 {
-    if (isVazia(ui->txtnome) || isVazia(ui->txtNmConv)) {
+    const QWidgetList caixas =
+        erradas({{ui->txtnome, isVazia(ui->txtnome)}, {ui->txtIdConv, isVazia(ui->txtNmConv)}});
+    if (!caixas.isEmpty()) {
+        pointAt(caixas);
         MsgBox(u"--- ERRO --- NOME NÃO INFORMADO!"_s, u"ATENÇÃO"_s);
         return true;
     }
     for (const Pergunta& pergunta : perguntas_)
         if (pergunta.resposta->currentText().startsWith(QLatin1Char('1')) && isVazia(pergunta.descricao)) {
+            pointAtAnyOf({pergunta.resposta, pergunta.descricao});
             MsgBox(pergunta.falta, u"Atenção"_s);
             return true;
         }

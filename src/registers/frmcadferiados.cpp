@@ -1,9 +1,11 @@
 #include "registers/frmcadferiados.h"
 
+#include "app/core/caixas.h"
 #include "app/core/sql.h"
 #include "app/core/variaveis.h"
 #include "platform/forms/dialogs.h"
 #include "platform/forms/hourglass.h"
+#include "platform/forms/wrongboxes.h"
 #include "platform/system/clock.h"
 #include "platform/values/date.h"
 #include "platform/values/number.h"
@@ -30,7 +32,7 @@ frmCadFeriados::~frmCadFeriados() = default;
 void frmCadFeriados::wire()
 {
     onClick(ui->Command1, &frmCadFeriados::Command1_Click);
-    onDblClick(ui->DataGrid2, &frmCadFeriados::DataGrid2_DblClick);
+    onDblClick(ui->DataGrid2, &frmCadFeriados::DataGrid2_DblClick, u"exclui a linha, depois de perguntar"_s);
 }
 
 void frmCadFeriados::Form_Load()
@@ -49,7 +51,10 @@ void frmCadFeriados::Form_Load()
 void frmCadFeriados::Command1_Click()
 {
     const QString dia = ui->cboDia->currentText();
-    if (!isNumeric(dia) || ui->cboMes->currentText().trimmed().isEmpty()) {
+    const QWidgetList incompletas =
+        erradas({{ui->cboDia, !isNumeric(dia)}, {ui->cboMes, ui->cboMes->currentText().trimmed().isEmpty()}});
+    if (!incompletas.isEmpty()) {
+        pointAt(incompletas);
         MsgBox(u"--- ERRO -- DADOS INCOMPLETOS!"_s, u"ATENÇÃO"_s);
         return;
     }
@@ -59,6 +64,7 @@ void frmCadFeriados::Command1_Click()
     // year.
     const QString ano = QString::number(Clock::today().year());
     if (!isDate(QStringList{dia, numero, ano}.join(QLatin1Char('/')))) {
+        pointAtAnyOf({ui->cboDia, ui->cboMes});
         MsgBox(u"--- ERRO --- DIA / MÊS INVÁLIDO!"_s, u"ATENÇÃO"_s);
         return;
     }

@@ -6,6 +6,7 @@
 #include "lookups/validadocumento.h"
 #include "platform/forms/dialogs.h"
 #include "platform/forms/hourglass.h"
+#include "platform/forms/wrongboxes.h"
 #include "ui_frmcadfor.h"
 
 using namespace Qt::StringLiterals;
@@ -31,7 +32,7 @@ void frmCadFor::wire()
 {
     onLostFocus(ui->txtcodcli, &frmCadFor::txtcodcli_LostFocus);
     onLostFocus(ui->TXTCPF, &frmCadFor::TXTCPF_LostFocus);
-    onDblClick(ui->DataGrid1, &frmCadFor::DataGrid1_DblClick);
+    onDblClick(ui->DataGrid1, &frmCadFor::DataGrid1_DblClick, u"traz a linha para os campos"_s);
     onClick(ui->cmdsalva, &frmCadFor::cmdsalva_Click);
     onClick(ui->cmdretorna, &frmCadFor::cmdretorna_Click);
     onClick(ui->Command3, &frmCadFor::Command3_Click);
@@ -67,6 +68,7 @@ void frmCadFor::Limpa()
 void frmCadFor::cmdretorna_Click()
 {
     Limpa();
+    pointAtNothing(*this);
     ui->TXTCPF->setFocus();
 }
 
@@ -106,6 +108,7 @@ void frmCadFor::txtcodcli_LostFocus()
     Adodc1.Recordset().Find("cdfor = " + codigoDaCaixa(ui->txtcodcli));
     if (Adodc1.Recordset().Eof()) {
         ampulheta.reset();
+        pointAt({ui->txtcodcli});
         MsgBox(u"--- ERRO --- CÓDIGO NÃO ENCONTRADO!"_s, u"ATENÇÃO"_s);
         return Limpa();
     }
@@ -145,6 +148,7 @@ void frmCadFor::TXTCPF_LostFocus()
 void frmCadFor::cmdsalva_Click()
 {
     if (isVazia(ui->txtnome)) {
+        pointAt({ui->txtnome});
         MsgBox(u"--- ERRO --- NOME NÃO INFORMADO!"_s, u"ATENÇÃO"_s);
         return;
     }

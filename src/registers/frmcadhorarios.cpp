@@ -6,6 +6,7 @@
 #include "app/core/variaveis.h"
 #include "platform/forms/dialogs.h"
 #include "platform/forms/hourglass.h"
+#include "platform/forms/wrongboxes.h"
 #include "platform/system/clock.h"
 #include "platform/values/date.h"
 #include "platform/values/number.h"
@@ -72,7 +73,7 @@ void frmCadHorarios::wire()
 {
     onClick(ui->cboPro, &frmCadHorarios::cboPro_Click);
     onClick(ui->Command1, &frmCadHorarios::Command1_Click);
-    onDblClick(ui->DataGrid2, &frmCadHorarios::DataGrid2_DblClick);
+    onDblClick(ui->DataGrid2, &frmCadHorarios::DataGrid2_DblClick, u"exclui a linha, depois de perguntar"_s);
 }
 
 void frmCadHorarios::Form_Load()
@@ -122,17 +123,22 @@ void frmCadHorarios::cboPro_Click()
 
 bool frmCadHorarios::recusa()
 {
-    if (!isNumeric(ui->cboCH->currentText().left(1)) || !isNumeric(ui->cboDia->currentText().left(1)) ||
-        !isNumeric(idpro_) || !isNumeric(idesp_)) {
+    const QWidgetList caixas = erradas({{ui->cboCH, !isNumeric(ui->cboCH->currentText().left(1))},
+                                        {ui->cboDia, !isNumeric(ui->cboDia->currentText().left(1))},
+                                        {ui->cboPro, !isNumeric(idpro_) || !isNumeric(idesp_)}});
+    if (!caixas.isEmpty()) {
+        pointAt(caixas);
         MsgBox(u"--- ERRO --- DADOS INCORRETO!"_s, u"ATENÇÃO"_s);
         return true;
     }
     if (isVazia(ui->txtHR)) {
+        pointAt({ui->txtHR});
         MsgBox(u"--- ERRO --- INFORME O(s) HORÁRIO(s)"_s, u"ATENÇÃO"_s);
         return true;
     }
     const QStringList horas = ui->txtHR->text().split(QLatin1Char('/'));
     if (!std::all_of(horas.begin(), horas.end(), isHora)) {
+        pointAt({ui->txtHR});
         MsgBox(u"--- ERRO --- HORÁRIOS POSSUI HORA INVÁLIDA!"_s, u"Atenção"_s);
         return true;
     }

@@ -5,6 +5,7 @@
 #include "app/core/variaveis.h"
 #include "platform/forms/dialogs.h"
 #include "platform/forms/hourglass.h"
+#include "platform/forms/wrongboxes.h"
 #include "platform/system/clock.h"
 #include "platform/values/date.h"
 #include "platform/values/format.h"
@@ -46,7 +47,7 @@ void frmCadProduto::wire()
     onLostFocus(ui->txtCdPro, &frmCadProduto::txtCdPro_LostFocus);
     onLostFocus(ui->txtFator, &frmCadProduto::txtFator_LostFocus);
     onChange(ui->txtCdGrupo, &frmCadProduto::txtCdGrupo_Change);
-    onDblClick(ui->DataGrid1, &frmCadProduto::DataGrid1_DblClick);
+    onDblClick(ui->DataGrid1, &frmCadProduto::DataGrid1_DblClick, u"traz a linha para os campos"_s);
     onClick(ui->cmdsalva, &frmCadProduto::cmdsalva_Click);
     onClick(ui->cmdretorna, &frmCadProduto::cmdretorna_Click);
     onClick(ui->Command2, &frmCadProduto::Command2_Click);
@@ -83,6 +84,7 @@ void frmCadProduto::Limpa()
 void frmCadProduto::cmdretorna_Click()
 {
     Limpa();
+    pointAtNothing(*this);
     ui->txtCdPro->clear();
     ui->txtCdPro->setFocus();
 }
@@ -159,16 +161,24 @@ void frmCadProduto::mostra()
 
 bool frmCadProduto::recusa()
 {
-    if (isVazia(ui->txtCdPro) || isVazia(ui->txtDsPro) || isVazia(ui->txtUN) || isVazia(ui->txtDsGrupo) ||
-        !isNumeric(ui->txtFator->text()) || !isNumeric(ui->txtDtUA->text())) {
+    const QWidgetList caixas = erradas({{ui->txtCdPro, isVazia(ui->txtCdPro)},
+                                        {ui->txtDsPro, isVazia(ui->txtDsPro)},
+                                        {ui->txtUN, isVazia(ui->txtUN)},
+                                        {ui->txtCdGrupo, isVazia(ui->txtDsGrupo)},
+                                        {ui->txtFator, !isNumeric(ui->txtFator->text())},
+                                        {ui->txtDtUA, !isNumeric(ui->txtDtUA->text())}});
+    if (!caixas.isEmpty()) {
+        pointAt(caixas);
         MsgBox(u"--- ERRO --- DADOS INCOMPLETOS!"_s, u"ATENÇÃO"_s);
         return true;
     }
     if (toNumber(ui->txtFator->text()) < 0) {
+        pointAt({ui->txtFator});
         MsgBox(u"--- ERRO --- VALOR DO CUSTO NÃO PODE SER MENOR QUE ZERO!"_s, u"Atenção"_s);
         return true;
     }
     if (toNumber(ui->txtDtUA->text()) < 0) {
+        pointAt({ui->txtDtUA});
         MsgBox(u"--- ERRO --- ESTOQUE MINIMO NÃO PODE SER MENOR QUE ZERO!"_s, u"Atenção"_s);
         return true;
     }

@@ -3,6 +3,7 @@
 #include "app/core/caixas.h"
 #include "app/core/sql.h"
 #include "platform/forms/dialogs.h"
+#include "platform/forms/wrongboxes.h"
 #include "platform/values/format.h"
 #include "platform/values/number.h"
 #include "registers/telasdebusca.h"
@@ -51,21 +52,26 @@ QString frmCadProfissionais::local() const
 void frmCadProfissionais::txtVR_LostFocus()
 {
     if (isNumeric(ui->txtVR->text()))
-        ui->txtVR->setText(Currency(toNumber(ui->txtVR->text())));
-    else
-        MsgBox(u"--- ERRO --- VALOR INVÁLIDO!"_s, atencao);
+        return ui->txtVR->setText(Currency(toNumber(ui->txtVR->text())));
+    pointAt({ui->txtVR});
+    MsgBox(u"--- ERRO --- VALOR INVÁLIDO!"_s, atencao);
 }
 
 bool frmCadProfissionais::recusa()
 {
-    if (!isNumeric(local()) || isVazia(ui->txtnome) || isVazia(ui->txtNmEsp) ||
-        !isNumeric(ui->txtVR->text())) {
+    const QWidgetList caixas = erradas({{ui->cboCH, !isNumeric(local())},
+                                        {ui->txtnome, isVazia(ui->txtnome)},
+                                        {ui->txtIdEsp, isVazia(ui->txtNmEsp)},
+                                        {ui->txtVR, !isNumeric(ui->txtVR->text())}});
+    if (!caixas.isEmpty()) {
+        pointAt(caixas);
         MsgBox(u"--- ERRO --- NOME NÃO INFORMADO!"_s, atencao);
         return true;
     }
     if (semTelefone())
         return true;
     if (toNumber(ui->txtVR->text()) < 0) {
+        pointAt({ui->txtVR});
         MsgBox(u"--- ERRO --- VALOR NÃO PODE SER MENOR QUE ZERO!"_s, atencao);
         return true;
     }

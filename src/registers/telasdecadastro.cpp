@@ -4,6 +4,7 @@
 #include "app/core/sql.h"
 #include "app/core/variaveis.h"
 #include "platform/forms/dialogs.h"
+#include "platform/forms/wrongboxes.h"
 #include "platform/values/format.h"
 #include "platform/values/number.h"
 #include "ui_cadastrosimples.h"
@@ -45,11 +46,15 @@ frmCadConvenios::frmCadConvenios()
 
 bool frmCadConvenios::recusa()
 {
-    if (isVazia(ui->txtnome) || !isNumeric(ui->txtPDesc->text())) {
+    const QWidgetList caixas =
+        erradas({{ui->txtnome, isVazia(ui->txtnome)}, {ui->txtPDesc, !isNumeric(ui->txtPDesc->text())}});
+    if (!caixas.isEmpty()) {
+        pointAt(caixas);
         MsgBox(erroDeNome, titulo);
         return true;
     }
     if (toNumber(ui->txtPDesc->text()) < 0) {
+        pointAt({ui->txtPDesc});
         MsgBox(u"--- ERRO --- PERCENTUAL DE DESCONTO NÃO PODE SER MENOR QUE ZERO!"_s, titulo);
         return true;
     }
@@ -120,8 +125,11 @@ QString frmCadProcedimentos::local() const
 
 bool frmCadProcedimentos::recusa()
 {
-    if (!isVazia(ui->txtnome) && isNumeric(local()))
+    const QWidgetList caixas =
+        erradas({{ui->txtnome, isVazia(ui->txtnome)}, {ui->cboCH, !isNumeric(local())}});
+    if (caixas.isEmpty())
         return false;
+    pointAt(caixas);
     MsgBox(erroDeNome, titulo);
     return true;
 }

@@ -159,10 +159,11 @@ TEST_F(Booking, WhatCannotBeBookedIsRefusedInOrder)
         // No procedure and a past day as well: the boxes come first.
         static_cast<QComboBox*>(agenda.find(u"cboTP"_s))->setCurrentIndex(-1);
         for (const QStringList& box :
-             textTable(u"txtDt=31/02/2026=15/03/2026|txtNmPac= =J|txtIdPac=A=21|txtIdConv==5|txtNmConv==P|"
+             textTable(u"txtDt=31/02/2026=15/03/2026|txtNmPac= =J|txtIdPac=A=21|txtIdConv==5|txtIdConv=99=5|"
                        "txtVR=CARO=0|txtFone=  =9")) {
             agenda.type(box[0], box[1]);
             refused(incomplete, Icon::Information);
+            EXPECT_TRUE(agenda.find(box[0])->property("wrong").toBool()) << box[0].toStdString();
             agenda.type(box[0], box[2]);
         }
         refused(u"--- ERRO --- SELECIONA UM PROCEDIMENTO!"_s);
@@ -171,7 +172,7 @@ TEST_F(Booking, WhatCannotBeBookedIsRefusedInOrder)
         agenda.type(u"txtDt"_s, u"16/03/2026"_s);
         agenda.choose(u"cboOnde"_s, u"1"_s);
         refused(elsewhere, Icon::Exclamation);
-        EXPECT_EQ(texts(agenda), u"|16/03/2026|08:30|21|JOÃO DA SILVA|5|P|9|0|")
+        EXPECT_EQ(texts(agenda), u"|16/03/2026|08:30|21|JOÃO DA SILVA|5|SAÚDE TOTAL|9|0|")
             << "what was typed is still there";
 
         dialogs.expect(booked);

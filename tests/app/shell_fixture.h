@@ -8,6 +8,7 @@
 #include "app/telas.h"
 #include "platform/forms/statusbar.h"
 #include "platform/system/files.h"
+#include "platform/system/usersettings.h"
 #include "support/database.h"
 #include "support/fixedclock.h"
 #include "support/modaldriver.h"
@@ -28,6 +29,7 @@ protected:
     Program()
     {
         Files::setProgramFolder(folder.path());
+        UserSettings::setValue(u"frmPrincipal"_s, {}); // as at the first start
         Database& database = Database::instance();
         database.clear();
         ArquivosINI::Grava(

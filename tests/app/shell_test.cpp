@@ -2,6 +2,9 @@
 #include "ending.h"
 
 #include <QAction>
+#include <QMenuBar>
+#include <QPushButton>
+#include <QTest>
 
 using namespace Qt::StringLiterals;
 
@@ -41,8 +44,8 @@ TEST_F(Program, StartCleansUpReadsTheConfigurationAndLogsIn)
         EXPECT_EQ(login.text(u"txtUsuario"_s) + login.text(u"txtSenha"_s), u"MARIAERRADA")
             << "the fields keep their text";
         EXPECT_EQ(Logado, u"N");
-        login.type(u"txtSenha"_s, u"segredo"_s);
-        login.click(u"Command1"_s);
+        login.typeOn(u"segredo"_s); // in the place of what was refused
+        login.press(Qt::Key_Return);
     });
     Form::of<frmPrincipal>().Show();
     settle();
@@ -100,6 +103,50 @@ TEST_F(Program, AfterALogOffOnlyTheNextUsersRowsCount)
     EXPECT_EQ(idlic, u"C1");
     EXPECT_EQ(enabledEntries(), (QStringList{u"mnurel"_s} + always));
     EXPECT_EQ(panel(3), u"Usuário: ANA");
+}
+
+TEST_F(Program, TheLineAboveThePanelsTellsWhatAnEntryIsFor)
+{
+    addRight(u"C1"_s, u"MARIA"_s, u"cliAG               "_s, u"0"_s);
+    start();
+    auto& principal = Form::of<frmPrincipal>();
+    auto* hint = principal.findChild<QLabel*>(u"lDica"_s);
+    auto* bar = principal.findChild<QMenuBar*>();
+    for (const Menu::Entry& entry : Menu::principal().entries())
+        EXPECT_TRUE(entry.description.endsWith(u'.')) << entry.name.toStdString();
+    bar->setActiveAction(principal.findChild<QAction*>(u"cliAG"_s));
+    EXPECT_THAT(hint->text().toStdString(),
+                AllOf(StartsWith("Os atendimentos do dia"), EndsWith("imprimir.")));
+    bar->setActiveAction(nullptr);
+    EXPECT_EQ(hint->text(), u"");
+    QTest::mouseMove(bar, bar->actionGeometry(principal.findChild<QAction*>(u"mnurel"_s)).center());
+    settle();
+    EXPECT_THAT(hint->text().toStdString(), EndsWith("Seu usuário não tem acesso."));
+    QTest::mouseMove(bar, bar->rect().bottomRight());
+    settle();
+    EXPECT_EQ(hint->text(), u"");
+    EXPECT_EQ(panel(3), u"Usuário: MARIA");
+}
+
+TEST_F(Program, TheWindowOpensAsItWasLeftAndItsFontsFollow)
+{
+    const auto signSize = [] {
+        return Form::of<frmPrincipal>().findChild<QPushButton*>(u"cmdST"_s)->font().pointSizeF();
+    };
+    start();
+    auto& principal = Form::of<frmPrincipal>();
+    EXPECT_TRUE(principal.isMaximized());
+    const QSize whole = principal.size();
+    EXPECT_NEAR(signSize(), 15.0 * whole.width() / principal.openingSize().width(), 3);
+    principal.showNormal();
+    const QSize half = principal.openingSize() / 2;
+    principal.resize(half);
+    UserSettings::setValue(u"frmPrincipal"_s, principal.saveGeometry());
+    delete &principal;
+    Logado = u"N"_s;
+    start();
+    EXPECT_EQ(Form::of<frmPrincipal>().size(), half);
+    EXPECT_NEAR(signSize(), 7.5, 1);
 }
 
 TEST_F(Program, ALogoFillsTheWindowBehindEverything)
@@ -172,8 +219,10 @@ TEST_F(Ending, ClosingTheLoginOrTheWindowEndsTheProgram)
 {
     Files::write(Files::inProgramFolder(u"\\adm_atu.exe"_s), "x");
     for (const QString& scenario : {u"close-login"_s, u"log-off"_s, u"close-window"_s}) {
+        UserSettings::setValue(u"frmPrincipal"_s, {});
         EXPECT_THAT(boxes(scenario, 0), IsEmpty());
         EXPECT_FALSE(Files::exists(Files::inProgramFolder(u"\\adm_atu.exe"_s)));
+        EXPECT_FALSE(UserSettings::value(u"frmPrincipal"_s).isEmpty()) << "the window's size is kept";
     }
 }
 

@@ -7,6 +7,8 @@
 #include "support/scripteddialogs.h"
 #include "support/texttable.h"
 
+#include <QProcess>
+#include <QTemporaryDir>
 #include <gtest/gtest.h>
 
 using namespace Qt::StringLiterals;
@@ -23,6 +25,49 @@ struct Services
     }
     ~Services() { std::for_each(std::begin(names), std::end(names), qunsetenv); }
     static constexpr const char* names[] = {"TREMOSILVA_HOST_CEP", "TREMOSILVA_HOST_CNPJ"};
+};
+
+/// The demonstration's own services, as ./run starts them, and the rows of its registers.
+class Demonstration
+{
+public:
+    Demonstration()
+    {
+        EXPECT_EQ(script(u"start"_s, {QString::fromUtf8(PROGRAMS), u"DEMO"_s}), 0);
+        EXPECT_EQ(QProcess::execute(QString::fromUtf8(PROGRAMS "/tremosilva-generator"),
+                                    {u"--tenant"_s, u"DEMO"_s, u"--today"_s, u"2026-03-16"_s, u"--out"_s,
+                                     folder_.filePath(u"rows"_s)}),
+                  0);
+    }
+    ~Demonstration() { stop(); }
+
+    QString host() const
+    {
+        QFile port(folder_.filePath(u"lookups.port"_s));
+        return port.open(QIODevice::ReadOnly) ? u"http://127.0.0.1:"_s + QString::fromUtf8(port.readAll())
+                                              : QString();
+    }
+    void stop() { EXPECT_EQ(script(u"stop"_s, {}), 0); }
+    /// The fields of each row; one with a break of lines in it is left out.
+    QList<QStringList> rows(const QString& table, qsizetype width) const
+    {
+        QFile file(folder_.filePath(u"rows/%1.tsv"_s.arg(table)));
+        QList<QStringList> rows;
+        if (file.open(QIODevice::ReadOnly))
+            for (const QString& line : QString::fromUtf8(file.readAll()).split(u'\n'))
+                if (const QStringList fields = line.split(u'\t'); fields.size() == width)
+                    rows << fields;
+        return rows;
+    }
+
+private:
+    int script(const QString& action, const QStringList& arguments) const
+    {
+        return QProcess::execute(QString::fromUtf8(PRIVATE_LOOKUPS),
+                                 QStringList{action, folder_.path()} + arguments);
+    }
+
+    QTemporaryDir folder_;
 };
 
 } // namespace
@@ -124,4 +169,40 @@ TEST(JsonText, FieldsByPosition)
     EXPECT_EQ(Funcoes::ValorJson(u"{\"nome\": \"X\"}"_s, u"nome"_s), u"X");
 
     EXPECT_EQ(errorOf([&] { Funcoes::ValorJson(answer, u"fim"_s); }), 5);
+}
+
+TEST(Demonstration, LooksUpWhatItsRegistersShow)
+{
+    Demonstration demonstration;
+    const QString host = demonstration.host();
+    {
+        const Services services(host);
+        const QList<QStringList> patients = demonstration.rows(u"pacientes"_s, 27);
+        ASSERT_GT(patients.size(), 100);
+        for (const QStringList& row : patients.first(40)) {
+            const QString address = Funcoes::BuscaCep(QString(row[10]).remove(u'-'));
+            EXPECT_TRUE(address.startsWith(u" %1|%2|%3|%4|"_s.arg(row[11], row[13], row[14], row[15])))
+                << address.toStdString() << " for " << row.join(u' ').toStdString();
+        }
+        EXPECT_EQ(Funcoes::BuscaCep(u"00000000"_s), u" ||||");
+        EXPECT_TRUE(Funcoes::BuscaCep(u"80010010"_s).endsWith(u"|CURITIBA|PR|4106902"_s));
+        EXPECT_EQ(Funcoes::ValorJson(Funcoes::BuscaCepJson(u"13080000"_s), u"ibge"_s), u"3509502");
+
+        const QList<QStringList> suppliers = demonstration.rows(u"fornecedores"_s, 18);
+        ASSERT_FALSE(suppliers.isEmpty());
+        for (const QStringList& row : suppliers) {
+            const QString company = Funcoes::BuscaCnpj(row[4]);
+            QStringList fields;
+            for (const char* field : {"nome", "logradouro", "numero", "bairro", "municipio", "uf", "cep"})
+                fields << Funcoes::ValorJson(company, QString::fromLatin1(field));
+            EXPECT_EQ(fields.join(u'|').remove(u'.'),
+                      QStringList({row[2], row[9], row[10], row[11], row[12], row[13], row[15]}).join(u'|'));
+        }
+        EXPECT_EQ(Funcoes::BuscaCnpj(u"11222333000182"_s), u"404 Error");
+        EXPECT_EQ(Funcoes::ValorJson(Funcoes::BuscaCnpj(u"11222333000181"_s), u"cnpj"_s),
+                  u"11.222.333/0001-81");
+    }
+    demonstration.stop();
+    const Services services(host);
+    EXPECT_EQ(errorOf([] { Funcoes::BuscaCnpj(u"11222333000181"_s); }), 12029);
 }

@@ -2,7 +2,9 @@
 #include "platform/forms/calendar.h"
 #include "platform/forms/form.h"
 #include "platform/forms/listbox.h"
+#include "platform/forms/mnemonics.h"
 #include "platform/forms/theme/roles.h"
+#include "platform/forms/wrongboxes.h"
 #include "support/errorof.h"
 #include "support/fixedclock.h"
 #include "support/modaldriver.h"
@@ -11,6 +13,7 @@
 
 #include <QMenuBar>
 #include <QPushButton>
+#include <QScreen>
 #include <QScrollArea>
 #include <QScrollBar>
 #include <QTest>
@@ -49,6 +52,7 @@ public:
     using Form::focusOn;
     using Form::hideFrame;
     using Form::onEnter;
+    using Form::onKeyPress;
     void F2() { log << u"F2"_s; }
 
     QLineEdit* first = new QLineEdit;
@@ -128,7 +132,12 @@ TEST_F(Forms, TheMenuBarKeepsItsKeys)
 {
     auto* bar = new QMenuBar(&form);
     int runs = 0;
-    QObject::connect(bar->addAction(u"Agenda"_s), &QAction::triggered, &form, [&] { ++runs; });
+    const auto count = [&runs] { ++runs; };
+    QObject::connect(bar->addAction(u"Agenda"_s), &QAction::triggered, &form, count);
+    auto* menu = new LetterMenu(u"Outros"_s, &form);
+    QObject::connect(menu->addAction(u"Ações"_s), &QAction::triggered, &form, count);
+    bar->addMenu(menu);
+    Mnemonics::assign(form);
     form.layout()->setMenuBar(bar);
     bar->show();
     bar->setFocus();
@@ -136,8 +145,114 @@ TEST_F(Forms, TheMenuBarKeepsItsKeys)
     screen.press(Qt::Key_Return);
     EXPECT_EQ(runs, 1);
     bar->setFocus();
+    screen.press(Qt::Key_A);
+    EXPECT_EQ(runs, 2) << "a letter does without Alt here";
+    screen.focus(u"first"_s);
+    screen.press(Qt::Key_O, Qt::AltModifier);
+    ASSERT_TRUE(menu->isVisible());
+    QTest::keyClick(menu, Qt::Key_A);
+    EXPECT_EQ(runs, 3);
+    EXPECT_EQ(form.first->text(), u"");
+    bar->setFocus();
     screen.press(Qt::Key_Escape);
     EXPECT_TRUE(form.isLoaded());
+}
+
+TEST_F(Forms, AltAndALetterPressAButtonAsTheMouseDoes)
+{
+    const auto letter = [this](Qt::Key key) { screen.press(key, Qt::AltModifier); };
+    focusAndForget(u"first"_s);
+    letter(Qt::Key_O);
+    EXPECT_EQ(form.log, (QStringList{u"first lost"_s, u"click"_s}));
+
+    focusAndForget(u"first"_s);
+    form.onLoss = [this] { form.button->setEnabled(false); };
+    letter(Qt::Key_O);
+    EXPECT_EQ(form.log.count(u"click"_s), 0) << "it cannot be pressed any more";
+    form.button->setEnabled(true);
+    form.onLoss = [] { MsgBox(u"stop"_s, u"title"_s); };
+    ScriptedDialogs dialogs;
+    dialogs.expect(u"stop"_s);
+    focusAndForget(u"first"_s);
+    letter(Qt::Key_O);
+    EXPECT_EQ(form.log, QStringList{u"first lost"_s}) << "the box was the answer";
+
+    form.onLoss = [] {};
+    screen.focus(u"first"_s);
+    letter(Qt::Key_Q);
+    screen.press(Qt::Key_2, Qt::AltModifier | Qt::ControlModifier);
+    EXPECT_EQ(form.first->text(), u"2") << "the third level of a key types, Alt alone does not";
+}
+
+TEST_F(Forms, LettersAreUnderlinedWhileAltIsHeld)
+{
+    const QImage plain = form.button->grab().toImage();
+    QTest::keyPress(form.first, Qt::Key_Alt);
+    EXPECT_NE(form.button->grab().toImage(), plain);
+    EXPECT_EQ(form.button->text(), u"OK");
+    QTest::keyRelease(form.first, Qt::Key_Alt);
+    EXPECT_EQ(form.button->grab().toImage(), plain);
+    QTest::keyPress(form.first, Qt::Key_Alt);
+    Sample other;
+    other.Show();
+    settle();
+    EXPECT_EQ(form.button->grab().toImage(), plain) << "the key is released over another window";
+    other.Unload();
+}
+
+TEST_F(Forms, ABoxIsPointedAtUntilItChanges)
+{
+    const auto pointed = [this] {
+        QStringList names;
+        for (const QWidget* box : form.findChildren<QWidget*>())
+            if (box->property("wrong").toBool())
+                names << box->objectName();
+        return names.join(u' ');
+    };
+    QComboBox combo(&form);
+    combo.setObjectName(u"combo"_s);
+    combo.addItems({u"a"_s, u"b"_s});
+    combo.show();
+    screen.focus(u"first"_s);
+    const QFont font = form.second->font();
+    pointAt({form.second, form.memo, &combo});
+    EXPECT_EQ(pointed(), u"second memo combo");
+    EXPECT_EQ(form.second->font(), font);
+    EXPECT_EQ(screen.focused(), u"first");
+    screen.type(u"second"_s, u"a"_s);
+    EXPECT_EQ(pointed(), u"memo combo");
+    combo.setCurrentIndex(1);
+    form.memo->setPlainText(u"b"_s);
+    EXPECT_EQ(pointed(), u"");
+    pointAtAnyOf({form.first, form.second});
+    form.first->setText(u"c"_s);
+    EXPECT_EQ(pointed(), u"") << "what one of them puts right";
+    pointAt({form.first, form.memo});
+    form.first->hide();
+    EXPECT_EQ(pointed(), u"memo");
+    form.Unload();
+    EXPECT_EQ(pointed(), u"");
+}
+
+TEST_F(Forms, TheFirstDownTakesTheFirstItem)
+{
+    QComboBox combo(&form);
+    combo.setObjectName(u"combo"_s);
+    combo.addItems({u"a"_s, u"b"_s});
+    combo.setCurrentIndex(-1);
+    combo.show();
+    screen.focus(u"combo"_s);
+    screen.press(Qt::Key_Down);
+    EXPECT_EQ(combo.currentIndex(), 0);
+    combo.setCurrentIndex(-1);
+    for (const int chosen : {0, 1}) {
+        combo.showPopup();
+        settle();
+        QTest::keyClick(combo.view(), Qt::Key_Down);
+        QTest::keyClick(combo.view(), Qt::Key_Return);
+        settle();
+        EXPECT_EQ(combo.currentIndex(), chosen) << "in the list that it opens";
+    }
 }
 
 TEST_F(Forms, FunctionKeysAndKeyHandlersComeBeforeTheControl)
@@ -206,6 +321,28 @@ TEST_F(Forms, LoadsOnceActivatesAndUnloads)
     one->close();
     EXPECT_NE(one, &Form::of<Sample>()) << "fresh controls after an unloading";
     delete &Form::of<Sample>();
+}
+
+TEST_F(Forms, AWindowOpensOverItsOwnerAndWholeOnTheScreen)
+{
+    const QRect room = form.screen()->availableGeometry();
+    const auto openOver = [&](const QRect& owner, const QSize& size) {
+        form.setGeometry(owner);
+        form.activateWindow();
+        settle();
+        Sample over;
+        over.layout()->setSizeConstraint(QLayout::SetNoConstraint);
+        over.first->setMinimumSize(size);
+        over.Show();
+        QTest::qWait(100); // for the frame
+        EXPECT_TRUE(room.contains(over.frameGeometry())) << testing::PrintToString(over.frameGeometry());
+        return over.frameGeometry().center();
+    };
+    const QPoint away = openOver({200, 150, 900, 700}, {300, 200}) - QRect(200, 150, 900, 700).center();
+    EXPECT_LT(away.manhattanLength(), 30) << "in the middle of its owner, give or take a frame";
+    openOver({0, 0, 200, 100}, {600, 400});
+    openOver({room.width() - 200, room.height() - 200, 200, 100}, {600, 400});
+    openOver(room, room.size() * 2);
 }
 
 TEST_F(Forms, ADisabledFormTakesEscAlone)
@@ -344,6 +481,17 @@ TEST_F(Forms, ADoubleClickOnALineOfASortedListOpensItAndNothingElseDoes)
     doubleClick(Qt::RightButton, form.list->visualItemRect(form.list->item(0)).center());
     doubleClick(Qt::LeftButton, QPoint(5, form.list->viewport()->height() - 3));
     EXPECT_EQ(form.log.join(u' '), u"08:30 09:00 10:00|A 10:00|b");
+
+    form.log.clear();
+    form.list->setCurrentRow(1);
+    screen.press(Qt::Key_Space);
+    EXPECT_EQ(form.log.join(u' '), u"09:00") << "the blank key does the same";
+    EXPECT_EQ(form.list->toolTip(), u"Espaço: o mesmo que o duplo clique");
+    int codes = 0;
+    form.onKeyPress(form.list, [&codes](int&) { ++codes; });
+    screen.press(Qt::Key_Space);
+    EXPECT_EQ(codes, 1);
+    EXPECT_EQ(form.log.size(), 1) << "the key has another use";
 }
 
 TEST_F(Forms, AFailureInAHandlerReachesTheApplication)

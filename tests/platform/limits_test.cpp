@@ -47,7 +47,7 @@ protected:
         QTimer::singleShot(0, [] {
             auto* menu = static_cast<QMenu*>(QApplication::activePopupWidget());
             for (QAction* action : menu->actions())
-                if (action->text().startsWith(u"&Paste"))
+                if (action->text().startsWith(u"C&olar"))
                     action->trigger();
             menu->close();
         });

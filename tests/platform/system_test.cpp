@@ -13,7 +13,9 @@
 #include <QTcpServer>
 #include <QTcpSocket>
 #include <QTemporaryDir>
+#include <QTest>
 #include <csignal>
+#include <gmock/gmock.h>
 #include <gtest/gtest.h>
 #include <sys/resource.h>
 
@@ -109,6 +111,43 @@ TEST_F(ProgramFolder, FailuresOfFilesAreErrors)
     EXPECT_EQ(errorOf([&] { Shell::open(missing); }), 53);
     Files::write(missing, "x");
     EXPECT_EQ(errorOf([&] { Files::makeFolder(missing + u"/below"_s); }), 75);
+}
+
+TEST_F(ProgramFolder, WhatTheWorkstationDoesNotOpenIsTold)
+{
+    const QString document = Files::inProgramFolder(u"\\x.pdf"_s);
+    Files::write(document, "%PDF");
+    const QByteArray path = qgetenv("PATH");
+    QStringList told;
+    Shell::setFailureHandler([&](const QString& target) { told << target; });
+    const QString opener = Files::inProgramFolder(u"\\xdg-open"_s);
+    const auto openBoth = [&](const char* script) {
+        Files::write(opener, QByteArray("#!/bin/sh\n") + script + "\necho \"$1\" >>'" +
+                                 Files::inProgramFolder(u"\\opened"_s).toLocal8Bit() + '\'');
+        Files::makeExecutable(opener);
+        told.clear();
+        Shell::open(document);
+        Shell::open(u"https://clinica.example/a"_s);
+        EXPECT_TRUE(told.isEmpty()) << "not before the event loop has its turn";
+        QTest::qWait(300);
+    };
+    const QStringList both = {document, u"https://clinica.example/a"_s};
+    qputenv("PATH", folder.path().toLocal8Bit() + ':' + path);
+    openBoth("");
+    EXPECT_EQ(told, QStringList());
+    EXPECT_THAT(QString::fromLocal8Bit(Files::read(Files::inProgramFolder(u"\\opened"_s))).split(u'\n'),
+                testing::UnorderedElementsAre(both[0], both[1], u""_s));
+    openBoth("sleep 0.7"); // a viewer that stays open
+    EXPECT_EQ(told, QStringList());
+    openBoth("exit 3");
+    EXPECT_THAT(told, testing::UnorderedElementsAreArray(both));
+    openBoth("kill -9 $$");
+    EXPECT_THAT(told, testing::UnorderedElementsAreArray(both));
+    qputenv("PATH", folder.path().toLocal8Bit() + "/none");
+    openBoth("");
+    EXPECT_THAT(told, testing::UnorderedElementsAreArray(both)) << "no opener at all";
+    qputenv("PATH", path);
+    Shell::setFailureHandler({});
 }
 
 TEST_F(ProgramFolder, AFullDiskIsToldAndLeavesNothingHalf)

@@ -1,7 +1,10 @@
 #include "agenda/frmcli_agenda.h"
+#include "agenda/frmcli_agenda_pesquisa.h"
 #include "agenda/frmcli_agendacf.h"
 #include "app/frmcadusuario.h"
+#include "app/frmconfig.h"
 #include "app/shell_fixture.h"
+#include "platform/forms/mnemonics.h"
 #include "registers/frmcadcli.h"
 #include "registers/frmcadferiados.h"
 #include "registers/frmcadfor.h"
@@ -12,8 +15,10 @@
 #include "registers/telasdecadastro.h"
 
 #include <QClipboard>
+#include <QLabel>
 #include <QLineEdit>
 #include <QPlainTextEdit>
+#include <QPushButton>
 
 using namespace Qt::StringLiterals;
 
@@ -40,6 +45,48 @@ protected:
         on<Screen>([&](ScreenDriver& screen) { keys(screen, pieces); });
     }
 
+    /// What the help sheet of the screen says.
+    QStringList sheet(ScreenDriver& screen)
+    {
+        QStringList texts;
+        modal.expect(u"HelpSheet"_s, [&texts](ScreenDriver& opened) {
+            for (const QLabel* label : opened.window().findChildren<QLabel*>())
+                texts << label->text();
+            opened.press(Qt::Key_Escape);
+        });
+        screen.press(Qt::Key_F1, Qt::ShiftModifier);
+        return texts;
+    }
+
+    void expectWorkedByKeys(ScreenDriver& screen)
+    {
+        const QStringList told = sheet(screen);
+        EXPECT_FALSE(told.isEmpty() || told.contains(QString()));
+        QSet<QChar> letters;
+        for (const QPushButton* button : screen.window().findChildren<QPushButton*>()) {
+            const QChar letter = Mnemonics::letterOf(button);
+            EXPECT_EQ(letter.isNull(), button->text().isEmpty()) << button->text().toStdString();
+            EXPECT_FALSE(!letter.isNull() && letters.contains(letter)) << button->text().toStdString();
+            letters << letter;
+            if (button->isVisible() && button->isEnabled()) {
+                EXPECT_TRUE(told.contains(u"Alt+"_s + letter)) << button->text().toStdString();
+            }
+        }
+        for (const QLineEdit* box : screen.window().findChildren<QLineEdit*>())
+            EXPECT_FALSE(box->isReadOnly() && box->focusPolicy() & Qt::TabFocus)
+                << box->objectName().toStdString();
+    }
+
+    template <class... Screens>
+    void visit()
+    {
+        const auto look = [this](ScreenDriver& screen) {
+            SCOPED_TRACE(screen.window().metaObject()->className());
+            expectWorkedByKeys(screen);
+        };
+        (on<Screens>(look), ...);
+    }
+
     /// Of "table.column", in the words of a box's limit.
     QString typeOf(const QString& column)
     {
@@ -60,8 +107,8 @@ TEST_F(ByKeyboard, MasterDataIsKept)
 
     // Postal codes are left empty: a look-up would ask the web.
     on<frmCadProfissionais>([this](ScreenDriver& screen) {
-        keys(screen, {u""_s, u""_s, u"123"_s, u""_s, u"01021970"_s, u"ana lima"_s, u""_s, u"11 98888"_s,
-                      u""_s, u""_s, u""_s, u""_s, u""_s, u""_s, u""_s});
+        keys(screen, {u""_s, u""_s, u"123"_s, u"01021970"_s, u"ana lima"_s, u""_s, u"11 98888"_s, u""_s,
+                      u""_s, u""_s, u""_s, u""_s, u""_s, u""_s});
         EXPECT_EQ(screen.focused(), u"txtIdEsp");
         answer(u"frmBuscaEspecialidades"_s, {Qt::Key_F10});
         screen.press(Qt::Key_F2);
@@ -78,8 +125,8 @@ TEST_F(ByKeyboard, MasterDataIsKept)
     });
 
     on<frmcadcli>([this](ScreenDriver& screen) {
-        keys(screen, {u""_s, u"52998224725"_s, u"1"_s, u""_s, u"15031980"_s, u"josé da silva"_s, u"14 3333"_s,
-                      u""_s, u""_s, u""_s, u"rua a"_s, u"10"_s, u""_s, u""_s, u""_s, u""_s, u""_s});
+        keys(screen, {u""_s, u"52998224725"_s, u"1"_s, u"15031980"_s, u"josé da silva"_s, u"14 3333"_s, u""_s,
+                      u""_s, u""_s, u"rua a"_s, u"10"_s, u""_s, u""_s, u""_s, u""_s, u""_s});
         EXPECT_EQ(screen.focused(), u"txtIdConv");
         answer(u"frmBuscaConvenios"_s, {Qt::Key_F10});
         screen.press(Qt::Key_F2);
@@ -88,6 +135,14 @@ TEST_F(ByKeyboard, MasterDataIsKept)
         screen.press(Qt::Key_Tab);
         EXPECT_EQ(screen.focused(), u"cmdsalva");
         screen.press(Qt::Key_Return);
+    });
+
+    on<frmcadcli>([this](ScreenDriver& screen) {
+        dialogs.expectInput(u"Nome: "_s, u"JOSÉ"_s);
+        screen.press(Qt::Key_F10);
+        screen.press(Qt::Key_Space);
+        screen.press(Qt::Key_Return);
+        EXPECT_EQ(screen.text(u"txtnome"_s), u"JOSÉ DA SILVA") << "the row that the grid stood on";
     });
 
     on<frmCadFor>([](ScreenDriver& screen) {
@@ -117,6 +172,25 @@ TEST_F(ByKeyboard, MasterDataIsKept)
         {u"cdpro,DSPRO,cdgrupo,vcusto,qmin,caplote from produtos"_s, u"0012|GAZE|1|3.5000|10.0000|0"_s}};
     for (const auto& [columns, row] : kept)
         EXPECT_EQ(flat(u"select "_s + columns), QStringList{row});
+}
+
+TEST_F(ByKeyboard, EachScreenHasALetterForEachButtonAndASheetThatTellsThem)
+{
+    execute(
+        u"insert into profissionais (idpro,idlic,nmpro,idesp,ondeatd,valor) values (11,'C1','ANA',3,'0',1)"_s);
+    visit<frmCadConvenios, frmCadEspecialidade, frmCadProcedimentos, frmCadGrupoEstoque, frmCadCentroCusto,
+          frmCadSubCentro, frmcadcli, frmCadProfissionais, frmCadHorarios, frmCadFeriados, frmCadFor,
+          frmCadProduto, frmBuscaConvenios, frmBuscaEspecialidades, frmBuscaGrupo, frmBuscaCentroCusto,
+          frmBuscaSubCentroCusto, frmBuscaProcedimentos, frmBuscaProd, frmBuscaFornecedor, frmBuscaPacientes,
+          frmBuscaProf, frmCli_Agenda, frmCli_Agenda_Pesquisa, frmCli_AgendaCF, frmcadusuario, frmconfig>();
+    on<frmCli_Agenda>([this](ScreenDriver& agenda) {
+        EXPECT_TRUE(sheet(agenda).contains(u"Pesquisar Data Agendada"));
+        agenda.doubleClickRow(u"List1"_s, 0);
+        const QStringList booking = sheet(agenda);
+        EXPECT_TRUE(booking.contains(u"Paciente - Pesquisar"));
+        EXPECT_FALSE(booking.contains(u"Pesquisar Data Agendada") || booking.contains(u"Esc"));
+        agenda.click(u"Command8"_s);
+    });
 }
 
 TEST_F(ByKeyboard, NoBoxTakesMoreThanItsColumnHolds)

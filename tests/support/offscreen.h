@@ -1,12 +1,15 @@
 #pragma once
 
+#include <QDir>
 #include <QSize>
+#include <QTemporaryDir>
 #include <QTemporaryFile>
 
 using namespace Qt::StringLiterals;
 
 /// Windows are drawn in memory, on a screen of this size in pixels, of which a user who reads badly has asked
-/// for everything at so many per cent. Has to stand before the application is made.
+/// for everything at so many per cent. What is remembered of them goes to a folder that nobody else uses; a
+/// program that this one starts shares it. Has to stand before the application is made.
 class OffScreen
 {
 public:
@@ -19,6 +22,8 @@ public:
                            .arg(size.height())
                            .toUtf8());
         screens_.flush();
+        if (!qEnvironmentVariable("XDG_CONFIG_HOME").startsWith(QDir::tempPath()))
+            qputenv("XDG_CONFIG_HOME", settings_.path().toUtf8());
         if (percent != 100)
             qputenv("QT_SCALE_FACTOR", QByteArray::number(percent / 100.0));
         qputenv("QT_QPA_PLATFORM", "offscreen:configfile=" + screens_.fileName().toUtf8());
@@ -26,4 +31,5 @@ public:
 
 private:
     QTemporaryFile screens_;
+    QTemporaryDir settings_;
 };

@@ -1,5 +1,6 @@
 #include "people.h"
 
+#include <algorithm>
 #include <array>
 
 namespace {
@@ -25,32 +26,6 @@ constexpr std::array surnames = {
     "ASSUNÇÃO",  "GUIMARÃES", "MAGALHÃES", "SIMÕES",  "PEIXOTO",   "FONSECA",  "AZEVEDO",    "BRANDÃO",
     "QUEIROZ",   "XAVIER",
 };
-constexpr std::array streets = {
-    "RUA DAS FLORES",        "RUA QUINZE DE NOVEMBRO",  "AVENIDA BRASIL",
-    "RUA SETE DE SETEMBRO",  "RUA DOM PEDRO II",        "AVENIDA GETÚLIO VARGAS",
-    "RUA TIRADENTES",        "RUA MARECHAL DEODORO",    "RUA SÃO JOSÉ",
-    "AVENIDA SANTOS DUMONT", "RUA RUI BARBOSA",         "RUA CASTRO ALVES",
-    "TRAVESSA DA PAZ",       "RUA JOAQUIM NABUCO",      "AVENIDA INDEPENDÊNCIA",
-    "RUA PADRE ANCHIETA",    "RUA BARÃO DO RIO BRANCO", "ALAMEDA DAS ACÁCIAS",
-    "RUA MACHADO DE ASSIS",  "RUA SANTA CRUZ",
-};
-constexpr std::array districts = {"CENTRO",     "JARDIM AMÉRICA", "VILA NOVA",       "SANTA LUZIA",
-                                  "SÃO JOSÉ",   "BOA VISTA",      "JARDIM PAULISTA", "VILA MARIANA",
-                                  "INDUSTRIAL", "BELA VISTA",     "SANTO ANTÔNIO",   "PARQUE DAS ÁRVORES"};
-
-struct Town
-{
-    const char* name;
-    const char* state;
-    const char* postalRange;
-};
-// The clinic's own town stands several times: most people live in it.
-constexpr std::array towns = {
-    Town{"CAMPINAS", "SP", "130"}, Town{"CAMPINAS", "SP", "130"},    Town{"CAMPINAS", "SP", "130"},
-    Town{"CAMPINAS", "SP", "130"}, Town{"VALINHOS", "SP", "132"},    Town{"JUNDIAÍ", "SP", "132"},
-    Town{"SUMARÉ", "SP", "131"},   Town{"HORTOLÂNDIA", "SP", "131"}, Town{"SÃO PAULO", "SP", "013"},
-};
-
 std::string digits(Random& random, int count)
 {
     std::string text;
@@ -79,6 +54,12 @@ char checkDigit(const std::string& number, int highest)
     return static_cast<char>(rest < 2 ? '0' : '0' + 11 - rest);
 }
 
+std::string withCnpjMask(const std::string& n)
+{
+    return n.substr(0, 2) + "." + n.substr(2, 3) + "." + n.substr(5, 3) + "/" + n.substr(8, 4) + "-" +
+           n.substr(12);
+}
+
 } // namespace
 
 std::string surname(Random& random)
@@ -95,19 +76,6 @@ std::string personName(Random& random)
     name += " " + surname(random);
     name += (random.percent(15) ? " DE " : " ") + surname(random);
     return name;
-}
-
-Address address(Random& random)
-{
-    const Town& town = random.pick(towns);
-    Address address;
-    address.street = random.pick(streets);
-    address.number = std::to_string(random.between(1, 2999));
-    address.district = random.pick(districts);
-    address.town = town.name;
-    address.state = town.state;
-    address.postalCode = town.postalRange + digits(random, 2) + "-" + digits(random, 3);
-    return address;
 }
 
 std::string landline(Random& random)
@@ -143,6 +111,29 @@ std::string cnpj(std::uint64_t seed, std::uint64_t index)
     std::string n = padded((index * 7'633'387U + seed % 100'000'000U) % 100'000'000U, 8) + "0001";
     n += checkDigit(n, 9);
     n += checkDigit(n, 9);
-    return n.substr(0, 2) + "." + n.substr(2, 3) + "." + n.substr(5, 3) + "/" + n.substr(8, 4) + "-" +
-           n.substr(12);
+    return withCnpjMask(n);
+}
+
+std::optional<std::string> maskedCnpj(const std::string& digits)
+{
+    const auto isDigit = [](char c) { return c >= '0' && c <= '9'; };
+    if (digits.size() != 14 || !std::all_of(digits.begin(), digits.end(), isDigit))
+        return std::nullopt;
+    std::string n = digits.substr(0, 12);
+    n += checkDigit(n, 9);
+    n += checkDigit(n, 9);
+    return n == digits ? std::optional(withCnpjMask(n)) : std::nullopt;
+}
+
+Company company(Random& random, std::uint64_t trade)
+{
+    constexpr std::array trades = {
+        "DISTRIBUIDORA HOSPITALAR", "COMERCIAL", "MEDICAMENTOS",      "PRODUTOS MÉDICOS", "IMOBILIÁRIA",
+        "POSTO DE SERVIÇO",         "PAPELARIA", "MANUTENÇÃO PREDIAL"};
+    Company company;
+    company.tradeName = trades[trade % trades.size()];
+    company.tradeName.append(" ").append(surname(random));
+    company.name = company.tradeName + " LTDA";
+    company.office = address(random);
+    return company;
 }

@@ -1,24 +1,24 @@
 #pragma once
 
+#include "addresses.h"
 #include "random.h"
 
 #include <cstdint>
+#include <optional>
 #include <string>
 
-struct Address
+struct Company
 {
-    std::string street;
-    std::string number;
-    std::string district;
-    std::string town;
-    std::string state;
-    std::string postalCode;
+    std::string name;
+    std::string tradeName;
+    Address office;
 };
 
 /// A made-up full name, in capitals as the program types names.
 std::string personName(Random& random);
 std::string surname(Random& random);
-Address address(Random& random);
+/// trade: the number of what it deals in.
+Company company(Random& random, std::uint64_t trade);
 std::string landline(Random& random);
 std::string mobile(Random& random);
 std::string identityCard(Random& random);
@@ -27,3 +27,5 @@ std::string identityCard(Random& random);
 std::string cpf(std::uint64_t seed, std::uint64_t index);
 /// A valid CNPJ with its mask, 00.000.000/0001-00; another one for each index below 100,000,000 of a seed.
 std::string cnpj(std::uint64_t seed, std::uint64_t index);
+/// 14 digits in their mask; nothing where they are no valid CNPJ.
+std::optional<std::string> maskedCnpj(const std::string& digits);

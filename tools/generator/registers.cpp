@@ -138,23 +138,18 @@ void writeWorkingHours(const Clinic& clinic, Output& output)
 
 void writeSuppliers(const Clinic& clinic, Output& output)
 {
-    constexpr std::array trades = {
-        "DISTRIBUIDORA HOSPITALAR", "COMERCIAL", "MEDICAMENTOS",      "PRODUTOS MÉDICOS", "IMOBILIÁRIA",
-        "POSTO DE SERVIÇO",         "PAPELARIA", "MANUTENÇÃO PREDIAL"};
     const std::string stamp = Clinic::stamp("FINANCAS", {clinic.options().today - days(1500), 11 * 3600});
     Table table = output.table("fornecedores",
                                "cdfor, idlic, nmfor, nmfant, cpf, rg, fonefixo, fonecel, email, rua, nrcasa, "
                                "bairro, cidade, uf, obs, cep, evcad, upev");
     for (std::int64_t i = 0; i < clinic.suppliers(); ++i) {
         Random draw = clinic.random(Stream::Supplier, i);
-        std::string name = trades[static_cast<std::size_t>(i) % trades.size()];
-        name.append(" ").append(surname(draw));
-        const Address office = address(draw);
-        table.row(clinic.code(i), clinic.options().tenant, name + " LTDA", name,
+        const Company c = company(draw, static_cast<std::uint64_t>(i));
+        table.row(clinic.code(i), clinic.options().tenant, c.name, c.tradeName,
                   cnpj(clinic.seed(), static_cast<std::uint64_t>(i)), "ISENTO", landline(draw), mobile(draw),
-                  "FORNECEDOR" + std::to_string(clinic.code(i)) + "@EXAMPLE.COM", office.street,
-                  office.number, office.district, office.town, office.state, "", office.postalCode, stamp,
-                  stamp);
+                  "FORNECEDOR" + std::to_string(clinic.code(i)) + "@EXAMPLE.COM", c.office.street,
+                  c.office.number, c.office.district, c.office.town, c.office.state, "", c.office.postalCode,
+                  stamp, stamp);
     }
     output.add(table);
 }

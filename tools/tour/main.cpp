@@ -17,6 +17,8 @@
 #include "support/report.h"
 
 #include <QMenu>
+#include <QMenuBar>
+#include <QTest>
 #include <cstdio>
 
 using namespace Qt::StringLiterals;
@@ -50,6 +52,11 @@ void users(Tour& tour)
         users.press(Qt::Key_Return);
         tour.picture(u"frmcadusuario"_s, users);
         tour.resized(u"frmcadusuario"_s, users);
+
+        tour.box(u"frmcadusuario_exclui"_s, u"Não"_s);
+        users.click(u"Command3"_s);
+        users.type(u"txtoksenha"_s, u"outra"_s);
+        tour.picture(u"frmcadusuario_senhas"_s, users);
 
         // A quote breaks the statement. The program would end behind the box; the walk goes on.
         Application::setFailureHandler(Application::tell);
@@ -90,6 +97,20 @@ void update(Tour& tour)
     qunsetenv("TREMOSILVA_HOST_DOWNLOAD");
 }
 
+/// With the sub-menus of its last entry, as the Right key opens them.
+void openMenu(Tour& tour, const ScreenDriver& window, const QString& head)
+{
+    const auto* entry = window.window().findChild<QAction*>(head);
+    auto* bar = window.window().findChild<QMenuBar*>();
+    const QRect place = bar->actionGeometry(const_cast<QAction*>(entry));
+    entry->menu()->popup(bar->mapToGlobal(place.bottomLeft()));
+    settle();
+    QTest::keyClick(entry->menu(), Qt::Key_Up);
+    for (int i = 0; i < 2; ++i)
+        QTest::keyClick(QApplication::activePopupWidget(), Qt::Key_Right);
+    tour.picture(u"frmPrincipal_"_s + head, window);
+}
+
 void walk(Tour& tour)
 {
     auto& principal = Form::of<frmPrincipal>();
@@ -99,9 +120,12 @@ void walk(Tour& tour)
     settle();
 
     tour.picture(u"frmPrincipal"_s, window);
-    for (QAction* action : principal.findChildren<QAction*>(u"mnuCad"_s))
-        tour.pictureWithMenu(u"frmPrincipal_menu"_s, window, *action->menu());
+    for (const char* head : {"mnuCad", "mnumov", "mnurel", "mnuti"})
+        openMenu(tour, window, QString::fromLatin1(head));
     tour.resized(u"frmPrincipal"_s, window);
+    tour.altHeld(u"frmPrincipal_alt"_s, window);
+    tour.box(u"ainda_nao"_s, u"OK"_s);
+    Menu::principal().run(u"movcont"_s);
     users(tour);
     configuration(tour);
     walkRegisters(tour);
@@ -110,7 +134,7 @@ void walk(Tour& tour)
 
     tour.screen(u"frmtelainicial"_s, [&tour](ScreenDriver& screen) {
         tour.picture(u"frmtelainicial_logoff"_s, screen);
-        std::printf("tour: %d pictures\n", tour.count());
+        std::printf("tour: %d pictures, %d texts cut\n", tour.count(), tour.cut());
         // Closing the login ends the program, here with the status of a walk that went well.
         screen.press(Qt::Key_Escape);
     });
@@ -120,13 +144,15 @@ void walk(Tour& tour)
 
 } // namespace
 
-/// tremosilva-tour FOLDER PICTURES [WIDTHxHEIGHT]: FOLDER holds the configuration file, PICTURES gets the
-/// pictures; the last one is the size of the screen.
+/// tremosilva-tour FOLDER PICTURES [WIDTHxHEIGHT [PERCENT]]: FOLDER holds the configuration file, PICTURES
+/// gets the pictures; then come the screen's size in pixels and its scaling, as a user sets it for the whole
+/// display.
 int main(int argc, char** argv)
 {
     const QStringList sides =
         QString::fromLocal8Bit(argc > 3 ? argv[3] : "1920x1080").split(QLatin1Char('x'));
-    const OffScreen screen({sides.first().toInt(), sides.last().toInt()});
+    const OffScreen screen({sides.first().toInt(), sides.last().toInt()},
+                           argc > 4 ? QByteArray(argv[4]).toInt() : 100);
     Application application(argc, argv);
     Application::setApplicationName(Instalacao::nomePrograma());
     const QStringList arguments = Application::arguments();
@@ -152,6 +178,8 @@ int main(int argc, char** argv)
     const OpenedTargets opened; // by no other program: a document is kept with the pictures
     const FixedClock clock(QDateTime(QDate(2026, 3, 16), QTime(8, 30)));
     Tour tour(arguments[2]);
+    QTimer::singleShot(std::chrono::minutes(5), &application,
+                       [] { Report::fail(u"the walk stands still"_s); });
     QMetaObject::invokeMethod(
         &application, [&tour] { walk(tour); }, Qt::QueuedConnection);
     return Application::exec();

@@ -3,6 +3,8 @@
 #include "platform/values/number.h"
 
 #include <QLineEdit>
+#include <initializer_list>
+#include <utility>
 
 /// What stands in a box.
 
@@ -10,6 +12,16 @@
 inline bool isVazia(const QLineEdit* caixa)
 {
     return caixa->text().trimmed().isEmpty();
+}
+
+/// The boxes that a check has found wrong.
+inline QWidgetList erradas(std::initializer_list<std::pair<QWidget*, bool>> conferidas)
+{
+    QWidgetList caixas;
+    for (const auto& [caixa, errada] : conferidas)
+        if (errada)
+            caixas << caixa;
+    return caixas;
 }
 
 /// The code as it was typed, for a search among loaded rows or a statement: "12,5" -> "12.5". Throws

@@ -16,6 +16,7 @@ public:
     {
         QString name;
         QString caption;
+        QString description; ///< one sentence that tells what the entry is for
         int level =
             0; ///< 0 stands in the bar; a deeper entry belongs to the nearest one above that is one level up
         bool isHead = false; ///< opens a sub-menu and nothing else
@@ -44,7 +45,7 @@ public:
     static void notYet(const QString& caption);
 
 Q_SIGNALS:
-    void enabledChanged(const QString& name, bool enabled);
+    void enabledChanged(const Menu::Entry& entry);
 
 private:
     Menu();

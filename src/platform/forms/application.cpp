@@ -1,8 +1,12 @@
 #include "platform/forms/application.h"
 
 #include "platform/forms/dialogs.h"
+#include "platform/forms/librarytexts.h"
+#include "platform/system/shell.h"
 #include "platform/values/error.h"
 
+#include <QDir>
+#include <QLibraryInfo>
 #include <QLocale>
 #include <clocale>
 #include <cstdio>
@@ -32,11 +36,32 @@ QString textOf(const std::exception& error)
     return text;
 }
 
+/// A document or address that no program of the workstation has shown.
+void tellUnopened(const QString& target)
+{
+    const QString text = target.contains(u"://"_s)
+                             ? u"Nenhum programa desta estação abriu o endereço.\nAbra-o no navegador:"_s
+                             : u"Nenhum programa desta estação abriu o documento.\nEle está gravado em:"_s;
+    MsgBox(text + u"\n\n"_s + QDir::toNativeSeparators(target), u"Atenção"_s, Icon::Exclamation);
+}
+
 } // namespace
 
 Application::Application(int& argc, char** argv) : QApplication(argc, argv)
 {
     setBrazilianLocale();
+    speakPortuguese();
+    Shell::setFailureHandler(tellUnopened);
+}
+
+/// The translator that comes last is asked first. The library's own translation, where the workstation has
+/// it, is for what seldom comes up, such as the reasons of a failed connection.
+void Application::speakPortuguese()
+{
+    auto* all = new QTranslator(this);
+    if (all->load(u"qtbase_pt_BR"_s, QLibraryInfo::path(QLibraryInfo::TranslationsPath)))
+        installTranslator(all);
+    installTranslator(new LibraryTexts(this));
 }
 
 bool Application::notify(QObject* receiver, QEvent* event)

@@ -4,7 +4,8 @@
 #include <functional>
 
 /// The application object. An exception that leaves an event handler ends up here, in one place: the error's
-/// number, description and detail are shown in one critical box, and the program ends with status 1.
+/// number, description and detail are shown in one critical box, and the program ends with status 1. What
+/// the workstation could not open is told in a box as well, with its place.
 class Application : public QApplication
 {
 public:
@@ -28,4 +29,7 @@ public:
 
     /// The program's language and decimal comma, for Qt and for the C library's readers of numbers alike.
     static void setBrazilianLocale();
+
+private:
+    void speakPortuguese();
 };

@@ -6,9 +6,9 @@
 #include <QApplication>
 #include <QDialogButtonBox>
 #include <QFileDialog>
+#include <QHBoxLayout>
 #include <QHash>
 #include <QIcon>
-#include <QInputDialog>
 #include <QLabel>
 #include <QLineEdit>
 #include <QMessageBox>
@@ -39,6 +39,16 @@ QPixmap picture(Icon icon)
     return QIcon(u":/theme/%1.svg"_s.arg(names.value(icon))).pixmap(40);
 }
 
+/// How wide a window must be for its title to stand whole beside the buttons of its frame. The window system
+/// does not tell in which letters it writes: they are taken to be half-bold, and somewhat larger than ours.
+int widthOfTitle(const QString& title)
+{
+    QFont letters = QApplication::font();
+    letters.setBold(true);
+    const QFontMetrics metrics(letters);
+    return metrics.horizontalAdvance(title) * 6 / 5 + metrics.averageCharWidth() * 20;
+}
+
 /// Room for the text: a long line is broken between words, or behind a comma where a word is longer than the
 /// room.
 void fitText(QMessageBox& window, QString text)
@@ -51,12 +61,63 @@ void fitText(QMessageBox& window, QString text)
         width = qMax(width, metrics.horizontalAdvance(line) + metrics.averageCharWidth() * 4);
     if (width > widest)
         text.replace(QLatin1Char(','), u",\u200b"_s);
+    width = qMax(width, widthOfTitle(window.windowTitle()) -
+                            window.iconPixmap().deviceIndependentSize().toSize().width());
     label->setText(text);
     label->setWordWrap(true);
     label->setFixedWidth(qMin(width, widest));
     label->setContentsMargins(0, 4, metrics.averageCharWidth() * 2, 4);
     label->setTextInteractionFlags(Qt::TextSelectableByMouse);
 }
+
+/// A prompt above a line for the answer.
+class InputWindow : public QDialog
+{
+public:
+    InputWindow(const QString& prompt, const QString& title, const QString& proposal)
+        : QDialog(QApplication::activeWindow()), line_(new QLineEdit(proposal))
+    {
+        setStyleSheet(Theme::openingLengths());
+        setWindowTitle(title);
+        auto* label = new QLabel(prompt);
+        label->setTextFormat(Qt::PlainText);
+        label->setBuddy(line_);
+        line_->setObjectName(u"answer"_s);
+        line_->selectAll();
+
+        auto* column = new QVBoxLayout(this);
+        column->setContentsMargins(16, 16, 16, 16);
+        column->setSpacing(4);
+        column->addWidget(label);
+        column->addWidget(line_);
+        column->addSpacing(12);
+        column->addLayout(buttons());
+        line_->setMinimumWidth(qMax(fontMetrics().averageCharWidth() * 60, widthOfTitle(title)));
+    }
+
+    QString text() const { return line_->text(); }
+
+private:
+    QLayout* buttons()
+    {
+        auto* cancel = new QPushButton(u"Cancelar"_s);
+        auto* ok = new QPushButton(u"OK"_s);
+        ok->setProperty("role", u"primary"_s);
+        ok->setDefault(true);
+        connect(cancel, &QPushButton::clicked, this, &QDialog::reject);
+        connect(ok, &QPushButton::clicked, this, &QDialog::accept);
+        auto* row = new QHBoxLayout;
+        row->setSpacing(8);
+        row->addStretch();
+        for (QPushButton* button : {cancel, ok}) {
+            button->setMinimumWidth(fontMetrics().averageCharWidth() * 14);
+            row->addWidget(button);
+        }
+        return row;
+    }
+
+    QLineEdit* line_;
+};
 
 Answer WindowDialogs::message(const MessageBox& box)
 {
@@ -85,17 +146,10 @@ std::optional<QString> WindowDialogs::input(const QString& prompt, const QString
                                             const QString& proposal)
 {
     const PlainPointer pointer;
-    QInputDialog window(QApplication::activeWindow());
-    window.setStyleSheet(Theme::openingLengths());
-    window.setWindowTitle(title);
-    window.setLabelText(prompt);
-    window.setTextValue(proposal);
-    window.setOkButtonText(u"OK"_s);
-    window.setCancelButtonText(u"Cancelar"_s);
-    window.setMinimumWidth(window.fontMetrics().averageCharWidth() * 60);
+    InputWindow window(prompt, title, proposal);
     if (window.exec() != QDialog::Accepted)
         return std::nullopt;
-    return window.textValue();
+    return window.text();
 }
 
 std::optional<QString> WindowDialogs::file(const FileDialog& dialog)
@@ -108,7 +162,10 @@ std::optional<QString> WindowDialogs::file(const FileDialog& dialog)
                                     QString(pieces[i + 1]).replace(QLatin1Char(';'), QLatin1Char(' ')));
 
     QFileDialog window(QApplication::activeWindow(), dialog.title);
-    window.setStyleSheet(Theme::openingLengths());
+    // A desktop's own dialog would speak the desktop's language.
+    window.setOption(QFileDialog::DontUseNativeDialog);
+    window.setStyleSheet(Theme::openingLengths() +
+                         u"QDialogButtonBox { dialogbuttonbox-buttons-have-icons: 0; }"_s);
     window.setAcceptMode(dialog.save ? QFileDialog::AcceptSave : QFileDialog::AcceptOpen);
     window.setFileMode(dialog.save ? QFileDialog::AnyFile : QFileDialog::ExistingFile);
     window.setNameFilters(filters);

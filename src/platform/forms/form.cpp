@@ -2,17 +2,14 @@
 
 #include "platform/forms/dialogs.h"
 #include "platform/forms/formkeyboard.h"
+#include "platform/forms/mnemonics.h"
 #include "platform/forms/theme.h"
+#include "platform/forms/placement.h"
 #include "platform/values/error.h"
 
-#include <QAbstractItemView>
 #include <QApplication>
 #include <QCloseEvent>
-#include <QKeyEvent>
-#include <QMenuBar>
-#include <QMouseEvent>
 #include <QScopeGuard>
-#include <QScreen>
 #include <QWindow>
 #include <exception>
 #include <utility>
@@ -22,9 +19,6 @@ using namespace Qt::StringLiterals;
 namespace {
 /// The form that was active last. Coming back to it from another program is no activation.
 Form* lastActive = nullptr;
-
-/// What a window system puts around a window, title bar included; it does not tell before it has done so.
-constexpr QSize frame(8, 40);
 } // namespace
 
 Form::Form(QWidget* parent) : QWidget(parent, Qt::Window)
@@ -72,19 +66,6 @@ void Form::Show()
     show();
     raise();
     activateWindow();
-}
-
-/// In front of the active window and whole on the screen.
-void Form::placeOnScreen()
-{
-    const QWidget* owner = QApplication::activeWindow();
-    const QRect room = screen()->availableGeometry();
-    const QRect around = owner && owner != this ? owner->frameGeometry() : room;
-    resize(size().boundedTo(room.size() - frame));
-    QRect place(QPoint(), size() + frame);
-    place.moveCenter(around.center());
-    move(qBound(room.left(), place.left(), qMax(room.left(), room.right() - place.width())),
-         qBound(room.top(), place.top(), qMax(room.top(), room.bottom() - place.height())));
 }
 
 void Form::ShowModal()
@@ -199,9 +180,10 @@ void Form::showEvent(QShowEvent* event)
     QWidget::showEvent(event);
     if (!laidOut_) {
         laidOut_ = true;
+        Mnemonics::assign(*this);
         Q_EMIT loaded();
         if (!testAttribute(Qt::WA_Moved))
-            placeOnScreen();
+            placeWindow(*this, QApplication::activeWindow() != this ? QApplication::activeWindow() : nullptr);
         if (!focusWidget())
             focusNextPrevChild(true);
     }
@@ -277,86 +259,6 @@ QString Form::inCase(QString text) const
         for (QChar& letter : text)
             letter = letter.toUpper();
     return text;
-}
-
-bool Form::keyPressed(QWidget* control, QKeyEvent* event)
-{
-    if (!isEnabled()) {
-        if (event->key() == Qt::Key_Escape)
-            Form_Escape();
-        return true;
-    }
-    if (const auto handler = keys_.value(event->key()); handler && event->modifiers() == Qt::NoModifier) {
-        handler();
-        return true;
-    }
-    if (qobject_cast<QMenuBar*>(control))
-        return false;
-    switch (event->key()) {
-    case Qt::Key_Escape:
-        Form_Escape();
-        return true;
-    case Qt::Key_Return:
-    case Qt::Key_Enter:
-        if (const auto enter = enter_.value(control))
-            enter();
-        else if (auto* button = qobject_cast<QAbstractButton*>(control))
-            button->click();
-        else if (!enterMovesOn_ || qobject_cast<QPlainTextEdit*>(control))
-            return false;
-        else
-            focusNextPrevChild(true);
-        return true;
-    default:
-        return false;
-    }
-}
-
-namespace {
-
-/// Runs a handler at a mouse event of one widget.
-class MouseWatch : public QObject
-{
-public:
-    MouseWatch(QWidget* widget, QEvent::Type type, std::function<void()> handler)
-        : QObject(widget), type_(type), handler_(std::move(handler))
-    {
-        widget->installEventFilter(this);
-    }
-
-    bool eventFilter(QObject* watched, QEvent* event) override
-    {
-        if (event->type() == type_ &&
-            counts(static_cast<QWidget*>(watched), static_cast<QMouseEvent*>(event))) {
-            // Behind the event, so that the control has done its own part, such as choosing the line.
-            QMetaObject::invokeMethod(
-                this, [this] { handler_(); }, Qt::QueuedConnection);
-        }
-        return false;
-    }
-
-private:
-    bool counts(const QWidget* widget, const QMouseEvent* event) const
-    {
-        const QPoint place = event->position().toPoint();
-        if (event->button() != Qt::LeftButton || !widget->isEnabled() || !widget->rect().contains(place))
-            return false;
-        const auto* view = qobject_cast<const QAbstractItemView*>(widget->parentWidget());
-        return !view || view->indexAt(place).isValid();
-    }
-
-    QEvent::Type type_;
-    std::function<void()> handler_;
-};
-
-} // namespace
-
-void Form::watchMouse(QWidget* widget, QEvent::Type type, std::function<void()> handler)
-{
-    QWidget* target = widget;
-    if (auto* view = qobject_cast<QAbstractScrollArea*>(widget))
-        target = view->viewport();
-    new MouseWatch(target, type, std::move(handler));
 }
 
 void chooseFirst(QComboBox& list)

@@ -1,5 +1,6 @@
 #pragma once
 
+#include "platform/forms/help.h"
 #include "platform/forms/hourglass.h"
 
 #include <QAbstractButton>
@@ -8,6 +9,7 @@
 #include <QHash>
 #include <QLabel>
 #include <QLineEdit>
+#include <QMap>
 #include <QPlainTextEdit>
 #include <QPointer>
 #include <QSet>
@@ -25,7 +27,13 @@
 /// Keyboard: the form sees keys before its controls. Typed and pasted letters become upper case, Enter moves
 /// on as Tab does (it presses a button that has the focus, and breaks the line in a multi-line box), Esc runs
 /// Form_Escape, and the keys given to onKey run their handler. A disabled form takes Esc alone. What is typed
-/// and pasted keeps to a box's TextLimit. The wheel leaves a combo box without the focus as it is.
+/// and pasted keeps to a box's TextLimit. The wheel leaves a combo box without the focus as it is. Shift+F1
+/// opens the sheet that tells the keys of the screen.
+///
+/// In a list or grid whose lines are taken by a double click (or, without one, by a click), the blank key
+/// does the same with the current line, unless the control has a key handler of its own. A line edit that is
+/// read-only is no stop of Tab and Enter. Alt and the letter of a push button (see Mnemonics) give it the
+/// focus, as the mouse does, and press it; a function key leaves the focus where it is.
 ///
 /// Focus: "got" and "lost" speak of the controls of this form. Another window in front changes nothing:
 /// a control loses the focus when another control of the form has got it. Where the loss opens a box, the
@@ -93,12 +101,16 @@ protected:
     /// Setting it to 0 swallows it.
     using KeyPress = std::function<void(int& keyCode)>;
 
+    /// `what` is for the help sheet, where no caption of the screen names the key.
     template <class F>
-    void onKey(Qt::Key key, void (F::*handler)())
+    void onKey(Qt::Key key, void (F::*handler)(), const QString& what = {})
     {
-        keys_[key] = bound(handler);
+        onKey(key, bound(handler), what);
     }
-    void onKey(Qt::Key key, std::function<void()> handler) { keys_[key] = std::move(handler); }
+    void onKey(Qt::Key key, std::function<void()> handler, const QString& what = {})
+    {
+        keys_[key] = {std::move(handler), what};
+    }
     template <class F>
     void onClick(QAbstractButton* button, void (F::*handler)())
     {
@@ -120,11 +132,11 @@ protected:
         watchMouse(widget, QEvent::MouseButtonRelease, bound(handler));
     }
     /// A double click of the left button. In a list or grid it must be on one of its lines, which is the
-    /// current one when the handler runs.
+    /// current one when the handler runs. `what` tells the help sheet what happens to the line.
     template <class F>
-    void onDblClick(QWidget* widget, void (F::*handler)())
+    void onDblClick(QWidget* widget, void (F::*handler)(), const QString& what = {})
     {
-        watchMouse(widget, QEvent::MouseButtonDblClick, bound(handler));
+        watchMouse(widget, QEvent::MouseButtonDblClick, bound(handler), what);
     }
     template <class F>
     void onChange(QLineEdit* box, void (F::*handler)())
@@ -164,6 +176,12 @@ protected:
     /// On getting the focus the box selects its whole text.
     void selectOnFocus(QLineEdit* box) { selecting_ << box; }
 
+    /// A rule of the keyboard for the help sheet that the form cannot know by itself.
+    void explain(const QString& keys, const QString& what) { explained_ << HelpLine{keys, what}; }
+    /// What Esc does now, for the help sheet; empty for nothing.
+    virtual QString escapeHelp() const;
+    virtual void Form_Help();
+
     void showEvent(QShowEvent* event) override;
     void closeEvent(QCloseEvent* event) override;
     bool event(QEvent* event) override;
@@ -177,8 +195,17 @@ private:
         return [form = static_cast<F*>(this), handler] { (form->*handler)(); };
     }
     void activate();
-    void placeOnScreen();
-    void watchMouse(QWidget* widget, QEvent::Type type, std::function<void()> handler);
+    void watchMouse(QWidget* widget, QEvent::Type type, std::function<void()> handler,
+                    const QString& what = {});
+    bool takeLine(QWidget* control, bool isRepeated);
+    bool letterPressed(QWidget* control, const QKeyEvent& event);
+    void pressAsMouse(QAbstractButton* button);
+    QList<HelpSection> help() const;
+    QList<HelpLine> helpOfKeys() const;
+    QList<HelpLine> helpOfLetters() const;
+    QList<HelpLine> helpOfLists() const;
+    QList<HelpLine> helpOfRules() const;
+    QString captionOf(const QString& key) const;
     void focusMoved(QWidget* to);
     void lostAndGot(QWidget* from, QWidget* to);
     bool keyPressed(QWidget* control, QKeyEvent* event);
@@ -186,11 +213,25 @@ private:
     QString inCase(QString text) const;
 
     std::function<void()> forget_;
-    QHash<int, std::function<void()>> keys_;
+    struct KeyHandler
+    {
+        std::function<void()> run;
+        QString what;
+    };
+    /// What the mouse does with a line of a list.
+    struct LineHandler
+    {
+        QEvent::Type type = QEvent::None;
+        std::function<void()> run;
+        QString what;
+    };
+    QMap<int, KeyHandler> keys_;
     QHash<QWidget*, std::function<void()>> gotFocus_;
     QHash<QWidget*, std::function<void()>> lostFocus_;
     QHash<QWidget*, KeyPress> keyPress_;
     QHash<QWidget*, std::function<void()>> enter_;
+    QHash<QWidget*, LineHandler> lines_;
+    QList<HelpLine> explained_;
     QSet<QWidget*> selecting_;
     Qt::FocusReason focusReason_ = Qt::OtherFocusReason; ///< of the last move
     bool swallowPress_ = false; ///< the press that moved the focus has had its answer in a box

@@ -1,9 +1,12 @@
 #include "platform/forms/formkeyboard.h"
 
 #include "platform/forms/form.h"
+#include "platform/forms/mnemonics.h"
 #include "platform/forms/textlimit.h"
+#include "platform/forms/wrongboxes.h"
 #include "platform/values/error.h"
 
+#include <QAbstractItemView>
 #include <QApplication>
 #include <QClipboard>
 #include <QInputMethodEvent>
@@ -71,6 +74,27 @@ bool isPaste(const QAction& action)
                                   QKeySequence(QKeySequence::Paste).toString(QKeySequence::NativeText));
 }
 
+/// A box that only shows can be clicked, for its text to be copied, and is no stop of the keyboard.
+void stopOnlyWhereTyped(QWidget* control)
+{
+    auto* line = qobject_cast<QLineEdit*>(control);
+    if (line && line->isReadOnly() && !qobject_cast<QComboBox*>(line->parentWidget()))
+        line->setFocusPolicy(Qt::ClickFocus);
+}
+
+/// The list that a combo box drops down lets its first item be the current one as soon as it has the focus,
+/// and the first Down would go to the second.
+bool firstOfList(QWidget* control, const QKeyEvent* event)
+{
+    auto* list = qobject_cast<QAbstractItemView*>(control);
+    const QWidget* container = list && event->key() == Qt::Key_Down ? list->parentWidget() : nullptr;
+    if (!container || !qobject_cast<QComboBox*>(container->parentWidget()) ||
+        list->selectionModel()->hasSelection())
+        return false;
+    list->setCurrentIndex(list->model()->index(0, 0));
+    return true;
+}
+
 Form* formOf(const QWidget* control)
 {
     return control ? qobject_cast<Form*>(control->window()) : nullptr;
@@ -85,6 +109,7 @@ void FormKeyboard::install()
         return;
     filter = new FormKeyboard(qApp);
     qApp->installEventFilter(filter);
+    Mnemonics::install();
 }
 
 bool FormKeyboard::eventFilter(QObject* receiver, QEvent* event)
@@ -98,7 +123,12 @@ bool FormKeyboard::eventFilter(QObject* receiver, QEvent* event)
         if (qobject_cast<QComboBox*>(control) && control->focusPolicy() == Qt::WheelFocus)
             control->setFocusPolicy(Qt::StrongFocus);
         TextLimit::watchDeletions(control);
+        stopOnlyWhereTyped(control);
     }
+    if (control && event->type() == QEvent::Hide && !event->spontaneous())
+        stopPointingAt(*control);
+    if (control && event->type() == QEvent::KeyPress && firstOfList(control, static_cast<QKeyEvent*>(event)))
+        return true;
     if (!form || !form->isLoaded())
         return false;
 

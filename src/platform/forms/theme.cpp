@@ -3,12 +3,13 @@
 #include "platform/forms/dropdown.h"
 #include "platform/forms/theme/glyph.h"
 
+#include "platform/forms/mnemonics.h"
 #include <QComboBox>
 #include <QFile>
+
 #include <QFontDatabase>
 #include <QLabel>
 #include <QPalette>
-#include <QProxyStyle>
 #include <QPushButton>
 #include <QRegularExpression>
 
@@ -83,16 +84,16 @@ QString scaled(const QString& text, double factor)
 }
 
 /// A drawing is as high as the letters beside it.
-class ThemeStyle : public QProxyStyle
+class ThemeStyle : public MnemonicStyle
 {
 public:
-    ThemeStyle() : QProxyStyle(u"Fusion"_s) {}
+    ThemeStyle() : MnemonicStyle(u"Fusion"_s) {}
 
     int pixelMetric(PixelMetric metric, const QStyleOption* option, const QWidget* widget) const override
     {
         if (metric == PM_ButtonIconSize && widget)
             return widget->fontMetrics().height();
-        return QProxyStyle::pixelMetric(metric, option, widget);
+        return MnemonicStyle::pixelMetric(metric, option, widget);
     }
 };
 
@@ -120,10 +121,12 @@ void dressLabel(QLabel& label)
 
 void dressButton(QPushButton& button)
 {
+    const QString role = button.property("role").toString();
+    if (role == QLatin1String("sign"))
+        button.setFont(font(Type::Headline));
     const QString glyphName = button.property("glyph").toString();
     if (glyphName.isEmpty())
         return;
-    const QString role = button.property("role").toString();
     button.setIcon(glyph(glyphName, role == QLatin1String("primary")  ? Role::Paper
                                     : role == QLatin1String("danger") ? Role::DangerInk
                                                                       : Role::Ink));

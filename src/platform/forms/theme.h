@@ -9,7 +9,8 @@
 /// one of fixed pitch for text lists. Font sizes are never in the style sheet, so that a screen can scale them.
 ///
 /// What a control of a screen is for it says in dynamic properties, and the theme does the rest:
-/// - "role" of a push button: "primary" the screen's main action, "danger" one that removes;
+/// - "role" of a push button: "primary" the screen's main action, "danger" one that removes, "sign" a large
+///   word that cannot be missed;
 /// - "glyph" of a push button: the name of a line drawing in front of its caption, see glyph();
 /// - "role" of a label: none for a caption, "above" for one that heads a box below it in a grid, "value" for a text that is read, "strong" for one that is read
 ///   first, "title" for the one headline, "link" for what can be clicked, "chip" and "notice" for a word on a
