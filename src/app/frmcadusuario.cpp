@@ -26,14 +26,16 @@ QString campoDaLinha(const QString& linha)
     return fixedWidth(linha.split(QLatin1Char('-')).constLast().trimmed(), larguraNome);
 }
 
-/// The caption in ink; the dots of its level and the entry's name are muted.
+/// The caption in ink; the dots of its level are an ornament, the entry's name is muted.
 LineLook aparenciaDaLinha(const QString& linha)
 {
     qsizetype nivel = 0;
     while (nivel < linha.size() && linha[nivel] == QLatin1Char('.'))
         ++nivel;
     LineLook look;
+    look.runs.append({0, nivel, Theme::Role::Hairline, false});
     look.runs.append({nivel, larguraTitulo, Theme::Role::Ink, nivel == 0});
+    look.runs.append({nivel + larguraTitulo, linha.size(), Theme::Role::OffInk, false});
     return look;
 }
 

@@ -118,6 +118,7 @@ void CadastroPessoa::Limpa()
     pessoa.txtmemo->clear();
     pessoa.txtdtcad->setText(hoje());
     pessoa.cmdsalva->setEnabled(true);
+    pessoa.DataGrid1->rest();
 }
 
 void CadastroPessoa::cmdretorna_Click()

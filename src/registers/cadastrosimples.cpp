@@ -21,7 +21,6 @@ CadastroSimples::CadastroSimples(const DescricaoCadastro& descricao)
     ui->Label2->setText(descricao_.rotuloNome);
     for (QWidget* deOutros : std::initializer_list<QWidget*>{ui->Label3, ui->txtPDesc, ui->Label4, ui->cboCH})
         deOutros->hide();
-    ui->cboCH->setCurrentIndex(-1);
     ui->DataGrid1->setColumns(descricao_.colunas);
     ui->DataGrid1->setDataSource(&Adodc1);
     wire();
@@ -66,6 +65,7 @@ void CadastroSimples::Limpa()
     limpaCampos();
     ui->txtcodcli->clear();
     achada_.reset();
+    ui->DataGrid1->rest();
 }
 
 void CadastroSimples::cmdretorna_Click()

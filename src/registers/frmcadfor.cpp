@@ -62,6 +62,7 @@ void frmCadFor::Limpa()
           ui->txtcepr, ui->txtcidader, ui->txtufr, ui->TXTCPF, ui->txtcodcli, ui->txtfone, ui->txtcontato})
         caixa->clear();
     ui->txtmemo->clear();
+    ui->DataGrid1->rest();
 }
 
 void frmCadFor::cmdretorna_Click()

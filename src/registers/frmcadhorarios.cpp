@@ -61,8 +61,8 @@ frmCadHorarios::frmCadHorarios() : ui(std::make_unique<Ui::frmCadHorarios>())
     habilita(false);
     ui->DataGrid2->setColumns({{u"dia"_s, u"DIA"_s, 18},
                                {u"hr"_s, u"HORÁRIOS"_s, 41},
-                               {u"ondeatd"_s, u"LOCAL"_s, 10, {}, Qt::AlignHCenter},
-                               {u"evcad"_s, u"CADASTRADO POR"_s, 31}});
+                               {u"ondeatd"_s, u"LOCAL"_s, 12, {}, {}, locais({})},
+                               {u"evcad"_s, u"CADASTRADO POR"_s, 29}});
     ui->DataGrid2->setDataSource(&Adodc2);
     wire();
 }

@@ -78,6 +78,7 @@ void frmCadProduto::Limpa()
         caixa->clear();
     ui->txtmemo->clear();
     ui->txtDtUC->setText(u"SR"_s);
+    ui->DataGrid1->rest();
 }
 
 void frmCadProduto::cmdretorna_Click()

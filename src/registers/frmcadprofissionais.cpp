@@ -13,7 +13,8 @@ using namespace Qt::StringLiterals;
 
 namespace {
 const QString atencao = u"ATENÇÃO"_s;
-}
+const QStringList locais = {u"0 - CLINICA"_s, u"1 - HOME"_s, u"2 - HOME E CLINICA"_s};
+} // namespace
 
 frmCadProfissionais::frmCadProfissionais()
     : CadastroPessoa({.tabela = u"profissionais"_s,
@@ -23,10 +24,10 @@ frmCadProfissionais::frmCadProfissionais()
                       .tituloPesquisa = u"Pesquisa profissionais já cadastrado"_s,
                       .limpaCodigo = true,
                       .colunas = {{u"idpro"_s, u"CÓDIGO"_s, 8},
-                                  {u"nmpro"_s, u"NOME"_s, 32},
+                                  {u"nmpro"_s, u"NOME"_s, 29},
                                   {u"nrcon"_s, u"No CONSELHO"_s, 13},
-                                  {u"ondeatd"_s, u"CLÍNICA/HOME"_s, 11, {}, Qt::AlignHCenter},
-                                  {u"valor"_s, u"VALOR"_s, 12, u"#,##0.00"_s},
+                                  {u"ondeatd"_s, u"CLÍNICA/HOME"_s, 16, {}, {}, locais},
+                                  {u"valor"_s, u"VALOR"_s, 10, u"#,##0.00"_s},
                                   {u"fonefixo"_s, u"FONE FIXO"_s, 12},
                                   {u"fonecel"_s, u"CELULAR"_s, 12}},
                       .ligacao = {.tabela = u"especialidades"_s,
@@ -36,6 +37,7 @@ frmCadProfissionais::frmCadProfissionais()
       ui(std::make_unique<Ui::frmCadProfissionais>())
 {
     ui->setupUi(this);
+    ui->cboCH->addItems(locais);
     monta(ControlesPessoa::de(*ui, ui->txtIdEsp, ui->txtNmEsp));
     onLostFocus(ui->txtVR, &frmCadProfissionais::txtVR_LostFocus);
 }

@@ -17,6 +17,7 @@ namespace {
 
 const QString erroDeNome = u"--- ERRO --- NOME NÃO INFORMADO!"_s;
 const QString titulo = u"ATENÇÃO"_s;
+const QStringList locais = {u"0 - Clinica"_s, u"1 - Home"_s};
 
 std::vector<GridColumn> colunas(const QString& codigo, const QString& nome, const QString& rotulo,
                                 const QString& carimbo)
@@ -41,7 +42,6 @@ frmCadConvenios::frmCadConvenios()
 {
     ui->Label3->show();
     ui->txtPDesc->show();
-    ui->campos->setColumnStretch(2, 1);
 }
 
 bool frmCadConvenios::recusa()
@@ -108,13 +108,14 @@ frmCadProcedimentos::frmCadProcedimentos()
                                       " order by nmproc";
                            },
                        .colunas = {{u"idproc"_s, u"CÓDIGO"_s, 12},
-                                   {u"nmproc"_s, u"NOME"_s, 44},
-                                   {u"ondeatd"_s, u"LOCAL"_s, 12, {}, Qt::AlignHCenter},
+                                   {u"nmproc"_s, u"NOME"_s, 42},
+                                   {u"ondeatd"_s, u"LOCAL"_s, 14, {}, {}, locais},
                                    {u"evup"_s, u"ÚLTIMA ALTERAÇÃO"_s, 32}}})
 {
     ui->Label4->show();
     ui->cboCH->show();
-    ui->campos->setColumnStretch(3, 2);
+    ui->cboCH->addItems(locais);
+    ui->cboCH->setCurrentIndex(-1);
 }
 
 QString frmCadProcedimentos::local() const

@@ -452,6 +452,20 @@ TEST_F(Forms, TheWheelLeavesAComboBoxWithoutTheFocusAlone)
     EXPECT_EQ(early.focusPolicy(), Qt::StrongFocus) << "also one that its screen shows before it is loaded";
 }
 
+TEST_F(Forms, AComboBoxsListShowsItsRowsWhole)
+{
+    Form narrow;
+    auto* combo = new QComboBox(&narrow);
+    combo->addItems({u"1"_s, u"2 - a text that is far longer than the box is wide"_s});
+    combo->resize(60, 40);
+    narrow.Show();
+    combo->showPopup();
+    const QRect row = combo->view()->visualRect(combo->model()->index(1, 0));
+    EXPECT_EQ(row.height(), combo->height());
+    EXPECT_GT(combo->view()->viewport()->width(), combo->fontMetrics().horizontalAdvance(combo->itemText(1)));
+    combo->hidePopup();
+}
+
 TEST_F(Forms, ADoubleClickOnALineOfASortedListOpensItAndNothingElseDoes)
 {
     form.list->setSorted(true);

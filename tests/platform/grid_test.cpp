@@ -4,9 +4,11 @@
 #include "platform/forms/datagrid.h"
 
 #include <QHeaderView>
+#include <QHelpEvent>
 #include <QScrollBar>
 #include <QSignalSpy>
 #include <QTest>
+#include <QToolTip>
 
 using namespace Qt::StringLiterals;
 
@@ -70,6 +72,11 @@ TEST_F(Grid, ShowsTheRowsWithCaptionsMasksAndAlignment)
         EXPECT_EQ(grid.model()->index(0, column).data(Qt::TextAlignmentRole).toInt(),
                   int(sides[column] | Qt::AlignVCenter));
     }
+    grid.setColumns({{u"idplano"_s, u"LOCAL"_s, 100, {}, {}, {u"1 - UM"_s, u"10 - DEZ"_s}}});
+    EXPECT_EQ((QStringList{shown(0, 0), shown(1, 0), shown(9, 0)}),
+              (QStringList{u"1 - UM"_s, u"2"_s, u"10 - DEZ"_s}));
+    EXPECT_EQ(grid.model()->index(0, 0).data(Qt::TextAlignmentRole).toInt(),
+              int(Qt::AlignLeft | Qt::AlignVCenter));
     grid.setColumns({});
     EXPECT_EQ(grid.model()->columnCount(), 9);
     EXPECT_EQ(shown(0, 7), u""); // a null
@@ -140,6 +147,60 @@ TEST_F(Grid, TheGridsRowIsTheRecordsetsAndEveryChangeOfItIsToldOnceAndSeen)
     }
 }
 
+TEST_F(Grid, TheCurrentRowLooksChosenOnceSomebodyWentThere)
+{
+    // Its ground against that of another row, at the right edge of a cell.
+    const auto looksChosen = [&] {
+        const QImage seen = grid.viewport()->grab().toImage();
+        const auto ground = [&](int row) {
+            return seen.pixel(grid.visualRect(grid.model()->index(row, 3)).topRight() + QPoint(-2, 2));
+        };
+        const int row = grid.currentIndex().row();
+        return ground(row) != ground(row == 0 ? 1 : row - 1);
+    };
+    const struct
+    {
+        const char* what;
+        std::function<void()> step;
+        bool chosen;
+    } cases[] = {
+        {"opened, with the focus", [&] { source.Refresh(); }, true},
+        {"without", [&] { grid.clearFocus(); }, false},
+        {"found where it stood", [&] { rs().Find(u"idplano = 1"_s); }, true},
+        {"refreshed", [&] { source.Refresh(); }, false},
+        {"found far away", [&] { rs().Find(u"idplano = 190"_s); }, true},
+        {"refreshed on it", [&] { source.Refresh(); }, false},
+        {"clicked",
+         [&] { QTest::mouseClick(grid.viewport(), Qt::LeftButton, {}, middleOf(grid.currentIndex().row())); },
+         true},
+        {"the focus goes", [&] { grid.clearFocus(); }, true},
+        {"put to rest", [&] { grid.rest(); }, false},
+        {"filtered", [&] { rs().Filter(u"idplano > 100"_s); }, false},
+        {"the screen's choice", [&] { grid.setProperty("choice", true); }, true},
+    };
+    for (const auto& given : cases) {
+        given.step();
+        EXPECT_EQ(looksChosen(), given.chosen) << given.what;
+    }
+}
+
+TEST_F(Grid, ACellThatIsCutShowsItsTextInAHint)
+{
+    source.Refresh();
+    const auto hintOf = [&](int row) {
+        const QPoint place = middleOf(row);
+        QToolTip::hideText();
+        QHelpEvent asked(QEvent::ToolTip, place, grid.viewport()->mapToGlobal(place));
+        QApplication::sendEvent(grid.viewport(), &asked);
+        return QToolTip::text();
+    };
+    EXPECT_EQ(hintOf(0), u"");
+    const QString text = u"W"_s.repeated(50);
+    rs().Fields("nmplano") = text;
+    rs().Update();
+    EXPECT_EQ(hintOf(0), text);
+}
+
 TEST_F(Grid, WidthsAndHeightsFollowTheGridAndItsFont)
 {
     for (const int width : {600, 317, 1200}) {
@@ -156,10 +217,12 @@ TEST_F(Grid, WidthsAndHeightsFollowTheGridAndItsFont)
         EXPECT_EQ(grid.horizontalHeader()->length(), grid.viewport()->width());
     }
     const int before = grid.rowHeight(0);
+    const double caption = grid.horizontalHeader()->viewport()->font().pointSizeF();
     QFont font = grid.font();
     font.setPointSizeF(font.pointSizeF() * 2);
     grid.setFont(font);
     EXPECT_GE(grid.rowHeight(0), before + before / 2);
+    EXPECT_EQ(grid.horizontalHeader()->viewport()->font().pointSizeF(), 2 * caption);
 }
 
 TEST_F(Grid, AClosedSourceIsAnEmptyGridThatRefreshFillsAgain)

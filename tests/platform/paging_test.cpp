@@ -156,6 +156,12 @@ TEST_F(Paging, AGridReadsOnAsItIsLookedThrough)
     QTest::keyClick(&grid, Qt::Key_Home, Qt::ControlModifier);
     EXPECT_EQ(code(rs), expected.first());
     EXPECT_EQ(told, 1);
+
+    grid.clearFocus();
+    rs.Requery();
+    EXPECT_FALSE(grid.showsChoice());
+    rs.MoveLast();
+    EXPECT_TRUE(grid.showsChoice()) << "a row that was gone to, where others had to be read";
 }
 
 TEST_F(Paging, AGridWhoseServerIsLostStaysAsItIsAndTheNextStatementTells)

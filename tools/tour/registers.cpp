@@ -16,6 +16,8 @@ void visit(Tour& tour, const char* entry, const char* screen, int row)
         opened.doubleClickRow(u"DataGrid1"_s, row);
         opened.press(Qt::Key_Tab);
         tour.picture(name, opened);
+        if (name == QLatin1String("frmcadcli"))
+            tour.resized(name, opened); // the fullest of them
         opened.press(Qt::Key_Escape);
     });
     Menu::principal().run(QString::fromLatin1(entry));

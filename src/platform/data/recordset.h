@@ -24,6 +24,8 @@ public:
     /// Other rows, or other columns, or none: opened, closed, filtered, requeried.
     virtual void rowsReset() = 0;
     virtual void currentRowMoved() = 0;
+    /// Both: the row that was gone to was not in memory.
+    virtual void rowsResetAndMoved() = 0;
     virtual void rowInserted(qsizetype position) = 0;
     virtual void rowRemoved(qsizetype position) = 0;
     virtual void rowChanged(qsizetype position) = 0;

@@ -87,7 +87,7 @@ void Recordset::stand(bool isOtherRun, qsizetype position)
     if (!isOtherRun)
         return moveTo(position);
     position_ = position;
-    tell([](RecordsetListener& listener) { listener.rowsReset(); });
+    tell([](RecordsetListener& listener) { listener.rowsResetAndMoved(); });
 }
 
 bool Recordset::readOn(Side side)

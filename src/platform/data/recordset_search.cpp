@@ -52,7 +52,8 @@ void Recordset::Filter(const QString& criteria)
     const qsizetype place = all && onRow() ? visible_[std::size_t(position_)] : rows_->first();
     filter_ = std::move(filter);
     showMatchingRows();
-    stand(true, positionOf(place));
+    position_ = positionOf(place);
+    tell([](RecordsetListener& listener) { listener.rowsReset(); });
 }
 
 } // namespace ADODB

@@ -1,7 +1,8 @@
 #include "platform/forms/codedcombo.h"
 
+#include "platform/forms/dropdown.h"
+
 #include <QStylePainter>
-#include <QStyledItemDelegate>
 
 using namespace Qt::StringLiterals;
 
@@ -12,10 +13,10 @@ QString nameOf(const QString& item)
     return item.section(QLatin1Char('|'), 0, 0).trimmed();
 }
 
-class Names : public QStyledItemDelegate
+class Names : public DropDownRows
 {
 public:
-    explicit Names(CodedCombo* combo) : QStyledItemDelegate(combo), combo_(combo) {}
+    explicit Names(CodedCombo* combo) : DropDownRows(combo), combo_(combo) {}
 
     QString displayText(const QVariant& value, const QLocale&) const override
     {

@@ -1,16 +1,56 @@
 #include "platform/forms/datagrid.h"
 
 #include "platform/data/adodc.h"
+#include "platform/forms/theme.h"
 
 #include <QHeaderView>
+#include <QHelpEvent>
+#include <QPaintEvent>
+#include <QPainter>
 #include <QScopedValueRollback>
 #include <QScrollBar>
+#include <QStyledItemDelegate>
+#include <QToolTip>
 #include <algorithm>
 #include <cmath>
+
+namespace {
+
+class Cells : public QStyledItemDelegate
+{
+public:
+    explicit Cells(DataGrid* grid) : QStyledItemDelegate(grid), grid_(*grid) {}
+
+    void paint(QPainter* painter, const QStyleOptionViewItem& option, const QModelIndex& index) const override
+    {
+        if (!option.state.testFlag(QStyle::State_Selected) || grid_.showsChoice())
+            return QStyledItemDelegate::paint(painter, option, index);
+        // The view has drawn the row's ground already.
+        painter->fillRect(option.rect, Theme::colour(Theme::Role::Card));
+        QStyleOptionViewItem plain = option;
+        plain.state &= ~QStyle::State_Selected;
+        QStyledItemDelegate::paint(painter, plain, index);
+    }
+
+    bool helpEvent(QHelpEvent* event, QAbstractItemView* view, const QStyleOptionViewItem& option,
+                   const QModelIndex& index) override
+    {
+        if (event->type() != QEvent::ToolTip || sizeHint(option, index).width() <= option.rect.width())
+            return QStyledItemDelegate::helpEvent(event, view, option, index);
+        QToolTip::showText(event->globalPos(), index.data().toString(), view->viewport(), option.rect);
+        return true;
+    }
+
+private:
+    const DataGrid& grid_;
+};
+
+} // namespace
 
 DataGrid::DataGrid(QWidget* parent) : QTableView(parent), model_(new RecordsetModel(this))
 {
     setModel(model_);
+    setItemDelegate(new Cells(this));
     setSelectionBehavior(SelectRows);
     setSelectionMode(SingleSelection);
     setEditTriggers(NoEditTriggers);
@@ -22,7 +62,7 @@ DataGrid::DataGrid(QWidget* parent) : QTableView(parent), model_(new RecordsetMo
     horizontalHeader()->setHighlightSections(false);
     verticalHeader()->setSectionResizeMode(QHeaderView::Fixed);
     verticalHeader()->hide();
-    fitRows();
+    fitLetters();
     connect(model_, &RecordsetModel::currentChanged, this, &DataGrid::showCurrentRow);
     connect(model_, &RecordsetModel::rowsInserted, this,
             [this](const QModelIndex&, int first, int last) { shiftRows(first, last - first + 1); });
@@ -48,8 +88,9 @@ void DataGrid::setColumns(const std::vector<GridColumn>& columns)
     fitColumns();
 }
 
-void DataGrid::showCurrentRow()
+void DataGrid::showCurrentRow(bool isChosen)
 {
+    chosen_ = isChosen;
     const ADODB::Recordset* recordset = model_->recordset();
     const bool isOpen = recordset && recordset->State() == 1;
     const QModelIndex current = isOpen ? model_->index(int(recordset->heldPosition()), 0) : QModelIndex();
@@ -173,14 +214,38 @@ void DataGrid::resizeEvent(QResizeEvent* event)
 void DataGrid::changeEvent(QEvent* event)
 {
     QTableView::changeEvent(event);
-    if (event->type() == QEvent::FontChange) {
-        // The style sheet keeps the header from following. Its own font gives the height; the captions are
-        // drawn in the inner part's.
-        horizontalHeader()->setFont(font());
-        horizontalHeader()->viewport()->setFont(font());
-    }
     if (event->type() == QEvent::FontChange || event->type() == QEvent::StyleChange)
-        fitRows();
+        fitLetters();
+}
+
+/// Also of the row that is the current one already, and does not move.
+void DataGrid::mousePressEvent(QMouseEvent* event)
+{
+    QTableView::mousePressEvent(event);
+    if (indexAt(event->position().toPoint()).isValid())
+        chosen_ = true;
+}
+
+/// Whole rows only: what is left below them stays empty.
+void DataGrid::paintEvent(QPaintEvent* event)
+{
+    const int row = rowAt(viewport()->height() - 1);
+    const int top = rowViewportPosition(row);
+    const bool isCut = row > 0 && top + rowHeight(row) > viewport()->height();
+    const QRect whole = isCut ? QRect(0, 0, viewport()->width(), top) : viewport()->rect();
+    QPaintEvent seen(event->region() & whole);
+    QTableView::paintEvent(&seen);
+}
+
+void DataGrid::rest()
+{
+    chosen_ = false;
+    viewport()->update();
+}
+
+bool DataGrid::showsChoice() const
+{
+    return choice_ || chosen_ || window()->focusWidget() == this;
 }
 
 /// Rounds the columns' right edges, not their widths, so that 100 percent fill the grid to the pixel. What a
@@ -208,9 +273,18 @@ void DataGrid::fitColumns()
         setColumnWidth(int(i), widths[i]);
 }
 
-void DataGrid::fitRows()
+/// The style sheet keeps the header from following the grid's letters. Its own font gives the height; the
+/// captions are drawn in the inner part's.
+void DataGrid::fitLetters()
 {
-    const int margin = 6;
+    QFont captions = font();
+    captions.setPointSizeF(font().pointSizeF() * Theme::font(Theme::Type::Caption).pointSizeF() /
+                           Theme::font().pointSizeF());
+    captions.setWeight(QFont::DemiBold);
+    horizontalHeader()->setFont(captions);
+    horizontalHeader()->viewport()->setFont(captions);
+
+    const int letters = fontMetrics().height();
     verticalHeader()->setMinimumSectionSize(1);
-    verticalHeader()->setDefaultSectionSize(fontMetrics().height() + margin);
+    verticalHeader()->setDefaultSectionSize(letters + letters * 3 / 8);
 }

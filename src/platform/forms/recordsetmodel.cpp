@@ -49,8 +49,7 @@ QVariant RecordsetModel::data(const QModelIndex& index, int role) const
     const auto column = std::size_t(index.column());
     const qsizetype place = places_[column];
     const QByteArrayView cell = recordset_->cellAt(index.row(), place);
-    return cell.isNull() ? QString()
-                         : text(recordset_->columns()[std::size_t(place)], cell, shown_[column].mask);
+    return cell.isNull() ? QString() : text(recordset_->columns()[std::size_t(place)], cell, shown_[column]);
 }
 
 QVariant RecordsetModel::headerData(int section, Qt::Orientation orientation, int role) const
@@ -62,10 +61,16 @@ QVariant RecordsetModel::headerData(int section, Qt::Orientation orientation, in
     return role == Qt::DisplayRole ? shown_[std::size_t(section)].caption : QVariant();
 }
 
-QString RecordsetModel::text(const ADODB::Column& column, QByteArrayView cell, const QString& mask) const
+QString RecordsetModel::text(const ADODB::Column& column, QByteArrayView cell, const GridColumn& shown) const
 {
-    if (mask.isEmpty())
-        return ADODB::Cell::text(column, cell);
+    const QString& mask = shown.mask;
+    if (mask.isEmpty()) {
+        const QString plain = ADODB::Cell::text(column, cell);
+        for (const QString& word : shown.words)
+            if (word.section(QLatin1Char(' '), 0, 0) == plain)
+                return word;
+        return plain;
+    }
     if (isNumber(column.kind))
         return Format(ADODB::Cell::number(column, cell), mask);
     if (isDate(column.kind))
@@ -75,16 +80,16 @@ QString RecordsetModel::text(const ADODB::Column& column, QByteArrayView cell, c
 
 Qt::Alignment RecordsetModel::alignment(int column) const
 {
-    const Qt::Alignment given = shown_[std::size_t(column)].alignment;
-    if (given)
-        return given | Qt::AlignVCenter;
-    if (places_.empty())
+    const GridColumn& shown = shown_[std::size_t(column)];
+    if (shown.alignment)
+        return shown.alignment | Qt::AlignVCenter;
+    if (places_.empty() || !shown.words.isEmpty())
         return Qt::AlignLeft | Qt::AlignVCenter;
     const ADODB::ColumnKind kind = recordset_->columns()[std::size_t(places_[std::size_t(column)])].kind;
     return (isNumber(kind) ? Qt::AlignRight : Qt::AlignLeft) | Qt::AlignVCenter;
 }
 
-void RecordsetModel::rowsReset()
+void RecordsetModel::reset(bool isChosen)
 {
     beginResetModel();
     rows_ = 0;
@@ -110,7 +115,7 @@ void RecordsetModel::rowsReset()
     if (!unknown.isNull())
         throw ADODB::Error(ADODB::Error::UnknownField,
                            u"O campo \"%1\" da grade não existe no resultado."_s.arg(unknown));
-    Q_EMIT currentChanged();
+    Q_EMIT currentChanged(isChosen);
 }
 
 void RecordsetModel::rowInserted(qsizetype position)

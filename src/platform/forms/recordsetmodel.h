@@ -15,6 +15,8 @@ struct GridColumn
     QString mask = {};
     /// Empty: numbers to the right, all else to the left.
     Qt::Alignment alignment = {};
+    /// Of a column of codes: each code with its word, as "0 - CLINICA", in the place of the code alone.
+    QStringList words = {};
 };
 
 /// Shows a recordset's rows to a view, straight from where the recordset keeps them.
@@ -39,12 +41,14 @@ public:
     QVariant headerData(int section, Qt::Orientation orientation, int role = Qt::DisplayRole) const override;
 
 Q_SIGNALS:
-    /// The recordset has another current row, or the model was reset.
-    void currentChanged();
+    /// The recordset has another current row, or the model was reset. `isChosen` where a row was gone to, by
+    /// the user or by the program, and does not just happen to be the current one of other rows.
+    void currentChanged(bool isChosen);
 
 private:
-    void rowsReset() override;
-    void currentRowMoved() override { Q_EMIT currentChanged(); }
+    void rowsReset() override { reset(false); }
+    void rowsResetAndMoved() override { reset(true); }
+    void currentRowMoved() override { Q_EMIT currentChanged(true); }
     void rowInserted(qsizetype position) override;
     void rowRemoved(qsizetype position) override;
     void rowChanged(qsizetype position) override;
@@ -52,7 +56,8 @@ private:
     void rowsDropped(qsizetype position, qsizetype count) override;
     void recordsetGone() override;
 
-    QString text(const ADODB::Column& column, QByteArrayView cell, const QString& mask) const;
+    void reset(bool isChosen);
+    QString text(const ADODB::Column& column, QByteArrayView cell, const GridColumn& shown) const;
     Qt::Alignment alignment(int column) const;
 
     ADODB::Recordset* recordset_ = nullptr;

@@ -1,5 +1,6 @@
 #include "platform/forms/theme.h"
 
+#include "platform/forms/dropdown.h"
 #include "platform/forms/theme/glyph.h"
 
 #include "platform/forms/mnemonics.h"
@@ -11,7 +12,6 @@
 #include <QPalette>
 #include <QPushButton>
 #include <QRegularExpression>
-#include <QStyledItemDelegate>
 
 using namespace Qt::StringLiterals;
 
@@ -110,6 +110,13 @@ void dressLabel(QLabel& label)
     if (role == QLatin1String("strong") || role == QLatin1String("chip") || role == QLatin1String("notice"))
         letters.setWeight(QFont::DemiBold);
     label.setFont(letters);
+    if (isCaption)
+        label.setIndent(0); // begins where its box does
+    if (role == QLatin1String("above")) {
+        // Room and no padding, which would cut the accents of a window drawn smaller.
+        label.setAlignment(Qt::AlignLeft | Qt::AlignBottom);
+        label.setMinimumHeight(label.fontMetrics().height() + 8);
+    }
 }
 
 void dressButton(QPushButton& button)
@@ -182,9 +189,8 @@ void dress(QWidget& screen)
         if (const int columns = box->property("columns").toInt(); columns > 0)
             fitColumns(*box, columns);
     for (auto* combo : screen.findChildren<QComboBox*>())
-        // The list's own delegate knows no padding.
-        if (!qobject_cast<QStyledItemDelegate*>(combo->itemDelegate()))
-            combo->setItemDelegate(new QStyledItemDelegate(combo));
+        if (!qobject_cast<DropDownRows*>(combo->itemDelegate()))
+            combo->setItemDelegate(new DropDownRows(combo));
 }
 
 void apply(QApplication& application)
