@@ -64,7 +64,7 @@ frmCli_AgendaCF::frmCli_AgendaCF() : ui(std::make_unique<Ui::frmCli_AgendaCF>())
     ui->List2->setMinimumLines(4);
     ui->List3->setFont(Theme::fixedFont(Theme::Type::Headline));
     ui->List3->setMinimumLines(3);
-    ui->List3->setMaximumHeight(ui->List3->minimumHeight());
+    ui->List3->setFixedHeight(ui->List3->minimumHeight() + 8); // its frame does not shrink with its lines
     ui->List3->setLook([this](const QString& linha) {
         const bool devido = Falta > 0 && linha.startsWith(QLatin1String("Falta"));
         const Theme::Role tinta = devido ? Theme::Role::DangerInk : Theme::Role::Ink;
