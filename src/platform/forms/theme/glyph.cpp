@@ -33,8 +33,12 @@ public:
         QByteArray lines = file.readAll().replace("#000000", colour.toLatin1());
         QBuffer buffer(&lines);
         QImageReader reader(&buffer, "svg");
-        reader.setScaledSize(size);
-        drawn = QPixmap::fromImage(reader.read());
+        // Smaller than its square, and at the left: the air parts it from the caption.
+        const int side = size.height() * 7 / 8;
+        reader.setScaledSize(QSize(side, side));
+        drawn = QPixmap(size);
+        drawn.fill(Qt::transparent);
+        QPainter(&drawn).drawImage(0, (size.height() - side) / 2, reader.read());
         QPixmapCache::insert(key, drawn);
         return drawn;
     }
