@@ -65,7 +65,7 @@ QString RecordsetModel::text(const ADODB::Column& column, QByteArrayView cell, c
 {
     const QString& mask = shown.mask;
     if (mask.isEmpty()) {
-        const QString plain = ADODB::Cell::text(column, cell);
+        QString plain = ADODB::Cell::text(column, cell);
         for (const QString& word : shown.words)
             if (word.section(QLatin1Char(' '), 0, 0) == plain)
                 return word;
