@@ -243,6 +243,7 @@ void frmCli_AgendaCF::permite(bool sim)
 
 void frmCli_AgendaCF::cboMP_Click()
 {
+    pointAtNothing(*this); // what was missing to a procedure is not missing now
     ui->lMP->setText(ui->cboMP->currentText());
     ui->txtVrMp->clear();
     ui->txtobs->clear();

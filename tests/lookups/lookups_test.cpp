@@ -198,7 +198,8 @@ TEST(Demonstration, LooksUpWhatItsRegistersShow)
             EXPECT_EQ(fields.join(u'|').remove(u'.'),
                       QStringList({row[2], row[9], row[10], row[11], row[12], row[13], row[15]}).join(u'|'));
         }
-        EXPECT_EQ(Funcoes::BuscaCnpj(u"11222333000182"_s), u"404 Error");
+        EXPECT_EQ(Funcoes::ValorJson(Funcoes::BuscaCnpj(u"961.679.650-05"_s), u"nome"_s), QString())
+            << "a person's number has no company";
         EXPECT_EQ(Funcoes::ValorJson(Funcoes::BuscaCnpj(u"11222333000181"_s), u"cnpj"_s),
                   u"11.222.333/0001-81");
     }

@@ -558,7 +558,7 @@ TEST(Theme, EveryPairOfColoursIsLegible)
     }
     for (const Role solid : solids())
         meet(2, 4.5, Role::Paper, solid);
-    EXPECT_GE(contrast(colour(Role::AccentRing), colour(Role::Accent)), 3);
+    EXPECT_GE(contrast(colour(Role::AccentRing), colour(Role::Accent)), 4.5);
     EXPECT_NEAR(contrast(Qt::black, Qt::white), 21, 1e-9);
     std::printf("least contrast: inks %.2f, marks %.2f, paper on solids %.2f\n", least[0], least[1],
                 least[2]);

@@ -59,12 +59,23 @@ Company companyOf(const std::string& masked, const std::string& digits, const Cl
     return company(draw, static_cast<std::uint64_t>(number));
 }
 
+/// For a number that no company can have, such as a person's. All fields are there: who reads such an answer
+/// as a text takes a missing one for a failure.
+Fields noCompany()
+{
+    Fields fields{{"status", "ERROR"}, {"message", "CNPJ inválido"}};
+    for (const char* field :
+         {"nome", "fantasia", "logradouro", "numero", "cep", "bairro", "municipio", "uf", "email"})
+        fields.emplace_back(field, "");
+    return fields;
+}
+
 Answer companyAnswer(QString number, const Clinic& clinic)
 {
     const std::string digits = number.remove(QRegularExpression(u"[./-]"_s)).toStdString();
     const std::optional<std::string> masked = maskedCnpj(digits);
     if (!masked)
-        return refusal("404 Not Found");
+        return json(noCompany());
     const Company found = companyOf(*masked, digits, clinic);
     const std::string& code = found.office.postalCode;
     const std::string cep = code.substr(0, 2).append(".").append(code, 2);

@@ -9,6 +9,7 @@
 #include <QHBoxLayout>
 #include <QHash>
 #include <QIcon>
+#include <QKeyEvent>
 #include <QLabel>
 #include <QLineEdit>
 #include <QMessageBox>
@@ -26,6 +27,15 @@ public:
                                  const QString& proposal) override;
     std::optional<QString> file(const FileDialog& dialog) override;
 };
+
+/// The window that a box belongs to. Between two boxes of one handler the window system may have none in
+/// front.
+QWidget* owner()
+{
+    if (QWidget* active = QApplication::activeWindow())
+        return active;
+    return QApplication::activeModalWidget();
+}
 
 /// The theme's picture of an icon, drawn for the screen's resolution; null for no icon.
 QPixmap picture(Icon icon)
@@ -75,7 +85,7 @@ class InputWindow : public QDialog
 {
 public:
     InputWindow(const QString& prompt, const QString& title, const QString& proposal)
-        : QDialog(QApplication::activeWindow()), line_(new QLineEdit(proposal))
+        : QDialog(owner()), line_(new QLineEdit(proposal))
     {
         setStyleSheet(Theme::openingLengths());
         setWindowTitle(title);
@@ -83,6 +93,7 @@ public:
         label->setTextFormat(Qt::PlainText);
         label->setBuddy(line_);
         line_->setObjectName(u"answer"_s);
+        line_->installEventFilter(this);
         line_->selectAll();
 
         auto* column = new QVBoxLayout(this);
@@ -97,11 +108,22 @@ public:
 
     QString text() const { return line_->text(); }
 
+    /// Alt and a letter types nothing, whether a button has the letter or not.
+    bool eventFilter(QObject* line, QEvent* event) override
+    {
+        if (event->type() == QEvent::KeyPress) {
+            const auto* key = static_cast<QKeyEvent*>(event);
+            if (key->modifiers() == Qt::AltModifier && !key->text().isEmpty() && key->text()[0].isPrint())
+                return true;
+        }
+        return QDialog::eventFilter(line, event);
+    }
+
 private:
     QLayout* buttons()
     {
-        auto* cancel = new QPushButton(u"Cancelar"_s);
-        auto* ok = new QPushButton(u"OK"_s);
+        auto* cancel = new QPushButton(u"&Cancelar"_s);
+        auto* ok = new QPushButton(u"&OK"_s);
         ok->setProperty("role", u"primary"_s);
         ok->setDefault(true);
         connect(cancel, &QPushButton::clicked, this, &QDialog::reject);
@@ -122,7 +144,7 @@ private:
 Answer WindowDialogs::message(const MessageBox& box)
 {
     const PlainPointer pointer;
-    QMessageBox window(QApplication::activeWindow());
+    QMessageBox window(owner());
     window.setStyleSheet(Theme::openingLengths()); // the screen behind may have scaled its own
     window.setWindowTitle(box.title);
     window.setTextFormat(Qt::PlainText);
@@ -130,7 +152,7 @@ Answer WindowDialogs::message(const MessageBox& box)
     window.setIconPixmap(picture(box.icon));
     fitText(window, box.text);
     if (box.buttons == Buttons::Ok) {
-        window.addButton(u"OK"_s, QMessageBox::AcceptRole);
+        window.addButton(u"&OK"_s, QMessageBox::AcceptRole);
         window.exec();
         return Answer::Ok;
     }
@@ -161,7 +183,7 @@ std::optional<QString> WindowDialogs::file(const FileDialog& dialog)
         filters << u"%1 (%2)"_s.arg(pieces[i].section(u" ("_s, 0, 0),
                                     QString(pieces[i + 1]).replace(QLatin1Char(';'), QLatin1Char(' ')));
 
-    QFileDialog window(QApplication::activeWindow(), dialog.title);
+    QFileDialog window(owner(), dialog.title);
     // A desktop's own dialog would speak the desktop's language.
     window.setOption(QFileDialog::DontUseNativeDialog);
     window.setStyleSheet(Theme::openingLengths() +

@@ -8,6 +8,7 @@
 #include <QPushButton>
 #include <QRegularExpression>
 #include <QStyleOption>
+#include <algorithm>
 #include <utility>
 
 using namespace Qt::StringLiterals;
@@ -65,15 +66,44 @@ QString candidates(const QString& caption, bool initialsOnly)
     return letters.toUpper();
 }
 
+/// Who comes first has the choice: the same letter saves in every screen, and none of its neighbours leaves.
+enum class Rank
+{
+    Main,
+    Plain,
+    Leaving ///< or destroying
+};
+
 struct Captioned
 {
     QObject* object;
     QString caption;
+    Rank rank = Rank::Plain;
 };
 
-/// Initials first for all of them, so that none takes another's initial from its middle.
-void share(const QList<Captioned>& all)
+Rank rankOf(const QPushButton& button)
 {
+    const QString role = button.property("role").toString();
+    if (role == QLatin1String("primary"))
+        return Rank::Main;
+    const bool leaves = button.property("glyph").toString() == QLatin1String("leave");
+    return leaves || role == QLatin1String("danger") ? Rank::Leaving : Rank::Plain;
+}
+
+/// The part that floats above a screen, and disables what is below, with this button on it; null for none.
+const QWidget* panelOf(const QWidget& button)
+{
+    for (const QWidget* part = button.parentWidget(); part && !part->isWindow(); part = part->parentWidget())
+        if (part->property("role").toString() == QLatin1String("panel"))
+            return part;
+    return nullptr;
+}
+
+/// Initials first for all of them, so that none takes another's initial from its middle.
+void share(QList<Captioned> all)
+{
+    std::stable_sort(all.begin(), all.end(),
+                     [](const Captioned& one, const Captioned& other) { return one.rank < other.rank; });
     for (const Captioned& one : all)
         one.object->setProperty(property, {});
     QString taken;
@@ -173,10 +203,15 @@ void assign(const QWidget& screen)
     QList<Captioned> all;
     for (const QMenuBar* bar : screen.findChildren<QMenuBar*>())
         all += entriesOf(*bar);
+    QHash<const QWidget*, QList<Captioned>> onPanels;
     for (QPushButton* button : screen.findChildren<QPushButton*>())
-        if (button->focusPolicy() != Qt::NoFocus && !button->text().isEmpty())
-            all << Captioned{button, button->text()};
+        if (button->focusPolicy() != Qt::NoFocus && !button->text().isEmpty()) {
+            const QWidget* panel = panelOf(*button);
+            (panel ? onPanels[panel] : all) << Captioned{button, button->text(), rankOf(*button)};
+        }
     share(all);
+    for (const QList<Captioned>& buttons : onPanels)
+        share(buttons);
     for (const LetterMenu* menu : screen.findChildren<LetterMenu*>())
         share(entriesOf(*menu));
 }
@@ -194,10 +229,12 @@ QChar letterOf(int key)
 
 QAbstractButton* buttonOf(const QWidget& screen, QChar letter)
 {
+    QPushButton* found = nullptr;
     for (QPushButton* button : screen.findChildren<QPushButton*>())
-        if (letterOf(button) == letter && button->isEnabled() && button->isVisible())
-            return button;
-    return nullptr;
+        if (letterOf(button) == letter && button->isEnabled() && button->isVisible() &&
+            (!found || panelOf(*button)))
+            found = button;
+    return found;
 }
 
 QAction* actionOf(const QWidget& menu, QChar letter)

@@ -12,7 +12,8 @@ class QAbstractButton;
 /// underlined while Alt is held, and so are those that a message box marks with "&".
 namespace Mnemonics {
 
-/// Gives the letters. Buttons of parts that are hidden get theirs too, so that a letter stays the same.
+/// Gives the letters. Buttons of parts that are hidden get theirs too, so that a letter stays the same; those
+/// on a panel, a frame with the property "role" set so, may have letters of the screen below it.
 void assign(const QWidget& screen);
 
 /// A capital letter or a digit; null where there is none.

@@ -15,7 +15,9 @@ constexpr QSize guess(8, 40);
 void place(QWidget& window, QSize frame, const QWidget* owner)
 {
     const QRect room = window.screen()->availableGeometry();
-    const QRect around = owner ? owner->geometry() : room;
+    QRect around = owner ? owner->geometry() : room;
+    if (owner == &window)
+        around = window.frameGeometry(); // or it would sink by its title bar
     window.resize(window.size().boundedTo(room.size() - frame));
     QRect all(QPoint(), window.size() + frame);
     all.moveCenter(around.center());

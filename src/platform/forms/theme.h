@@ -6,16 +6,19 @@
 #include <QFont>
 
 /// The look of all windows: one style, one palette, one style sheet, one family of letters in three sizes and
-/// one of fixed pitch for text lists. Font sizes are never in the style sheet, so that a screen can scale them.
+/// one of fixed pitch for text lists. Font sizes are never in the style sheet, so that a screen can scale
+/// them.
 ///
 /// What a control of a screen is for it says in dynamic properties, and the theme does the rest:
 /// - "role" of a push button: "primary" the screen's main action, "danger" one that removes, "sign" a large
 ///   word that cannot be missed;
 /// - "glyph" of a push button: the name of a line drawing in front of its caption, see glyph();
-/// - "role" of a label: none for a caption, "above" for one that heads a box below it in a grid, "value" for a text that is read, "strong" for one that is read
-///   first, "title" for the one headline, "heading" for that of a part, "link" for what can be clicked, "chip" and "notice" for a word on a
-///   ground of its own;
-/// - "role" of a frame: "card" stands out from the ground, "panel" before the cards, "hairline" parts groups, "brand" is the program's own;
+/// - "role" of a label: none for a caption, "above" for one that heads a box below it in a grid, "value" for
+/// a text that is read, "strong" for one that is read
+///   first, "title" for the one headline, "heading" for that of a part, "link" for what can be clicked,
+///   "chip" and "notice" for a word on a ground of its own;
+/// - "role" of a frame: "card" stands out from the ground, "panel" before the cards, "hairline" parts groups,
+/// "brand" is the program's own;
 /// - "role" of a list or grid: "inner" stands in a card, which has the border;
 /// - "columns" of a box: as wide as so many digits, which is what it holds;
 /// - "wrong" of a box: a message speaks of it.

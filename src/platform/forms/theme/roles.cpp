@@ -29,7 +29,7 @@ constexpr std::array colours{
     Colour{"Booked", 0xff0f6b7c},    Colour{"Notified", 0xffa86300},    Colour{"Closed", 0xff66747f},
     Colour{"Blocked", 0xffa3241d},   Colour{"AccentHover", 0xff0c5866}, Colour{"AccentPressed", 0xff094550},
     Colour{"Night", 0xff16242e},     Colour{"Paper", 0xffffffff},       Colour{"Hairline", 0xffdce4e9},
-    Colour{"FreePale", 0xffbfe0cb},  Colour{"AccentRing", 0xfff2b84b},
+    Colour{"FreePale", 0xffbfe0cb},  Colour{"AccentRing", 0xffffdc94},
 };
 
 constexpr std::array surfaceRoles{Role::Ground, Role::Card,      Role::Band,   Role::Off,

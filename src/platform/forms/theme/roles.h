@@ -22,7 +22,7 @@ enum class Role
     Selection, ///< the chosen line
     Notice,    ///< behind a word of warning
     Alarm,     ///< behind what destroys, under the pointer
-           // Inks
+               // Inks
     Ink,
     MutedInk, ///< captions, and what stands beside the main thing
     OffInk,   ///< what cannot be used now
@@ -46,7 +46,7 @@ enum class Role
            // Ornaments, which nothing needs to be read from
     Hairline,
     FreePale,
-    AccentRing ///< of the focus on the main button
+    AccentRing ///< on `Accent`: the ring of the focus on the main button, and bright words (4.5:1)
 };
 
 QColor colour(Role role);
