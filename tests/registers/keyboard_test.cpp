@@ -14,7 +14,6 @@
 #include "registers/telasdebusca.h"
 #include "registers/telasdecadastro.h"
 
-#include <QClipboard>
 #include <QLabel>
 #include <QLineEdit>
 #include <QPlainTextEdit>
@@ -191,23 +190,6 @@ TEST_F(ByKeyboard, EachScreenHasALetterForEachButtonAndASheetThatTellsThem)
         EXPECT_FALSE(booking.contains(u"Pesquisar Data Agendada") || booking.contains(u"Esc"));
         agenda.click(u"Command8"_s);
     });
-}
-
-TEST_F(ByKeyboard, NoBoxTakesMoreThanItsColumnHolds)
-{
-    execute(u"insert into especialidades (idesp,idlic,nmesp) values (3,'C1','CARDIOLOGIA')"_s);
-    enter<frmCadConvenios>({u""_s, QString(200, u'n'), u"99999999999999"_s, u""_s});
-    on<frmCadProfissionais>([](ScreenDriver& screen) {
-        fill(screen, u"txtnome=ana|txtdtnasc=01021970|txtfone=%1|txtIdEsp=3|txtVR=12345678901234,5"_s.arg(
-                         QString(60, u'1')));
-        screen.focus(u"txtmemo"_s);
-        QGuiApplication::clipboard()->setText((QString(99, u'X') + u'\n').repeated(800));
-        screen.press(Qt::Key_V, Qt::ControlModifier);
-        screen.click(u"cmdsalva"_s);
-    });
-    EXPECT_EQ(flat(u"select length(nmconv),pdesc from convenios"_s), QStringList{u"150|999.0000"_s});
-    EXPECT_EQ(flat(u"select length(fonefixo),valor,length(obs) from profissionais"_s),
-              QStringList{u"50|1234567890123.50|65535"_s});
 }
 
 TEST_F(ByKeyboard, TheLimitOfABoxIsItsColumnsType)
