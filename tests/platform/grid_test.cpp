@@ -2,13 +2,12 @@
 #include "platform/data/error.h"
 #include "platform/datafixture.h"
 #include "platform/forms/datagrid.h"
+#include "support/screendriver.h"
 
 #include <QHeaderView>
-#include <QHelpEvent>
 #include <QScrollBar>
 #include <QSignalSpy>
 #include <QTest>
-#include <QToolTip>
 
 using namespace Qt::StringLiterals;
 
@@ -187,18 +186,11 @@ TEST_F(Grid, TheCurrentRowLooksChosenOnceSomebodyWentThere)
 TEST_F(Grid, ACellThatIsCutShowsItsTextInAHint)
 {
     source.Refresh();
-    const auto hintOf = [&](int row) {
-        const QPoint place = middleOf(row);
-        QToolTip::hideText();
-        QHelpEvent asked(QEvent::ToolTip, place, grid.viewport()->mapToGlobal(place));
-        QApplication::sendEvent(grid.viewport(), &asked);
-        return QToolTip::text();
-    };
-    EXPECT_EQ(hintOf(0), u"");
+    EXPECT_EQ(hintAt(grid.viewport(), middleOf(0)), u"");
     const QString text = u"W"_s.repeated(50);
     rs().Fields("nmplano") = text;
     rs().Update();
-    EXPECT_EQ(hintOf(0), text);
+    EXPECT_EQ(hintAt(grid.viewport(), middleOf(0)), text);
 }
 
 TEST_F(Grid, WidthsAndHeightsFollowTheGridAndItsFont)
