@@ -198,15 +198,6 @@ TEST(Date, isCountedOnByTheCalendar)
     EXPECT_EQ(errorOf([] { addHours(QDateTime(), 1); }), 13);
 }
 
-TEST(Date, namesDaysAndMonths)
-{
-    EXPECT_EQ(weekdayName(weekday(QDate(2024, 3, 3))), u"domingo");
-    EXPECT_EQ(weekdayName(weekday(QDate(2024, 3, 9))), u"sábado");
-    EXPECT_EQ(monthName(12), u"dezembro");
-    EXPECT_EQ(errorOf([] { weekdayName(8); }), 9);
-    EXPECT_EQ(errorOf([] { monthName(0); }), 9);
-}
-
 TEST(CodePage, encodesTextAndMarksWhatItLacks)
 {
     QByteArray all;
