@@ -109,6 +109,8 @@ TEST_F(Texts, MenusOfBoxesArePortuguese)
          std::initializer_list<QWidget*>{&line, memo.viewport(), combo.lineEdit(), memo.verticalScrollBar()})
         openMenu(box);
     expectSaid({u"Desfazer"_s, u"Colar"_s, u"Selecionar tudo"_s, u"Rolar até aqui"_s});
+    EXPECT_EQ(QCoreApplication::translate("QScrollBar", "Scroll here"), u"Rolar até aqui")
+        << "ours comes before the library's own translation";
     EXPECT_EQ(QKeySequence(Qt::CTRL | Qt::Key_Space).toString(QKeySequence::NativeText), u"Ctrl+Espaço");
 }
 
