@@ -3,8 +3,8 @@
 #include "platform/forms/dialogs.h"
 #include "platform/forms/formkeyboard.h"
 #include "platform/forms/mnemonics.h"
-#include "platform/forms/theme.h"
 #include "platform/forms/placement.h"
+#include "platform/forms/theme.h"
 #include "platform/values/error.h"
 
 #include <QApplication>
