@@ -73,8 +73,7 @@ protected:
             u"insert ignore into %1 select %2 from seq_1_to_200"_s.arg(table, values.join(u',')));
     }
 
-    /// The rows of a select, or those of the changed table; in front of each its values of the order's
-    /// columns.
+    /// The rows of a select, or those of the changed table, whatever their order.
     Table result(const QString& statement, bool byEquality)
     {
         Connection::setCodesByEquality(byEquality);
@@ -92,36 +91,27 @@ protected:
             rs.Open(u"select * from "_s + changed, connection);
         Table rows;
         for (; !rs.Eof(); rs.MoveNext()) {
-            QString order;
-            for (const QString& column : sql.section(u" order by "_s, 1).split(u',', Qt::SkipEmptyParts))
-                order += rs.Fields(column.section(u'.', -1)).text() + u'|';
-            rows << QStringList{order};
+            rows.emplaceBack();
             for (qsizetype i = 0; i < qsizetype(rs.columns().size()); ++i)
                 rows.last() << (rs.Fields(i).isNull() ? QString() : u'=' + rs.Fields(i).text());
         }
         if (!changed.isEmpty())
             fill(changed);
+        std::sort(rows.begin(), rows.end());
         return rows;
     }
 };
 
-TEST_F(SentStatements, GiveTheSameRowsInTheSameOrder)
+TEST_F(SentStatements, GiveTheSameRows)
 {
     for (const QString& table : u"agenda_clinica centrocusto contrato_agenda convenios diahr especialidades "
                                 "feriados pacientes procedimentos profissionais"_s.split(u' '))
         fill(table);
     for (const QString& statement : statements) {
         SCOPED_TRACE(statement.toStdString());
-        Table written = result(statement, false);
-        Table compared = result(statement, true);
+        const Table written = result(statement, false);
         EXPECT_FALSE(written.isEmpty());
-        ASSERT_EQ(compared.size(), written.size());
-        for (qsizetype i = 0; i < written.size(); ++i)
-            EXPECT_EQ(compared[i][0], written[i][0]);
-        // Rows that the order leaves equal may follow each other otherwise when an index finds them.
-        for (Table* rows : {&written, &compared})
-            std::sort(rows->begin(), rows->end());
-        EXPECT_EQ(compared, written);
+        EXPECT_EQ(result(statement, true), written);
     }
 }
 

@@ -5,9 +5,7 @@
 #include "support/errorof.h"
 
 #include <QHeaderView>
-#include <QHelpEvent>
 #include <QTableView>
-#include <QToolTip>
 
 using namespace Qt::StringLiterals;
 
@@ -104,13 +102,8 @@ TEST_F(AgendaTest, ADayOfSeventeenLinesIsSeenWholeEachLineWithItsState)
     auto* list = static_cast<ListBox*>(agenda.find(u"List1"_s));
     auto* visits = static_cast<QTableView*>(agenda.find(u"DataGrid1"_s));
 
-    const auto hintOf = [](QWidget* widget, QPoint place) {
-        QHelpEvent asked(QEvent::ToolTip, place, widget->mapToGlobal(place));
-        QApplication::sendEvent(widget, &asked);
-        return QToolTip::text();
-    };
-    EXPECT_EQ(hintOf(agenda.find(u"lFeriado"_s), {5, 5}), u"FERIADO: FUNDAÇÃO DA CIDADE E DE SEU POVO");
-    EXPECT_TRUE(hintOf(list->viewport(), list->visualItemRect(list->item(4)).center())
+    EXPECT_EQ(hintAt(agenda.find(u"lFeriado"_s), {5, 5}), u"FERIADO: FUNDAÇÃO DA CIDADE E DE SEU POVO");
+    EXPECT_TRUE(hintAt(list->viewport(), list->visualItemRect(list->item(4)).center())
                     .endsWith(u"\nTRAZER EXAMES ANTERIORES"_s))
         << "what is cut at the list's edge";
 

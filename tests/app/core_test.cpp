@@ -65,16 +65,11 @@ TEST_F(Configuration, TheFileIsWrittenAsOthersReadIt)
     EXPECT_EQ(read().senha, u"2") << "whatever the case of the file's name";
     ArquivosINI::Grava({u"x"_s, {}, {}, {}, {}});
     EXPECT_EQ(QDir(folder.path()).entryList(QDir::Files).size(), 1);
+    const QString fits(127, u'€');
+    ArquivosINI::Grava({fits + u'x', {}, {}, {}, {}});
+    EXPECT_EQ(read().conexao, fits);
     Files::write(ArquivosINI::Caminho(), "[CONFIG]\r\n");
     EXPECT_EQ(read().idlic, Criptografa::Decifrar(u"DefaultUser"_s)) << "an absent key gives nonsense";
-}
-
-TEST_F(Configuration, ALongValueIsCut)
-{
-    const QString fits(127, u'€');
-    ArquivosINI::Grava({fits, fits + u'x', {}, {}, {}});
-    EXPECT_EQ(read().conexao, fits);
-    EXPECT_EQ(read().senha, fits);
 }
 
 TEST(Routines, DateBoxes)

@@ -34,24 +34,18 @@ QByteArrayList seeds()
 /// behind them would ever be reached.
 void damage(QByteArray& file, QRandomGenerator& random)
 {
-    const auto place = [&] { return random.bounded(int(file.size())); };
     const int header = random.bounded(std::min(int(file.size()), 700));
-    const char markers[] = {'\xC0', '\xC2', '\xC4', '\xD8', '\xDA', '\xE0', '\xE1', '\xFF', '\x00'};
-    const int from = place();
-    const QByteArray piece(random.bounded(40), random.bounded(2) ? '\xFF' : '\x00');
-    switch (random.bounded(4)) {
-    case 0:
+    const int from = random.bounded(int(file.size()));
+    const int how = random.bounded(4);
+    if (how == 0)
         file[header] = char(random.bounded(256));
-        break;
-    case 1: // a marker where none belongs
-        file.replace(header, 2, QByteArray("\xFF") + markers[random.bounded(int(std::size(markers)))]);
-        break;
-    case 2:
+    else if (how == 1) // a marker where none belongs
+        file.replace(header, 2, QByteArray("\xFF") + "\xC0\xC2\xC4\xD8\xDA\xE0\xE1\xFF"[random.bounded(9)]);
+    else if (how == 2)
         file.truncate(from + 1);
-        break;
-    default:
-        file.replace(from, random.bounded(40), piece);
-    }
+    else
+        file.replace(from, random.bounded(40),
+                     QByteArray(random.bounded(40), random.bounded(2) ? '\xFF' : '\x00'));
     if (file.size() > 4 && random.bounded(8) != 0) {
         file.replace(0, 2, "\xFF\xD8");
         file.replace(file.size() - 2, 2, "\xFF\xD9");

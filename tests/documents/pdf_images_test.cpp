@@ -115,3 +115,32 @@ TEST_F(PDFImages, SizesPositionAndLink)
           "/Rect [0 842 56.6929133858268 813.653543307087]"})
         EXPECT_TRUE(all.contains(line)) << line;
 }
+
+/// Other programs find text, colours and pictures although they have to make the table of the objects anew.
+TEST_F(PDFImages, TwoReadersAgreeOnThePage)
+{
+    QImage photo(60, 40, QImage::Format_RGB32);
+    photo.fill(QColor(0, 160, 0));
+    ASSERT_TRUE(photo.save(path(u"foto.jpg"_s)));
+    content([this](PDFPrinter& pdf) {
+        pdf.PDFSetLineColor(0xFF0000);
+        pdf.PDFSetLineWidth(12);
+        pdf.PDFDrawLine(15, 77, 575, 77);
+        pdf.PDFTextOut(u"08:00 CONCEIÇÃO (retorno) – às 9h"_s, 20, 90);
+        pdf.PDFImage(path(u"foto.jpg"_s), 300, 300, 120, 80);
+    });
+    EXPECT_TRUE(bytes().contains("/OpenAction [3 0 R /Fit]\r\n/PageLayout /SinglePage\r\n")) << "no wishes";
+    for (const QString& text : {printed(u"pdftotext"_s, {u"-layout"_s, path(), u"-"_s}),
+                                printed(u"mutool"_s, {u"draw"_s, u"-q"_s, u"-F"_s, u"txt"_s, path()})})
+        EXPECT_TRUE(text.contains(u"08:00 CONCEIÇÃO (retorno) – às 9h"));
+    // As many pixels as points
+    printed(u"pdftoppm"_s, {u"-r"_s, u"72"_s, u"-png"_s, u"-singlefile"_s, path(), path(u"poppler"_s)});
+    printed(u"mutool"_s, {u"draw"_s, u"-q"_s, u"-o"_s, path(u"mupdf.png"_s), u"-r"_s, u"72"_s, path()});
+    for (const QString& picture : {u"poppler.png"_s, u"mupdf.png"_s}) {
+        const QImage page(path(picture));
+        EXPECT_EQ(page.pixelColor(400, 77), QColor(Qt::blue)); // red comes last in a packed colour
+        EXPECT_EQ(page.pixelColor(400, 60), QColor(Qt::white));
+        const QRgb green = page.pixel(360, 340);
+        EXPECT_TRUE(qGreen(green) > 150 && qRed(green) < 10 && qBlue(green) < 10) << green;
+    }
+}

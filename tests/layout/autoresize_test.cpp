@@ -86,9 +86,17 @@ TEST_F(Resizing, PlacesAndSizesFollowTheirOwnRatioAndFontsTheSmaller)
     EXPECT_EQ(form.inner->geometry().topLeft(), 2 * inner.topLeft()) << "its contents scale once";
     EXPECT_EQ(form.inner->width(), 2 * inner.width());
     EXPECT_EQ(form.button->geometry(), QRect(800, 600, 202, 62));
+    EXPECT_EQ(form.line->geometry(), QRect(20, 200, 1000, 3)) << "a line keeps its thickness";
+    EXPECT_EQ(form.bar->geometry(), QRect(0, 370, 600, 30)) << "left out";
+    EXPECT_EQ(form.fixed->geometry(), QRect(200, 20, 50, 50)) << "left out";
     EXPECT_DOUBLE_EQ(form.inner->font().pointSizeF(), 2 * fontSize);
+    resize(100, 50);
+    EXPECT_EQ(form.size(), QSize(320, 200)) << "the smallest";
     resize(600, 400);
     EXPECT_EQ(form.button->geometry(), QRect(400, 300, 101, 31)) << "no rounding adds up";
+    form.Resize.setKeepAspectRatio(true);
+    resize(900, 400);
+    EXPECT_EQ(form.box->geometry(), QRect(45, 30, 180, 45));
 }
 
 TEST_F(Resizing, NoTextLosesItsEdges)
@@ -116,14 +124,6 @@ TEST(Opening, AWindowLargerThanTheScreenIsScaledToIt)
     EXPECT_EQ(form.height(), 800);
 }
 
-TEST_F(Resizing, SomeAreLeftOut)
-{
-    resize(1200, 800);
-    EXPECT_EQ(form.bar->geometry(), QRect(0, 370, 600, 30));
-    EXPECT_EQ(form.fixed->geometry(), QRect(200, 20, 50, 50));
-    EXPECT_EQ(form.line->geometry(), QRect(20, 200, 1000, 3)) << "a line keeps its thickness";
-}
-
 TEST_F(Resizing, AControlOnAHiddenPageIsInPlaceWhenShown)
 {
     const QRect before = form.hidden->geometry();
@@ -132,12 +132,6 @@ TEST_F(Resizing, AControlOnAHiddenPageIsInPlaceWhenShown)
     form.tabs->setCurrentIndex(1);
     settle();
     EXPECT_EQ(form.hidden->width(), 2 * before.width());
-}
-
-TEST_F(Resizing, TheWindowHasASmallestSize)
-{
-    resize(100, 50);
-    EXPECT_EQ(form.size(), QSize(320, 200));
 }
 
 TEST_F(Resizing, MaximisedAndSwitchedOff)
@@ -154,11 +148,4 @@ TEST_F(Resizing, MaximisedAndSwitchedOff)
     form.Resize.setEnabled(false);
     resize(600, 400);
     EXPECT_EQ(form.box->x(), 60);
-}
-
-TEST_F(Resizing, TheAspectRatioIsKept)
-{
-    form.Resize.setKeepAspectRatio(true);
-    resize(900, 400);
-    EXPECT_EQ(form.box->geometry(), QRect(45, 30, 180, 45));
 }

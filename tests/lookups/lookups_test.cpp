@@ -1,6 +1,7 @@
 #include "app/core/variaveis.h"
 #include "lookups/consultasweb.h"
 #include "lookups/validadocumento.h"
+#include "platform/system/files.h"
 #include "support/errorof.h"
 #include "support/oneanswer.h"
 #include "support/print.h"
@@ -43,20 +44,17 @@ public:
 
     QString host() const
     {
-        QFile port(folder_.filePath(u"lookups.port"_s));
-        return port.open(QIODevice::ReadOnly) ? u"http://127.0.0.1:"_s + QString::fromUtf8(port.readAll())
-                                              : QString();
+        return u"http://127.0.0.1:"_s + QString::fromUtf8(Files::read(folder_.filePath(u"lookups.port"_s)));
     }
     void stop() { EXPECT_EQ(script(u"stop"_s, {}), 0); }
     /// The fields of each row; one with a break of lines in it is left out.
     QList<QStringList> rows(const QString& table, qsizetype width) const
     {
-        QFile file(folder_.filePath(u"rows/%1.tsv"_s.arg(table)));
         QList<QStringList> rows;
-        if (file.open(QIODevice::ReadOnly))
-            for (const QString& line : QString::fromUtf8(file.readAll()).split(u'\n'))
-                if (const QStringList fields = line.split(u'\t'); fields.size() == width)
-                    rows << fields;
+        const QByteArray file = Files::read(folder_.filePath(u"rows/%1.tsv"_s.arg(table)));
+        for (const QString& line : QString::fromUtf8(file).split(u'\n'))
+            if (const QStringList fields = line.split(u'\t'); fields.size() == width)
+                rows << fields;
         return rows;
     }
 

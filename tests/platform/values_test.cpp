@@ -2,7 +2,6 @@
 #include "platform/values/date.h"
 #include "platform/values/format.h"
 #include "platform/values/number.h"
-#include "platform/values/text.h"
 #include "support/errorof.h"
 #include "support/texttable.h"
 
@@ -198,15 +197,6 @@ TEST(Date, isCountedOnByTheCalendar)
     EXPECT_EQ(errorOf([] { addHours(QDateTime(), 1); }), 13);
 }
 
-TEST(Date, namesDaysAndMonths)
-{
-    EXPECT_EQ(weekdayName(weekday(QDate(2024, 3, 3))), u"domingo");
-    EXPECT_EQ(weekdayName(weekday(QDate(2024, 3, 9))), u"sábado");
-    EXPECT_EQ(monthName(12), u"dezembro");
-    EXPECT_EQ(errorOf([] { weekdayName(8); }), 9);
-    EXPECT_EQ(errorOf([] { monthName(0); }), 9);
-}
-
 TEST(CodePage, encodesTextAndMarksWhatItLacks)
 {
     QByteArray all;
@@ -223,12 +213,4 @@ TEST(CodePage, encodesTextAndMarksWhatItLacks)
         EXPECT_EQ(CodePage::encode(text), encoded) << text.toStdString();
         EXPECT_EQ(CodePage::covers(text), covered) << text.toStdString();
     }
-}
-
-TEST(Text, standsOnAFixedWidth)
-{
-    EXPECT_EQ(fixedWidth(u"São", 5), u"São  ");
-    EXPECT_EQ(fixedWidth(u"Conceição", 8), u"Conceiçã");
-    EXPECT_EQ(alignRight(u"1,50", 6), u"  1,50");
-    EXPECT_EQ(alignRight(u"1234,50", 4), u"1234");
 }

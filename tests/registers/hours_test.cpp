@@ -28,9 +28,7 @@ protected:
     }
 };
 
-class Holidays : public LoggedIn
-{
-};
+using Holidays = LoggedIn;
 
 const QString save = u"Command1"_s;
 

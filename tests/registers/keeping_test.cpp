@@ -1,9 +1,17 @@
+#include "agenda/frmcli_agenda.h"
+#include "agenda/frmcli_agendacf.h"
+#include "app/frmcadusuario.h"
 #include "app/shell_fixture.h"
 #include "registers/frmcadcli.h"
+#include "registers/frmcadferiados.h"
 #include "registers/frmcadfor.h"
+#include "registers/frmcadhorarios.h"
 #include "registers/frmcadproduto.h"
 #include "registers/frmcadprofissionais.h"
 #include "registers/telasdecadastro.h"
+
+#include <QLineEdit>
+#include <QPlainTextEdit>
 
 using namespace Qt::StringLiterals;
 
@@ -41,6 +49,26 @@ protected:
                 named, named.contains(u"(idlic"_s) ? QString() : u"'0013',"_s));
     }
 
+    /// Every box that takes text is limited as the "table.column" that it is for, where one is given.
+    static void expectLimits(const QWidget& window, const QMap<QString, QString>& columns)
+    {
+        for (const QWidget* box : window.findChildren<QWidget*>()) {
+            const auto* line = qobject_cast<const QLineEdit*>(box);
+            const bool takesText = (line && !line->isReadOnly()) || qobject_cast<const QPlainTextEdit*>(box);
+            if (!takesText || box->objectName().startsWith(u"qt_"))
+                continue;
+            if (qobject_cast<const QComboBox*>(box->parentWidget()))
+                box = box->parentWidget();
+            const QString limit = box->property("limit").toString();
+            const QString column = columns.value(box->objectName());
+            const QString type = value(
+                u"select regexp_replace(column_type, '^int.*', 'int') from information_schema.columns where "
+                "table_schema = database() and concat(table_name, '.', column_name) = '%1'"_s.arg(column));
+            EXPECT_TRUE(column.isEmpty() ? !limit.isEmpty() : limit == type)
+                << box->objectName().toStdString() << ' ' << column.toStdString();
+        }
+    }
+
     /// Everything is typed and saved, read again, changed half an hour later and saved: the row, the screen
     /// and nobody else's row say so.
     template <class Screen>
@@ -48,10 +76,12 @@ protected:
     {
         SCOPED_TRACE(Screen::staticMetaObject.className());
         QStringList boxes, columns, typed, upper, kept, changed;
+        QMap<QString, QString> limits;
         for (const QString& cell : what.boxes.split(u'|')) {
             const QStringList parts = cell.split(u'=');
             boxes << parts[0];
             columns << parts[1];
+            limits[parts[0]] = what.table + u'.' + parts[1];
             typed << parts[2];
             upper << parts.value(3, parts[2].toUpper());
             kept << parts.value(4, upper.last());
@@ -72,6 +102,7 @@ protected:
         const QString late = u"16/03/2026 09:00:00"_s;
         clock.set(QDateTime(QDate(2026, 3, 16), QTime(8, 30, 15)));
         on<Screen>([&](ScreenDriver& screen) {
+            expectLimits(screen.window(), limits);
             const QString empty = shown(screen, boxes.join(u' '));
             EXPECT_TRUE(screen.grid(u"DataGrid1"_s).isEmpty());
             for (int i = 0; i < boxes.size(); ++i)
@@ -187,4 +218,26 @@ TEST_F(Keeping, SuppliersAndProducts)
          .codeBox = u"txtCdPro"_s,
          .searches = {{Qt::Key_F10, u"Produto: "_s}},
          .searchTitle = u"Pesquisa produto já cadastrado"_s});
+}
+
+TEST_F(Keeping, WhatIsTypedElsewhereIsLimitedToo)
+{
+    expectLimits(frmCadHorarios(), {{u"txtHR"_s, u"diahr.hr"_s}});
+    expectLimits(frmCadFeriados(), {{u"txtobs"_s, u"feriados.obs"_s}});
+    expectLimits(frmcadusuario(), {{u"Combo1"_s, u"usuarios.nmusuario"_s},
+                                   {u"txtsenha"_s, u"usuarios.ususenha"_s},
+                                   {u"txtoksenha"_s, u"usuarios.ususenha"_s}});
+    expectLimits(frmCli_Agenda(), {{u"txtDt"_s, u"agenda_clinica.dia"_s},
+                                   {u"txtIdPac"_s, u"agenda_clinica.idpac"_s},
+                                   {u"txtNmPac"_s, u"agenda_clinica.nmpac"_s},
+                                   {u"txtIdConv"_s, u"agenda_clinica.idconv"_s},
+                                   {u"txtVR"_s, u"agenda_clinica.valor"_s},
+                                   {u"txtObs"_s, u"agenda_clinica.obs"_s},
+                                   {u"txtFone"_s, u"agenda_clinica.fone"_s}});
+    expectLimits(frmCli_AgendaCF(), {{u"txtIdProc"_s, u"atendimentos.idproc"_s},
+                                     {u"txtQt"_s, u"atendimentos.qtde"_s},
+                                     {u"txtVR"_s, u"atendimentos.valor"_s},
+                                     {u"txtIdConv"_s, u"atendimentos.idconv"_s},
+                                     {u"txtVrMp"_s, u"atendimento_finan.valor"_s},
+                                     {u"txtobs"_s, u"atendimento_finan.obs"_s}});
 }

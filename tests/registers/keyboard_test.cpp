@@ -14,10 +14,8 @@
 #include "registers/telasdebusca.h"
 #include "registers/telasdecadastro.h"
 
-#include <QClipboard>
 #include <QLabel>
 #include <QLineEdit>
-#include <QPlainTextEdit>
 #include <QPushButton>
 
 using namespace Qt::StringLiterals;
@@ -87,14 +85,6 @@ protected:
             expectWorkedByKeys(screen);
         };
         (on<Screens>(look), ...);
-    }
-
-    /// Of "table.column", in the words of a box's limit.
-    QString typeOf(const QString& column)
-    {
-        return value(
-            u"select regexp_replace(column_type, '^int.*', 'int') from information_schema.columns "
-            "where table_schema = database() and concat(table_name, '.', column_name) = '%1'"_s.arg(column));
     }
 };
 
@@ -193,85 +183,4 @@ TEST_F(ByKeyboard, EachScreenHasALetterForEachButtonAndASheetThatTellsThem)
         EXPECT_FALSE(booking.contains(u"Pesquisar Data Agendada") || booking.contains(u"Esc"));
         agenda.click(u"Command8"_s);
     });
-}
-
-TEST_F(ByKeyboard, NoBoxTakesMoreThanItsColumnHolds)
-{
-    execute(u"insert into especialidades (idesp,idlic,nmesp) values (3,'C1','CARDIOLOGIA')"_s);
-    enter<frmCadConvenios>({u""_s, QString(200, u'n'), u"99999999999999"_s, u""_s});
-    on<frmCadProfissionais>([](ScreenDriver& screen) {
-        fill(screen, u"txtnome=ana|txtdtnasc=01021970|txtfone=%1|txtIdEsp=3|txtVR=12345678901234,5"_s.arg(
-                         QString(60, u'1')));
-        screen.focus(u"txtmemo"_s);
-        QGuiApplication::clipboard()->setText((QString(99, u'X') + u'\n').repeated(800));
-        screen.press(Qt::Key_V, Qt::ControlModifier);
-        screen.click(u"cmdsalva"_s);
-    });
-    EXPECT_EQ(flat(u"select length(nmconv),pdesc from convenios"_s), QStringList{u"150|999.0000"_s});
-    EXPECT_EQ(flat(u"select length(fonefixo),valor,length(obs) from profissionais"_s),
-              QStringList{u"50|1234567890123.50|65535"_s});
-}
-
-TEST_F(ByKeyboard, TheLimitOfABoxIsItsColumnsType)
-{
-    struct Screen
-    {
-        std::unique_ptr<QWidget> window;
-        QString boxes; ///< "box=table.column"; of the same table where none is named
-    };
-    const Screen screens[] = {
-        {std::make_unique<frmCadConvenios>(), u"txtcodcli=convenios.idconv txtnome=nmconv txtPDesc=pdesc"_s},
-        {std::make_unique<frmcadcli>(),
-         u"txtcodcli=pacientes.idpac TXTCPF=cpf TXTRG=rg txtdtcad=dtcad txtdtnasc=dtnasc txtnome=nmPac "
-         "txtfone=fonepac txtnrcel=fonecel txtemail=eMail txtcepr=cep txtruar=rua txtNr=nrrua "
-         "txtbairror=bairro txtcidader=cidade txtufr=uf txtNmResp=nmresp txtFoneResp=foneresp "
-         "txtIdConv=idconv txtAler=dsaler txtMed=dsmed txtCir=dscir txtmemo=obs"_s},
-        {std::make_unique<frmCadProfissionais>(),
-         u"txtcodcli=profissionais.idpro TXTCPF=cpf TXTRG=rg txtdtcad=dtcad txtdtnasc=dtnasc txtnome=nmpro "
-         "txtfone=fonefixo txtnrcel=fonecel txtemail=eMail txtcepr=cep txtruar=rua txtNr=nrrua "
-         "txtbairror=bairro txtcidader=cidade txtufr=uf txtIdEsp=idesp txtNoCon=nrcon txtVR=valor "
-         "txtmemo=obs"_s},
-        {std::make_unique<frmCadFor>(),
-         u"txtcodcli=fornecedores.cdfor TXTCPF=cpf TXTRG=rg txtnome=nmfor txtcontato=nmfant txtfone=fonefixo "
-         "txtnrcel=fonecel txtemail=email txtcepr=cep txtruar=rua txtnr=nrcasa txtbairror=bairro "
-         "txtcidader=cidade txtufr=uf txtmemo=obs"_s},
-        {std::make_unique<frmCadProduto>(),
-         u"txtCdPro=produtos.cdpro txtDsPro=dspro txtUN=un txtCdGrupo=cdgrupo txtFator=vcusto txtDtUC=dtucmp "
-         "txtDtUA=qmin txtmemo=obs"_s},
-        {std::make_unique<frmCadHorarios>(), u"txtHR=diahr.hr"_s},
-        {std::make_unique<frmCadFeriados>(), u"txtobs=feriados.obs"_s},
-        {std::make_unique<frmcadusuario>(),
-         u"Combo1=usuarios.nmusuario txtsenha=ususenha txtoksenha=ususenha"_s},
-        // The time of a slot is shorter than its column.
-        {std::make_unique<frmCli_Agenda>(),
-         u"txtDt=agenda_clinica.dia txtHR= txtIdPac=idpac txtNmPac=nmpac txtIdConv=idconv "
-         "txtNmConv=convenios.nmconv txtVR=agenda_clinica.valor txtObs=obs txtFone=fone"_s},
-        {std::make_unique<frmCli_AgendaCF>(),
-         u"txtIdProc=atendimentos.idproc txtQt=qtde txtVR=valor txtIdConv=idconv "
-         "txtVrMp=atendimento_finan.valor txtobs=obs"_s}};
-    for (const auto& [window, boxes] : screens) {
-        QMap<QString, QString> columns;
-        QString table;
-        for (const QString& pair : boxes.split(u' ')) {
-            const QString column = pair.section(u'=', 1);
-            if (column.contains(u'.'))
-                table = column.section(u'.', 0, 0);
-            columns[pair.section(u'=', 0, 0)] =
-                column.isEmpty() ? QString() : table + u'.' + column.section(u'.', -1);
-        }
-        QWidgetList limited;
-        for (QWidget* box : window->findChildren<QWidget*>()) {
-            const auto* line = qobject_cast<QLineEdit*>(box);
-            const bool takesText = (line && !line->isReadOnly()) || qobject_cast<QPlainTextEdit*>(box);
-            if (takesText && !box->objectName().startsWith(u"qt_"))
-                limited << (qobject_cast<QComboBox*>(box->parentWidget()) ? box->parentWidget() : box);
-        }
-        EXPECT_FALSE(limited.isEmpty());
-        for (const QWidget* box : limited) {
-            ASSERT_TRUE(columns.contains(box->objectName())) << box->objectName().toStdString();
-            const QString column = columns[box->objectName()];
-            EXPECT_TRUE(column.isEmpty() || box->property("limit").toString() == typeOf(column))
-                << box->objectName().toStdString() << ' ' << column.toStdString();
-        }
-    }
 }

@@ -1,5 +1,6 @@
 #include "app/shell_fixture.h"
 #include "platform/data/error.h"
+#include "registers/frmcadfor.h"
 #include "registers/telasdecadastro.h"
 #include "support/caughterrors.h"
 
@@ -104,4 +105,35 @@ TEST_F(SimpleRegisters, TheRowOfTheCodeIsSavedWhereverTheGridWentMeanwhile)
               (QStringList{u"3|NOVA 3"_s, u"500|NOVA 500"_s}));
     EXPECT_EQ(flat(u"select nmproc, ondeatd from procedimentos order by idproc"_s),
               (QStringList{u"C|0"_s, u"B|1"_s}));
+}
+
+TEST_F(SimpleRegisters, Suppliers)
+{
+    execute(u"insert into fornecedores (cdfor,idlic,nmfor,nmfant) values (5,'C1','GAMA','XIS'),"
+            "(6,'C1','ALFA','YPSILON'),(7,'C2','ALFA ALHEIA','XIS')"_s);
+    dialogs.expect(noName, u"ATENÇÃO"_s);
+    dialogs.expect(notFound, u"ATENÇÃO"_s);
+    dialogs.expectInput(u"Apelido: "_s, u"I"_s);
+    on<frmCadFor>([](ScreenDriver& screen) {
+        fill(screen, u"txtnome=  |txtruar=rua b"_s, save);
+        for (int i = 0; i < 2; ++i)
+            fill(screen, u"txtnome=beta"_s, save); // a name may repeat
+        for (const QString& document : {u"529.982.247-25"_s, u" "_s}) {
+            enter(screen, u"TXTCPF"_s, document);
+            EXPECT_EQ(screen.text(u"TXTCPF"_s), document.trimmed()) << "not even blanks stay";
+        }
+        code(screen, u"6"_s);
+        EXPECT_EQ(screen.text(u"txtnome"_s), u"ALFA");
+        for (const QString& none : {u"7"_s, u"6a"_s}) { // another tenant's; no number, without a word
+            screen.type(u"txtnome"_s, u"novo"_s);
+            code(screen, none);
+            EXPECT_EQ(shown(screen, u"txtcodcli txtnome"_s), u"|");
+        }
+        screen.click(u"Command2"_s);
+        EXPECT_EQ(column(screen, u"DataGrid1"_s, 1), u"GAMA ALFA") << "by trade name";
+    });
+    EXPECT_EQ(value(u"select group_concat(rua order by cdfor separator '|') from fornecedores "
+                    "where nmfor = 'BETA' and cpf = ''"_s),
+              u"RUA B|")
+        << "the refusal lost nothing, the save emptied the screen";
 }

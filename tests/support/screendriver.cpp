@@ -6,12 +6,14 @@
 #include <QAbstractItemView>
 #include <QApplication>
 #include <QComboBox>
+#include <QHelpEvent>
 #include <QKeyEvent>
 #include <QLabel>
 #include <QLineEdit>
 #include <QPlainTextEdit>
 #include <QTableView>
 #include <QTest>
+#include <QToolTip>
 
 using namespace Qt::StringLiterals;
 
@@ -22,6 +24,14 @@ void settle()
         QCoreApplication::processEvents();
     }
     QCoreApplication::sendPostedEvents(nullptr, QEvent::DeferredDelete);
+}
+
+QString hintAt(QWidget* control, QPoint place)
+{
+    QToolTip::hideText();
+    QHelpEvent asked(QEvent::ToolTip, place, control->mapToGlobal(place));
+    QApplication::sendEvent(control, &asked);
+    return QToolTip::text();
 }
 
 bool ScreenDriver::isOpen() const

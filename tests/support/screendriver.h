@@ -51,5 +51,8 @@ private:
     QPointer<QWidget> window_;
 };
 
+/// What the hint says that stands at the place of the control when the mouse rests there.
+QString hintAt(QWidget* control, QPoint place);
+
 /// Lets queued events run until nothing is left to do for the moment.
 void settle();
