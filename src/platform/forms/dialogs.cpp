@@ -6,6 +6,7 @@
 #include <QApplication>
 #include <QDialogButtonBox>
 #include <QFileDialog>
+#include <QGridLayout>
 #include <QHBoxLayout>
 #include <QHash>
 #include <QIcon>
@@ -78,6 +79,22 @@ void fitText(QMessageBox& window, QString text)
     label->setFixedWidth(qMin(width, widest));
     label->setContentsMargins(0, 4, metrics.averageCharWidth() * 2, 4);
     label->setTextInteractionFlags(Qt::TextSelectableByMouse);
+}
+
+/// The margins and gaps of all windows. The library parts the text from the edge where no picture stands.
+void fitGaps(QMessageBox& window)
+{
+    window.layout()->setContentsMargins(16, 16, 16, 16);
+    window.findChild<QDialogButtonBox*>()->layout()->setSpacing(8);
+    if (!window.iconPixmap().isNull())
+        return;
+    window.findChild<QLabel*>(u"qt_msgbox_label"_s)->setIndent(0);
+    auto* grid = static_cast<QGridLayout*>(window.layout());
+    grid->setHorizontalSpacing(0);
+    for (int at = 0; at < grid->count(); ++at)
+        if (QSpacerItem* gap = grid->itemAt(at)->spacerItem())
+            gap->changeSize(0, 0);
+    grid->invalidate();
 }
 
 /// A prompt above a line for the answer.
@@ -153,6 +170,7 @@ Answer WindowDialogs::message(const MessageBox& box)
     fitText(window, box.text);
     if (box.buttons == Buttons::Ok) {
         window.addButton(u"&OK"_s, QMessageBox::AcceptRole);
+        fitGaps(window);
         window.exec();
         return Answer::Ok;
     }
@@ -160,6 +178,7 @@ Answer WindowDialogs::message(const MessageBox& box)
     QPushButton* no = window.addButton(u"&Não"_s, QMessageBox::NoRole);
     window.setDefaultButton(box.standard == Answer::Yes ? yes : no);
     window.setEscapeButton(no);
+    fitGaps(window);
     window.exec();
     return window.clickedButton() == yes ? Answer::Yes : Answer::No;
 }

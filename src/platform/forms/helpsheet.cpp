@@ -25,8 +25,11 @@ QWidget* pageOf(const QList<HelpSection>& sections)
         if (row > 0)
             grid->setRowMinimumHeight(row++, 12);
         grid->addWidget(Help::label(section.title, u"heading"_s), row++, 0, 1, 2);
+        QString above;
         for (const HelpLine& line : section.lines) {
-            grid->addWidget(Help::label(line.keys, u"strong"_s), row, 0, Qt::AlignTop);
+            if (line.keys != above) // a key that does several things is named once
+                grid->addWidget(Help::label(line.keys, u"strong"_s), row, 0, Qt::AlignTop);
+            above = line.keys;
             auto* what = Help::label(line.what, u"value"_s);
             what->setWordWrap(true);
             grid->addWidget(what, row++, 1);

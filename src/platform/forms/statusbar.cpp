@@ -13,7 +13,7 @@ StatusBar::StatusBar(QWidget* parent) : QFrame(parent)
 {
     auto* row = new QHBoxLayout(this);
     row->setContentsMargins(8, 4, 8, 4);
-    row->setSpacing(8);
+    row->setSpacing(0); // the panels have paddings
 }
 
 void StatusBar::addPanel(Panel kind, int stretch)
