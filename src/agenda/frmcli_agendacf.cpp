@@ -290,8 +290,10 @@ void frmCli_AgendaCF::Command1_Click()
 {
     if (!MsgYesNo(u"Confirma?"_s, u"Atenção"_s))
         return;
-    if (Falta > 0)
+    if (Falta > 0) {
+        pointAt({ui->cboMP});
         return avisa(u"--- ERRO --- VALOR TOTAL RECEBIDO INFERIOR AO TOTAL A PAGAR!"_s);
+    }
     for (QWidget* controle : std::initializer_list<QWidget*>{ui->Command1, ui->List1, ui->List2, ui->Command2,
                                                              ui->txtIdProc, ui->txtIdConv})
         controle->setEnabled(false);

@@ -33,6 +33,9 @@ static int loadResources()
 /// The window's place, size and state in the user's settings.
 static const QString chaveTamanho = u"frmPrincipal"_s;
 
+/// While nothing else is told: a stranger knows of the sheet from nowhere else.
+static const QString ajuda = u"Shift+F1 mostra as teclas de cada tela."_s;
+
 /// Behind the description of an entry that the user has no right to.
 static const QString semAcesso = u" Seu usuário não tem acesso."_s;
 
@@ -45,6 +48,7 @@ frmPrincipal::frmPrincipal() : ui(std::make_unique<Ui::frmPrincipal>())
     ui->sRodape->addPanel(StatusBar::Panel::Date);
     ui->sRodape->addPanel(StatusBar::Panel::Text, 1);
     ui->sRodape->setPanel(1, Instalacao::site());
+    ui->lDica->setText(ajuda);
     buildMenu();
     wire();
 }
@@ -82,6 +86,8 @@ void frmPrincipal::buildMenu()
             connect(action, &QAction::triggered, this, [name = entry.name] { Menu::principal().run(name); });
         }
         action->setObjectName(entry.name);
+        if (entry.name == QLatin1String("mnuoff"))
+            action->setProperty("glyph", u"leave"_s);
         mostraPermissao(*action, entry);
         actions_.insert(entry.name, action);
     }
@@ -96,7 +102,8 @@ void frmPrincipal::mostraPermissao(QAction& action, const Menu::Entry& entry)
 bool frmPrincipal::event(QEvent* event)
 {
     if (event->type() == QEvent::StatusTip) {
-        ui->lDica->setText(static_cast<QStatusTipEvent*>(event)->tip());
+        const QString tip = static_cast<QStatusTipEvent*>(event)->tip();
+        ui->lDica->setText(tip.isEmpty() ? ajuda : tip);
         return true;
     }
     if (event->type() == QEvent::WindowStateChange && !isMaximized())
@@ -116,7 +123,7 @@ bool frmPrincipal::eventFilter(QObject* menu, QEvent* event)
     if (entry && !entry->isEnabled())
         ui->lDica->setText(entry->statusTip());
     else if (ui->lDica->text().endsWith(semAcesso))
-        ui->lDica->clear();
+        ui->lDica->setText(ajuda);
     return false;
 }
 

@@ -49,30 +49,34 @@ QString marked(QString caption, QChar letter)
     return place < 0 ? caption : caption.insert(place, u'&');
 }
 
-/// The letters of a caption, the best ones first: initials of great words, of others, any.
-QString candidates(const QString& caption, bool initialsOnly)
-{
-    QString letters;
-    const QList<qsizetype> starts = words(caption);
-    for (const qsizetype start : starts)
-        if (!caption[start].isLower())
-            letters += caption[start];
-    if (!initialsOnly && !starts.isEmpty()) {
-        for (const qsizetype start : starts)
-            letters += caption[start];
-        letters += caption.mid(starts.first());
-    }
-    letters.removeIf([](QChar c) { return !isLetter(c); });
-    return letters.toUpper();
-}
-
-/// Who comes first has the choice: the same letter saves in every screen, and none of its neighbours leaves.
+/// Who comes first has the choice: the same letter saves in every screen.
 enum class Rank
 {
     Main,
     Plain,
-    Leaving ///< or destroying
+    Leaving ///< or destroying: never by an initial that means something else on the next screen
 };
+
+/// The letters of a caption, the best ones first: initials of great words, of others, any.
+QString candidates(const QString& caption, Rank rank, bool initialsOnly)
+{
+    const QList<qsizetype> starts = words(caption);
+    QString great;
+    QString initials;
+    for (const qsizetype start : starts) {
+        initials += caption[start].toUpper();
+        if (!caption[start].isLower())
+            great += caption[start];
+    }
+    QString all = starts.isEmpty() ? QString() : caption.mid(starts.first()).toUpper();
+    QString letters;
+    if (rank != Rank::Leaving)
+        letters = initialsOnly ? great : great + initials + all;
+    else if (!initialsOnly)
+        letters = all.removeIf([&initials](QChar c) { return initials.contains(c); }) + initials;
+    letters.removeIf([](QChar c) { return !isLetter(c); });
+    return letters;
+}
 
 struct Captioned
 {
@@ -81,12 +85,12 @@ struct Captioned
     Rank rank = Rank::Plain;
 };
 
-Rank rankOf(const QPushButton& button)
+Rank rankOf(const QObject& buttonOrAction)
 {
-    const QString role = button.property("role").toString();
+    const QString role = buttonOrAction.property("role").toString();
     if (role == QLatin1String("primary"))
         return Rank::Main;
-    const bool leaves = button.property("glyph").toString() == QLatin1String("leave");
+    const bool leaves = buttonOrAction.property("glyph").toString() == QLatin1String("leave");
     return leaves || role == QLatin1String("danger") ? Rank::Leaving : Rank::Plain;
 }
 
@@ -111,7 +115,7 @@ void share(QList<Captioned> all)
         for (const Captioned& one : all) {
             if (!Mnemonics::letterOf(one.object).isNull())
                 continue;
-            for (const QChar letter : candidates(one.caption, initialsOnly))
+            for (const QChar letter : candidates(one.caption, one.rank, initialsOnly))
                 if (!taken.contains(letter)) {
                     taken += letter;
                     one.object->setProperty(property, letter);
@@ -124,7 +128,7 @@ QList<Captioned> entriesOf(const QWidget& menu)
 {
     QList<Captioned> entries;
     for (QAction* action : menu.actions())
-        entries << Captioned{action, action->text()};
+        entries << Captioned{action, action->text(), rankOf(*action)};
     return entries;
 }
 

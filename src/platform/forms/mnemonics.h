@@ -13,7 +13,9 @@ class QAbstractButton;
 namespace Mnemonics {
 
 /// Gives the letters. Buttons of parts that are hidden get theirs too, so that a letter stays the same; those
-/// on a panel, a frame with the property "role" set so, may have letters of the screen below it.
+/// on a panel, a frame with the property "role" set so, may have letters of the screen below it. The main
+/// button (role "primary") chooses first; what leaves (glyph "leave") or destroys (role "danger") has no
+/// initial.
 void assign(const QWidget& screen);
 
 /// A capital letter or a digit; null where there is none.
