@@ -4,6 +4,7 @@
 #include "platform/values/error.h"
 
 #include <QHelpEvent>
+#include <QKeyEvent>
 #include <QPainter>
 #include <QScrollBar>
 #include <QStyledItemDelegate>
@@ -237,6 +238,16 @@ void ListBox::setMinimumLines(int lines, qsizetype characters)
 QSize ListBox::sizeHint() const
 {
     return minimumSize().isNull() ? QListWidget::sizeHint() : minimumSize();
+}
+
+void ListBox::keyPressEvent(QKeyEvent* event)
+{
+    const bool isArrow = event->key() == Qt::Key_Down || event->key() == Qt::Key_Up;
+    if (isArrow && selectionMode() == SingleSelection && currentIndex().isValid() &&
+        selectedItems().isEmpty())
+        setCurrentIndex(currentIndex());
+    else
+        QListWidget::keyPressEvent(event);
 }
 
 bool ListBox::viewportEvent(QEvent* event)

@@ -78,6 +78,8 @@ public:
 
 protected:
     bool viewportEvent(QEvent* event) override;
+    /// The focus makes the first line the current one without choosing it: the first arrow chooses it.
+    void keyPressEvent(QKeyEvent* event) override;
 
 private:
     QListWidgetItem* at(int index) const;
