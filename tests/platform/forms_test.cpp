@@ -459,11 +459,16 @@ TEST_F(Forms, AComboBoxsListShowsItsRowsWhole)
     combo->addItems({u"1"_s, u"2 - a text that is far longer than the box is wide"_s});
     combo->resize(60, 40);
     narrow.Show();
-    combo->showPopup();
-    const QRect row = combo->view()->visualRect(combo->model()->index(1, 0));
-    EXPECT_EQ(row.height(), combo->height());
-    EXPECT_GT(combo->view()->viewport()->width(), combo->fontMetrics().horizontalAdvance(combo->itemText(1)));
-    combo->hidePopup();
+    for (const int height : {40, 64, 30}) {
+        combo->resize(60, height);
+        combo->showPopup();
+        const QAbstractItemView& list = *combo->view();
+        EXPECT_EQ(list.visualRect(combo->model()->index(1, 0)),
+                  QRect(0, height, list.viewport()->width(), height));
+        EXPECT_EQ(list.viewport()->height(), 2 * height);
+        EXPECT_GT(list.viewport()->width(), combo->fontMetrics().horizontalAdvance(combo->itemText(1)));
+        combo->hidePopup();
+    }
 }
 
 TEST_F(Forms, ADoubleClickOnALineOfASortedListOpensItAndNothingElseDoes)
