@@ -62,6 +62,7 @@ protected:
     {
         const QStringList told = sheet(screen);
         EXPECT_FALSE(told.isEmpty() || told.contains(QString()));
+        EXPECT_EQ(told.count(u"Enter"_s), 1) << "a key has one row";
         QSet<QChar> letters;
         for (const QPushButton* button : screen.window().findChildren<QPushButton*>()) {
             const QChar letter = Mnemonics::letterOf(button);
