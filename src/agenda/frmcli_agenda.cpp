@@ -273,8 +273,10 @@ void frmCli_Agenda::colocaPainel()
 
 void frmCli_Agenda::MontaAgenda()
 {
+    // The focus alone makes a line the current one, and chooses none.
+    const int linha = ui->List1->ListIndex();
     const QString hora =
-        ui->List1->ListIndex() < 0 ? QString() : ui->List1->List(ui->List1->ListIndex()).left(5);
+        linha < 0 || !ui->List1->Selected(linha) ? QString() : ui->List1->List(linha).left(5);
     Adodc1.Recordset().Close();
     Repaint();
     ui->List1->Clear();

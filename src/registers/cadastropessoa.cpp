@@ -68,7 +68,7 @@ void CadastroPessoa::wire()
     onLostFocus(pessoa.codigoLigado, &CadastroPessoa::codigoLigado_LostFocus);
     onKeyPress(pessoa.txtdtnasc, [this](int& tecla) { Rotirnas::MascaraData(tecla, *pessoa.txtdtnasc); });
     explain(u"Datas"_s, u"só os algarismos: as barras entram sozinhas"_s);
-    onDblClick(pessoa.DataGrid1, &CadastroPessoa::DataGrid1_DblClick, u"traz a linha para os campos"_s);
+    onDblClick(pessoa.DataGrid1, &CadastroPessoa::DataGrid1_DblClick, levaOCodigo);
     onClick(pessoa.cmdsalva, &CadastroPessoa::cmdsalva_Click);
     onClick(pessoa.cmdretorna, &CadastroPessoa::cmdretorna_Click);
     onClick(pessoa.Command3, &CadastroPessoa::Command3_Click);

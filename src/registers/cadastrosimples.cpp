@@ -32,7 +32,7 @@ void CadastroSimples::wire()
 {
     selectOnFocus(ui->txtcodcli);
     onLostFocus(ui->txtcodcli, &CadastroSimples::txtcodcli_LostFocus);
-    onDblClick(ui->DataGrid1, &CadastroSimples::DataGrid1_DblClick, u"traz a linha para os campos"_s);
+    onDblClick(ui->DataGrid1, &CadastroSimples::DataGrid1_DblClick, levaOCodigo);
     onClick(ui->cmdsalva, &CadastroSimples::cmdsalva_Click);
     onClick(ui->cmdretorna, &CadastroSimples::cmdretorna_Click);
     onClick(ui->Command1, &CadastroSimples::Command1_Click);

@@ -32,7 +32,7 @@ void frmCadFor::wire()
 {
     onLostFocus(ui->txtcodcli, &frmCadFor::txtcodcli_LostFocus);
     onLostFocus(ui->TXTCPF, &frmCadFor::TXTCPF_LostFocus);
-    onDblClick(ui->DataGrid1, &frmCadFor::DataGrid1_DblClick, u"traz a linha para os campos"_s);
+    onDblClick(ui->DataGrid1, &frmCadFor::DataGrid1_DblClick, levaOCodigo);
     onClick(ui->cmdsalva, &frmCadFor::cmdsalva_Click);
     onClick(ui->cmdretorna, &frmCadFor::cmdretorna_Click);
     onClick(ui->Command3, &frmCadFor::Command3_Click);

@@ -47,7 +47,7 @@ void frmCadProduto::wire()
     onLostFocus(ui->txtCdPro, &frmCadProduto::txtCdPro_LostFocus);
     onLostFocus(ui->txtFator, &frmCadProduto::txtFator_LostFocus);
     onChange(ui->txtCdGrupo, &frmCadProduto::txtCdGrupo_Change);
-    onDblClick(ui->DataGrid1, &frmCadProduto::DataGrid1_DblClick, u"traz a linha para os campos"_s);
+    onDblClick(ui->DataGrid1, &frmCadProduto::DataGrid1_DblClick, levaOCodigo);
     onClick(ui->cmdsalva, &frmCadProduto::cmdsalva_Click);
     onClick(ui->cmdretorna, &frmCadProduto::cmdretorna_Click);
     onClick(ui->Command2, &frmCadProduto::Command2_Click);

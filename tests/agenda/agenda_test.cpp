@@ -64,6 +64,9 @@ TEST_F(AgendaTest, TheDayOfAProfessional)
         agenda.choose(u"cboPro"_s, u"DAVI"_s);
         EXPECT_EQ(calendar->Value(), QDate(2026, 3, 16)) << "another professional comes back to today";
         EXPECT_EQ(agenda.list(u"List1"_s), QStringList{u"BLOQUEADA"_s});
+        agenda.focus(u"List1"_s);
+        agenda.click(u"lHoje"_s);
+        EXPECT_FALSE(static_cast<ListBox*>(agenda.find(u"List1"_s))->Selected(0)) << "nobody chose it";
         agenda.focus(u"Calendar1"_s);
         agenda.press(Qt::Key_Down);
         agenda.click(u"lHoje"_s);

@@ -249,11 +249,15 @@ TEST_F(Forms, AComboBoxsListShowsItsRowsWholeAndTheFirstDownTakesTheFirst)
     EXPECT_EQ(combo.currentIndex(), 0);
     combo.setCurrentIndex(-1);
     for (const int chosen : {0, 1}) {
+        const int height = chosen == 0 ? 64 : 30; // drawn larger and smaller than it was opened before
+        combo.resize(60, height);
         combo.showPopup();
         settle();
-        EXPECT_EQ(combo.view()->visualRect(combo.model()->index(1, 0)).height(), combo.height());
-        EXPECT_GT(combo.view()->viewport()->width(),
-                  combo.fontMetrics().horizontalAdvance(combo.itemText(1)));
+        const QWidget& list = *combo.view()->viewport();
+        EXPECT_EQ(combo.view()->visualRect(combo.model()->index(1, 0)),
+                  QRect(0, height, list.width(), height));
+        EXPECT_EQ(list.height(), 2 * height);
+        EXPECT_GT(list.width(), combo.fontMetrics().horizontalAdvance(combo.itemText(1)));
         QTest::keyClick(combo.view(), Qt::Key_Down);
         QTest::keyClick(combo.view(), Qt::Key_Return);
         settle();

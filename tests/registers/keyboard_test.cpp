@@ -60,6 +60,7 @@ protected:
     {
         const QStringList told = sheet(screen);
         EXPECT_FALSE(told.isEmpty() || told.contains(QString()));
+        EXPECT_EQ(told.count(u"Enter"_s), 1) << "a key has one row";
         QSet<std::pair<bool, QChar>> letters; // what floats above a screen has its own
         for (const QPushButton* button : screen.window().findChildren<QPushButton*>()) {
             const QChar letter = Mnemonics::letterOf(button);

@@ -39,12 +39,7 @@ AboutBox::AboutBox()
     column->setSpacing(12);
     column->addWidget(Help::label(program, u"title"_s));
 
-    auto* card = new QFrame;
-    card->setProperty("role", u"card"_s);
-    auto* grid = new QGridLayout(card);
-    grid->setContentsMargins(16, 16, 16, 16);
-    grid->setHorizontalSpacing(16);
-    grid->setVerticalSpacing(4);
+    const auto [card, grid] = Help::card();
     int row = 0;
     for (const Work& work : works) {
         QString name = QString::fromUtf8(work.name);

@@ -7,6 +7,7 @@
 
 DropDownRows::DropDownRows(QComboBox* combo) : QStyledItemDelegate(combo), combo_(combo)
 {
+    combo->installEventFilter(this);
     combo->view()->window()->installEventFilter(this);
 }
 
@@ -16,10 +17,15 @@ QSize DropDownRows::sizeHint(const QStyleOptionViewItem& option, const QModelInd
     return {letters.width(), qMax(letters.height(), combo_->height())};
 }
 
-bool DropDownRows::eventFilter(QObject*, QEvent* event)
+/// The view keeps the places that its rows had at its last layout.
+bool DropDownRows::eventFilter(QObject* watched, QEvent* event)
 {
-    if (event->type() == QEvent::Show)
+    if (watched == combo_) {
+        if (event->type() == QEvent::Resize)
+            combo_->view()->doItemsLayout();
+    } else if (event->type() == QEvent::Show) {
         widen();
+    }
     return false;
 }
 

@@ -97,17 +97,17 @@ QList<HelpLine> Form::helpOfLetters() const
 QList<HelpLine> Form::helpOfLists() const
 {
     QList<HelpLine> lines;
-    const auto add = [&lines](const QString& what) {
-        if (std::none_of(lines.begin(), lines.end(), [&](const HelpLine& line) { return line.what == what; }))
-            lines << HelpLine{u"Espaço"_s, what};
+    const auto add = [&lines](const QAbstractItemView& list, const QString& what) {
+        const QString name = list.accessibleName();
+        const QString where = u"numa linha da lista"_s + (name.isEmpty() ? name : u" \"%1\""_s.arg(name));
+        lines << HelpLine{u"Espaço"_s, where + u": "_s + what};
     };
     for (QAbstractItemView* list : findChildren<QAbstractItemView*>()) {
         const LineHandler line = lines_.value(list);
         if (list->selectionMode() == QAbstractItemView::MultiSelection)
-            add(u"numa linha da lista: marca ou desmarca"_s);
+            add(*list, u"marca ou desmarca"_s);
         else if (line.run && !keyPress_.contains(list))
-            add(u"numa linha da lista: "_s +
-                (line.what.isEmpty() ? Help::blankKey(line.type).section(u": "_s, 1) : line.what));
+            add(*list, line.what.isEmpty() ? Help::blankKey(line.type).section(u": "_s, 1) : line.what);
     }
     return lines;
 }
@@ -116,8 +116,14 @@ QList<HelpLine> Form::helpOfRules() const
 {
     QList<HelpLine> lines;
     const auto add = [&lines](bool holds, const QString& keys, const QString& what) {
-        if (holds)
+        if (!holds)
+            return;
+        const auto same = std::find_if(lines.begin(), lines.end(),
+                                       [&keys](const HelpLine& line) { return line.keys == keys; });
+        if (same == lines.end())
             lines << HelpLine{keys, what};
+        else
+            same->what += u'\n' + what;
     };
     const auto buttons = findChildren<QPushButton*>();
     const auto combos = findChildren<QComboBox*>();
@@ -131,8 +137,8 @@ QList<HelpLine> Form::helpOfRules() const
     add(hasButtons, u"Enter"_s, u"num botão: aperta o botão"_s);
     add(!findChildren<QPlainTextEdit*>().isEmpty(), u"Enter"_s,
         u"num campo de várias linhas: começa outra linha"_s);
-    lines += explained_;
-    lines += helpOfLists();
+    for (const HelpLine& line : explained_ + helpOfLists())
+        add(true, line.keys, line.what);
     add(std::any_of(combos.begin(), combos.end(),
                     [](const QComboBox* combo) { return !combo->isEditable(); }),
         u"Setas"_s, u"numa caixa de escolha: escolhem; Espaço abre a caixa"_s);

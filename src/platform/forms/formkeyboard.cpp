@@ -66,7 +66,7 @@ void insertText(QWidget* control, const QString& text)
     }
 }
 
-/// The entry of a box's own menu. That of a line has no name, and all have texts in the system's language.
+/// The entry of a box's own menu. That of a line has no name, and the texts are in the user's language.
 bool isPaste(const QAction& action)
 {
     return action.objectName() == QLatin1String("edit-paste") ||

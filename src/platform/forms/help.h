@@ -4,6 +4,8 @@
 #include <QList>
 #include <QString>
 
+class QFrame;
+class QGridLayout;
 class QLabel;
 
 /// A line of a screen's help sheet.
@@ -23,6 +25,14 @@ namespace Help {
 
 /// What the blank key does in a list whose lines this event of the mouse takes.
 QString blankKey(QEvent::Type mouse);
+
+/// A card with a grid for the rows of a sheet.
+struct Card
+{
+    QFrame* frame;
+    QGridLayout* grid;
+};
+Card card();
 
 /// A plain text of a sheet, in the letters and colour that the theme has for the role.
 QLabel* label(const QString& text, const QString& role);

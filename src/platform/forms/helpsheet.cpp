@@ -13,12 +13,7 @@ namespace {
 
 QWidget* pageOf(const QList<HelpSection>& sections)
 {
-    auto* page = new QFrame;
-    page->setProperty("role", u"card"_s);
-    auto* grid = new QGridLayout(page);
-    grid->setContentsMargins(16, 16, 16, 16);
-    grid->setHorizontalSpacing(16);
-    grid->setVerticalSpacing(4);
+    const auto [page, grid] = Help::card();
     grid->setColumnStretch(1, 1);
     int row = 0;
     for (const HelpSection& section : sections) {
@@ -40,6 +35,17 @@ QWidget* pageOf(const QList<HelpSection>& sections)
 }
 
 } // namespace
+
+Help::Card Help::card()
+{
+    auto* frame = new QFrame;
+    frame->setProperty("role", u"card"_s);
+    auto* grid = new QGridLayout(frame);
+    grid->setContentsMargins(16, 16, 16, 16);
+    grid->setHorizontalSpacing(16);
+    grid->setVerticalSpacing(4);
+    return {frame, grid};
+}
 
 QLabel* Help::label(const QString& text, const QString& role)
 {
