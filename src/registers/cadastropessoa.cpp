@@ -67,6 +67,10 @@ void CadastroPessoa::wire()
     onChange(pessoa.codigoLigado, &CadastroPessoa::codigoLigado_Change);
     onLostFocus(pessoa.codigoLigado, &CadastroPessoa::codigoLigado_LostFocus);
     onKeyPress(pessoa.txtdtnasc, [this](int& tecla) { Rotirnas::MascaraData(tecla, *pessoa.txtdtnasc); });
+    onKeyPress(pessoa.txtdtcad, [this](int& tecla) {
+        if (!pessoa.txtdtcad->isReadOnly())
+            Rotirnas::MascaraData(tecla, *pessoa.txtdtcad);
+    });
     explain(u"Datas"_s, u"só os algarismos: as barras entram sozinhas"_s);
     onDblClick(pessoa.DataGrid1, &CadastroPessoa::DataGrid1_DblClick, levaOCodigo);
     onClick(pessoa.cmdsalva, &CadastroPessoa::cmdsalva_Click);
@@ -81,7 +85,7 @@ void CadastroPessoa::Form_Load()
     Adodc1.setConnectionString(StringConexao);
     Adodc1.setRecordSource(consulta());
     Adodc1.Refresh();
-    pessoa.txtdtcad->setText(hoje());
+    mostraCadastro(hoje());
 }
 
 void CadastroPessoa::Form_Unload()
@@ -116,9 +120,19 @@ void CadastroPessoa::Limpa()
     pessoa.nomeLigado->clear();
     pessoa.txtCdMun->clear();
     pessoa.txtmemo->clear();
-    pessoa.txtdtcad->setText(hoje());
+    mostraCadastro(hoje());
     pessoa.cmdsalva->setEnabled(true);
     pessoa.DataGrid1->rest();
+}
+
+/// The date is never saved, and so the box only shows it; but that of a row without one has to be typed, or
+/// the save would refuse the row for ever.
+void CadastroPessoa::mostraCadastro(const QString& dia)
+{
+    pessoa.txtdtcad->setText(dia);
+    const bool soMostra = isDate(dia);
+    pessoa.txtdtcad->setReadOnly(soMostra);
+    pessoa.txtdtcad->setFocusPolicy(soMostra ? Qt::ClickFocus : Qt::StrongFocus);
 }
 
 void CadastroPessoa::cmdretorna_Click()
@@ -199,7 +213,7 @@ void CadastroPessoa::mostra()
         par.caixa->setText(linha.Fields(par.coluna).text());
     if (linha.Fields("dtnasc").isNull())
         pessoa.txtdtnasc->setText(u"Não Informado"_s);
-    pessoa.txtdtcad->setText(linha.Fields("dtcad").text());
+    mostraCadastro(linha.Fields("dtcad").text());
     pessoa.txtmemo->setPlainText(linha.Fields("obs").text());
     pessoa.codigoLigado->setText(linha.Fields(descricao_.ligacao.codigo).text());
     mostraCampos(linha);

@@ -121,6 +121,7 @@ private:
     void pesquisaLigado();
 
     void Limpa();
+    void mostraCadastro(const QString& dia);
     void mostra();
     void preencheEmpresa();
     bool desisteSemNascimento();

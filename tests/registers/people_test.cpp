@@ -137,6 +137,16 @@ TEST_F(People, AnUnknownDateOfBirthStaysUnknown)
     EXPECT_EQ(
         value(u"select concat_ws('|',dtcad,ifnull(dtnasc,'NULL'),evup) from pacientes where idpac = 2"_s),
         u"2020-02-03|NULL|"_s + boundStamp);
+
+    execute(u"update pacientes set dtcad = null where idpac = 3"_s);
+    on<frmcadcli>([](ScreenDriver& screen) {
+        load(screen, u"3"_s);
+        screen.type(u"txtdtcad"_s, u"03022020"_s); // a row without it could never be saved otherwise
+        screen.type(u"txtnome"_s, u"rui paz"_s);
+        screen.click(u"cmdsalva"_s);
+    });
+    EXPECT_EQ(value(u"select concat_ws('|',nmpac,ifnull(dtcad,'NULL')) from pacientes where idpac = 3"_s),
+              u"RUI PAZ|NULL"_s);
 }
 
 TEST_F(People, CodesThatAreNoPatients)
